@@ -1,0 +1,154 @@
+#include "forms/grid.h"
+
+#include "text/runtime_error.h"
+
+namespace tv::forms {
+
+using text::kSubscript;
+using text::raise;
+
+Grid::Grid(Form& f, std::string name, int rows, int cols, Control* container)
+    : Control(f, std::move(name), ControlKind::Grid, container), rows_(0), cols_(0) {
+    set_cols(cols);
+    set_rows(rows);
+    if (rows_ <= 1) row_ = rows_ - 1 < 0 ? 0 : rows_ - 1;
+}
+
+std::size_t Grid::at(int row, int col) const {
+    if (row < 0 || row >= rows_ || col < 0 || col >= cols_) raise(kSubscript);
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
+}
+
+void Grid::set_rows(int n) {
+    if (n < 0) raise(kSubscript);
+    if (n == rows_) return;
+    cells_.resize(static_cast<std::size_t>(n) * static_cast<std::size_t>(cols_));
+    if (n < rows_) {
+        for (auto it = selected_.lower_bound(n); it != selected_.end();) it = selected_.erase(it);
+        for (auto it = back_color_.begin(); it != back_color_.end();)
+            it = it->first.first >= n ? back_color_.erase(it) : std::next(it);
+    }
+    row_hidden_.resize(static_cast<std::size_t>(n), 0);
+    rows_ = n;
+    if (row_ >= rows_) row_ = rows_ > 0 ? rows_ - 1 : 0;
+    touch_layout();
+}
+
+void Grid::set_cols(int n) {
+    if (n < 0) raise(kSubscript);
+    if (n == cols_) return;
+    std::vector<std::string> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(n));
+    for (int r = 0; r < rows_; ++r)
+        for (int c = 0; c < std::min(n, cols_); ++c)
+            cells[static_cast<std::size_t>(r) * n + c] = std::move(cells_[static_cast<std::size_t>(r) * cols_ + c]);
+    cells_ = std::move(cells);
+    col_width_.resize(static_cast<std::size_t>(n), -1);
+    col_align_.resize(static_cast<std::size_t>(n), 0);
+    col_hidden_.resize(static_cast<std::size_t>(n), 0);
+    cols_ = n;
+    if (col_ >= cols_) col_ = cols_ > 0 ? cols_ - 1 : 0;
+    touch_layout();
+}
+
+const std::string& Grid::text(int row, int col) const { return cells_[at(row, col)]; }
+
+void Grid::set_text(int row, int col, std::string text) {
+    std::size_t i = at(row, col);
+    if (cells_[i] == text) return;
+    cells_[i] = std::move(text);
+    notify_if_redraw();
+}
+
+void Grid::clear() {
+    for (auto& c : cells_) c.clear();
+    notify_if_redraw();
+}
+
+int Grid::col_width(int col) const {
+    if (col < 0 || col >= cols_) raise(kSubscript);
+    return col_width_[static_cast<std::size_t>(col)];
+}
+
+void Grid::set_col_width(int col, int twips) {
+    if (col < 0 || col >= cols_) raise(kSubscript);
+    col_width_[static_cast<std::size_t>(col)] = twips;
+    touch_layout();
+}
+
+int Grid::col_alignment(int col) const {
+    if (col < 0 || col >= cols_) raise(kSubscript);
+    return col_align_[static_cast<std::size_t>(col)];
+}
+
+void Grid::set_col_alignment(int col, int code) {
+    if (col < 0 || col >= cols_) raise(kSubscript);
+    col_align_[static_cast<std::size_t>(col)] = code;
+    notify_if_redraw();
+}
+
+bool Grid::row_hidden(int row) const {
+    if (row < 0 || row >= rows_) raise(kSubscript);
+    return row_hidden_[static_cast<std::size_t>(row)] != 0;
+}
+
+void Grid::set_row_hidden(int row, bool hidden) {
+    if (row < 0 || row >= rows_) raise(kSubscript);
+    if ((row_hidden_[static_cast<std::size_t>(row)] != 0) == hidden) return;
+    row_hidden_[static_cast<std::size_t>(row)] = hidden ? 1 : 0;
+    touch_layout();
+}
+
+bool Grid::col_hidden(int col) const {
+    if (col < 0 || col >= cols_) raise(kSubscript);
+    return col_hidden_[static_cast<std::size_t>(col)] != 0;
+}
+
+void Grid::set_col_hidden(int col, bool hidden) {
+    if (col < 0 || col >= cols_) raise(kSubscript);
+    col_hidden_[static_cast<std::size_t>(col)] = hidden ? 1 : 0;
+    touch_layout();
+}
+
+int Grid::cell_back_color(int row, int col) const {
+    at(row, col);
+    auto it = back_color_.find({row, col});
+    return it == back_color_.end() ? -1 : it->second;
+}
+
+void Grid::set_cell_back_color(int row, int col, int color) {
+    at(row, col);
+    back_color_[{row, col}] = color;
+    notify_if_redraw();
+}
+
+void Grid::set_row(int r) {
+    if (r < 0 || r >= rows_) raise(kSubscript);
+    if (r == row_) return;
+    row_ = r;
+    notify_if_redraw();
+    if (RowColChange) RowColChange();
+}
+
+void Grid::set_col(int c) {
+    if (c < 0 || c >= cols_) raise(kSubscript);
+    if (c == col_) return;
+    col_ = c;
+    notify_if_redraw();
+    if (RowColChange) RowColChange();
+}
+
+void Grid::set_selected_rows(std::set<int> rows) {
+    selected_ = std::move(rows);
+    notify_if_redraw();
+}
+
+void Grid::set_redraw(bool on) {
+    if (redraw_ == on) return;
+    redraw_ = on;
+    if (on) {
+        ++layout_revision_;
+        notify();
+    }
+}
+
+}  // namespace tv::forms

@@ -1,0 +1,12 @@
+#include "forms/platform.h"
+
+namespace tv::forms {
+
+// Without a display: an average glyph of the usual 8-point fonts, 1/1440 inch units.
+double Platform::text_width_twips(const std::string& text, const std::string&, double size) {
+    return static_cast<double>(text.size()) * size * 10.9;
+}
+
+double Platform::text_height_twips(const std::string&, double size) { return size * 23.5; }
+
+}  // namespace tv::forms

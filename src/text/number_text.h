@@ -1,0 +1,30 @@
+#pragma once
+// Number <-> text, the way the windows store numbers in their text boxes and table cells.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tv::text {
+
+/// A double as the windows write it: correctly rounded to 15 significant digits, no trailing
+/// zeros, "0.5" / "-0.5", exponent form ("1E-05", "1.5E+15") only below 1E-4 or from 1E15 on.
+std::string to_text(double value);
+
+/// Integers as text ("12", "-3").
+std::string to_text(std::int64_t value);
+inline std::string to_text(int value) { return to_text(static_cast<std::int64_t>(value)); }
+
+/// The leading-number rule: skips leading blanks, tabs and line feeds, then reads sign, digits,
+/// decimal point and exponent, skipping blanks and tabs inside the number, and stops at the first
+/// other character. No number gives 0. " - 1 2 . 5" is -12.5, "3 apples" is 3, "abc" is 0.
+double val(std::string_view text);
+
+/// The strict conversion: the whole text (blanks around it allowed) must be one number, else
+/// RuntimeError 13 "Type mismatch". An empty text fails too.
+double to_double(std::string_view text);
+
+/// value -> to_text -> val, done exactly but without building the text: the 15-digit round
+/// trip that every number stored in a box goes through.
+double round15(double value);
+
+}  // namespace tv::text

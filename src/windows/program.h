@@ -1,0 +1,28 @@
+#pragma once
+// The running program: the windows' App with the project state, and the base of every window
+// model, which reaches both.
+#include <string>
+
+#include "forms/app.h"
+#include "forms/form.h"
+#include "windows/project/project_state.h"
+
+namespace tv::windows {
+
+class Program : public forms::App {
+public:
+    explicit Program(forms::Platform& platform) : forms::App(platform) {}
+    ProjectState state;
+};
+
+class Window : public forms::Form {
+public:
+    Window(forms::App& app, std::string name, std::string caption, double width = 9000, double height = 6000)
+        : forms::Form(app, std::move(name), std::move(caption), width, height) {}
+
+    Program& program() const { return static_cast<Program&>(app()); }
+    ProjectState& state() const { return program().state; }
+    forms::Platform& platform() const { return app().platform(); }
+};
+
+}  // namespace tv::windows

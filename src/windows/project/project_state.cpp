@@ -1,0 +1,38 @@
+#include "windows/project/project_state.h"
+
+namespace tv::windows {
+
+namespace {
+template <class S>
+text::DoubleArray& pick(S& s, long record, char component, text::DoubleArray S::*x1, text::DoubleArray S::*y1,
+                        text::DoubleArray S::*x2, text::DoubleArray S::*y2, text::DoubleArray S::*x3,
+                        text::DoubleArray S::*y3) {
+    bool x = component == 'X' || component == 'x';
+    bool y = component == 'Y' || component == 'y';
+    if (!x && !y) text::raise(text::kSubscript);
+    switch (record) {
+        case 1: return s.*(x ? x1 : y1);
+        case 2: return s.*(x ? x2 : y2);
+        case 3: return s.*(x ? x3 : y3);
+        default: text::raise(text::kSubscript);
+    }
+}
+}  // namespace
+
+text::DoubleArray& ProjectState::accel(long record, char component) {
+    return pick(*this, record, component, &ProjectState::accelX1, &ProjectState::accelY1, &ProjectState::accelX2,
+                &ProjectState::accelY2, &ProjectState::accelX3, &ProjectState::accelY3);
+}
+
+text::DoubleArray& ProjectState::baseAccel(long record, char component) {
+    return pick(*this, record, component, &ProjectState::baseAccelX1, &ProjectState::baseAccelY1,
+                &ProjectState::baseAccelX2, &ProjectState::baseAccelY2, &ProjectState::baseAccelX3,
+                &ProjectState::baseAccelY3);
+}
+
+text::DoubleArray& ProjectState::spec(long record, char component) {
+    return pick(*this, record, component, &ProjectState::specX1, &ProjectState::specY1, &ProjectState::specX2,
+                &ProjectState::specY2, &ProjectState::specX3, &ProjectState::specY3);
+}
+
+}  // namespace tv::windows

@@ -1,0 +1,65 @@
+#pragma once
+// A platform for tests: answers dialogs from queues and records every message box.
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/platform.h"
+
+namespace tv::test {
+
+struct Message {
+    std::string text;
+    forms::MsgButtons buttons;
+    std::string title;
+    forms::MsgIcon icon;
+};
+
+class FakePlatform : public forms::Platform {
+public:
+    // Answers, taken from the front; an empty queue answers Ok / Yes, cancels input and dialogs.
+    std::deque<forms::MsgResult> message_answers;
+    std::deque<std::optional<std::string>> input_answers;
+    std::deque<std::optional<std::string>> file_answers;
+
+    // What happened.
+    std::vector<Message> messages;
+    std::vector<std::string> prompts;
+    std::vector<forms::FileDialogRequest> file_requests;
+    std::vector<std::pair<int, std::string>> runtime_errors;
+    std::string clipboard;
+    std::vector<forms::PrintJob> printed;
+    std::vector<std::string> printer_names;
+    int do_events_calls = 0;
+    bool busy = false;
+    bool program_ended = false;
+    std::vector<std::string> shown, hidden, unloaded;
+
+    forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
+                                 forms::MsgIcon icon) override;
+    std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
+                                         const std::string& default_text) override;
+    std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
+    void set_clipboard_text(const std::string& text) override { clipboard = text; }
+    std::vector<std::string> printers() override { return printer_names; }
+    std::string current_printer() override { return printer_names.empty() ? std::string() : printer_names.front(); }
+    bool print(const forms::PrintJob& job) override;
+    void set_busy(bool b) override { busy = b; }
+    void do_events() override { ++do_events_calls; }
+    void show_form(forms::Form& form, bool modal) override;
+    void hide_form(forms::Form& form) override;
+    void unload_form(forms::Form& form) override;
+    void end_program() override { program_ended = true; }
+    void report_runtime_error(int number, const std::string& description) override {
+        runtime_errors.emplace_back(number, description);
+    }
+
+    /// The texts of the message boxes shown so far.
+    std::vector<std::string> message_texts() const;
+};
+
+/// Path of a file under ../shared/data, or empty when the data is not there.
+std::string data_path(const std::string& relative);
+
+}  // namespace tv::test
