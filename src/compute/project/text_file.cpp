@@ -1,0 +1,54 @@
+#include "compute/project/text_file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "text/runtime_error.h"
+
+namespace tv::compute {
+
+std::vector<std::string> split_lines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t start = 0, n = text.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        char c = text[i];
+        if (c == '\n' || c == '\r') {
+            lines.emplace_back(text, start, i - start);
+            if (c == '\r' && i + 1 < n && text[i + 1] == '\n') ++i;
+            start = i + 1;
+        }
+    }
+    if (start < n) lines.emplace_back(text, start, n - start);
+    return lines;
+}
+
+TextFile read_text_file(const std::string& path) {
+    TextFile out;
+    std::error_code ec;
+    auto status = std::filesystem::status(path, ec);
+    if (ec || !std::filesystem::exists(status)) {
+        out.error = text::kFileNotFound;
+        out.description = text::error_description(out.error) + ": " + path;
+        return out;
+    }
+    std::ifstream in(path, std::ios::binary);
+    if (std::filesystem::is_directory(status) || !in) {
+        out.error = 75;
+        out.description = text::error_description(out.error) + ": " + path;
+        return out;
+    }
+    std::ostringstream buf;
+    buf << in.rdbuf();
+    if (in.bad()) {
+        out.error = 75;
+        out.description = text::error_description(out.error) + ": " + path;
+        return out;
+    }
+    out.lines = split_lines(buf.str());
+    return out;
+}
+
+}  // namespace tv::compute

@@ -1,0 +1,105 @@
+#include "windows/project/main_frame_window.h"
+
+#include <filesystem>
+
+#include "text/number_text.h"
+#include "text/rounding.h"
+#include "windows/project/about_window.h"
+#include "windows/project/record_input_window.h"
+
+namespace tv::windows {
+
+using text::to_text;
+using text::val;
+
+frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", 15360, 11520) {
+    menu_open.Click = [this] { menu_open_Click(); };
+    menu_exit.Click = [this] { menu_exit_Click(); };
+    help.Click = [this] { help_Click(); };
+    // The coefficient and capacity windows join these entries as they are built.
+    PUSHOVER.set_enabled(false);
+    menu_adrs.set_enabled(false);
+}
+
+frmMain& start(Program& program) {
+    ProjectState& s = program.state;
+    s.recordCount = 0;
+    s.componentLetter = "X";
+    std::error_code ec;
+    std::string here = std::filesystem::current_path(ec).string();
+    s.workDir = here;
+    s.startDir = here;
+    frmMain& frame = program.form<frmMain>();
+    frame.show();
+    return frame;
+}
+
+void showChildWindow(Window& form, bool maximised) {
+    forms::Platform& p = form.platform();
+    p.set_busy(true);
+    p.do_events();
+    form.set_visible_flag(false);
+    p.do_events();
+    if (!maximised) {
+        const frmMain& frame = form.program().form<frmMain>();
+        form.top = static_cast<double>(text::int_div(frame.height - 1000 - form.height, 2));
+        form.left = static_cast<double>(text::int_div(frame.width - 3800 - form.width, 2));
+    }
+    form.maximised = maximised;
+    form.show();
+    p.set_busy(false);
+}
+
+std::string open_txt_dialog(forms::Platform& platform) {
+    forms::FileDialogRequest req;
+    req.file_name = "*.txt";
+    return platform.file_dialog(req).value_or("*.txt");
+}
+
+std::string resolve_in_workdir(const ProjectState& state, const std::string& name) {
+    std::filesystem::path p(name);
+    if (p.is_absolute() || state.workDir.empty()) return name;
+    return (std::filesystem::path(state.workDir) / p).string();
+}
+
+void frmMain::menu_open_Click() {
+    ProjectState& s = state();
+    if (s.recordCount == 0) {
+        std::string count = platform().input_box("Number of Both Components ?  (Earthquakes)", "Input", "").value_or("");
+        s.recordCount = text::to_int32(val(count));
+        s.currentRecord = 1;
+        std::string first = platform().input_box("Data's First Line ?", "Input", "").value_or("");
+        s.dataFirstLine = val(first);
+        recordCountNumber = s.recordCount;
+        if (s.recordCount == 0) return;
+    }
+    if (s.recordCount >= 4 || s.currentRecord > s.recordCount) {
+        s.recordCount = 0;
+        return;
+    }
+    std::string name = open_txt_dialog(platform());
+    if (name == "*.txt") {
+        s.recordCount = 0;
+        return;
+    }
+    s.fileName = name;
+    if (s.componentLetter != "X" || s.currentRecord != 1) {
+        Form1& f = program().form<Form1>();
+        f.fileLoaded = 0;
+        f.Form_Activate();
+    } else {
+        program().unload<Form1>();
+        Form1& f = program().form<Form1>();
+        f.fileLoaded = 0;
+        showChildWindow(f, false);
+    }
+    program().form<Form1>().Xfline.set_text(to_text(s.dataFirstLine));
+}
+
+void frmMain::menu_exit_Click() { program().end(); }
+
+void frmMain::help_Click() { program().form<xhelp>().show(true); }
+
+void frmMain::Form_Unload(int&) { program().end(); }
+
+}  // namespace tv::windows

@@ -1,0 +1,43 @@
+#pragma once
+// The main frame: the menu from which the three jobs start, and the opening of record files.
+#include "windows/program.h"
+
+namespace tv::windows {
+
+class frmMain : public Window {
+public:
+    explicit frmMain(forms::App& app);
+
+    forms::Menu& menu_file = menu("menu_file", "Project");
+    forms::Menu& menu_open = menu("menu_open", "Open/Add Record", &menu_file);
+    forms::Menu& sp2 = menu("sp2", "-", &menu_file);
+    forms::Menu& PUSHOVER = menu("PUSHOVER", "Coefficient Method", &menu_file);
+    forms::Menu& sep = menu("sep", "-", &menu_file);
+    forms::Menu& menu_adrs = menu("menu_adrs", "Capacity Spec Method", &menu_file);
+    forms::Menu& sp6 = menu("sp6", "-", &menu_file);
+    forms::Menu& menu_exit = menu("menu_exit", "Exit", &menu_file);
+    forms::Menu& help = menu("help", "About");
+
+    /// recordCount kept as a number by the opening routine.
+    double recordCountNumber = 0;
+
+    /// The opening routine: asks the count and first line once, then opens the next file.
+    void menu_open_Click();
+    void menu_exit_Click();
+    void help_Click();
+    void Form_Unload(int& cancel) override;
+};
+
+/// Sub Main: resets the project state, takes the current folder and shows the main frame.
+frmMain& start(Program& program);
+
+/// Opens a window of the record chain centred in the frame (never maximised here).
+void showChildWindow(Window& form, bool maximised);
+
+/// Open dialog with the preset "*.txt": the chosen name, or "*.txt" when cancelled.
+std::string open_txt_dialog(forms::Platform& platform);
+
+/// Path of a file name as the program opens it: relative names are taken in workDir.
+std::string resolve_in_workdir(const ProjectState& state, const std::string& name);
+
+}  // namespace tv::windows

@@ -1,0 +1,277 @@
+#include "windows/project/record_input_window.h"
+
+#include <cmath>
+
+#include "compute/project/text_file.h"
+#include "text/checked.h"
+#include "text/number_text.h"
+#include "text/rounding.h"
+#include "windows/project/main_frame_window.h"
+
+namespace tv::windows {
+
+using text::to_text;
+using text::val;
+
+Form1::Form1(forms::App& app) : Window(app, "Form1", "Input file parameters (", 12000, 9000) {
+    Option1.set_value(true);
+    Option3.set_value(true);
+    for (forms::Grid* g : {&Grid3, &grid4, &grid5, &grid6}) g->set_visible(false);
+    Command2.Click = [this] { Command2_Click(); };
+    Option3.Click = [this] { Command2_Click(); };
+    Option4.Click = [this] { Command2_Click(); };
+    xnext.Click = [this] { xnext_Click(); };
+    xBack.Click = [this] { xBack_Click(); };
+    Command1.Click = [this] { Command1_Click(); };
+}
+
+forms::Grid& Form1::gridX(std::int32_t record) {
+    switch (record) {
+        case 1: return Grid1;
+        case 2: return Grid3;
+        case 3: return grid5;
+        default: text::raise(text::kSubscript);
+    }
+}
+
+forms::Grid& Form1::gridY(std::int32_t record) {
+    switch (record) {
+        case 1: return Grid2;
+        case 2: return grid4;
+        case 3: return grid6;
+        default: text::raise(text::kSubscript);
+    }
+}
+
+void Form1::Form_Load() { diagramShown = 0; }
+
+void Form1::set_caption_for_record() {
+    set_caption("Input file parameters (" + to_text(state().currentRecord) + ")");
+}
+
+void Form1::Form_Activate() {
+    if (fileLoaded == 1) return;
+    fileLoaded = 1;
+    xnext.set_enabled(false);
+    platform().set_busy(true);
+    ProjectState& s = state();
+    compute::TextFile file = compute::read_text_file(resolve_in_workdir(s, s.fileName));
+    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
+    openLines = std::move(file.lines);
+    set_caption_for_record();
+    setenb(s.currentRecord);
+    platform().do_events();
+    if (s.currentRecord == 1) xBack.set_enabled(false);
+    fillgrid(gridX(s.currentRecord), gridY(s.currentRecord));
+    platform().set_busy(false);
+}
+
+void Form1::setenb(std::int32_t r) {
+    if (r < 1 || r > 3) return;
+    for (std::int32_t k = 1; k <= 3; ++k) {
+        gridX(k).set_visible(k == r);
+        gridY(k).set_visible(k == r);
+    }
+}
+
+void Form1::fillgrid(forms::Grid& gridXRef, forms::Grid& gridYRef) {
+    ProjectState& s = state();
+    const bool isX = s.componentLetter == "X";
+    if (!isX && s.componentLetter != "Y") {
+        openLines.clear();  // the file is closed unread
+        return;
+    }
+    forms::Grid& g = isX ? gridXRef : gridYRef;
+    double& maximum = isX ? curMaxX : curMaxY;
+    g.set_redraw(false);
+    g.set_text(0, 0, "Acceleration");
+    g.set_text(0, 1, "Acceleration with Scale");
+    g.set_col_width(0, 2500);
+    g.set_col_alignment(0, 1);
+    g.set_col_alignment(1, 1);
+    std::vector<std::string> lines = std::move(openLines);
+    openLines.clear();
+    g.set_rows(static_cast<int>(lines.size()) + 1);
+    std::int32_t i = 1;
+    for (std::string& line : lines) {
+        const double v = std::fabs(val(line));
+        if (i == 1)
+            maximum = v;
+        else if (i > s.dataFirstLine - 1)
+            maximum = std::max(maximum, v);
+        g.set_text(i, 1, line);
+        g.set_text(i, 0, std::move(line));
+        ++i;
+    }
+    g.set_rows(i);
+    g.set_redraw(true);
+    xeline.set_text(to_text(i - 1));
+    if (isX) {
+        rawMaxX = curMaxX;
+        if (curMaxX != 0) Text1.set_text(to_text(text::round_to(curMaxX, 8)));
+        s.componentLetter = "Y";
+    } else {
+        rawMaxY = curMaxY;
+        s.componentLetter = "Z";
+        const double larger = curMaxX >= curMaxY ? curMaxX : curMaxY;
+        xvalue.set_text(to_text(larger));
+        s.peakAccel = larger;
+        if (curMaxY != 0) Text2.set_text(to_text(text::round_to(curMaxY, 8)));
+    }
+}
+
+void Form1::Command2_Click() {
+    ProjectState& s = state();
+    const std::int32_t r = s.currentRecord;
+    Command2.set_enabled(false);
+    if (s.componentLetter != "Z") {
+        platform().message_box("enter File y", forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
+        Command2.set_enabled(true);
+        return;
+    }
+    diagramShown = 1;
+    xnext.set_enabled(true);
+    if (val(Xfline.text()) != 0 && val(xeline.text()) != 0) {
+        scaleFactor = val(xscale.text());
+        if (savedMaxX.at(static_cast<std::size_t>(r)) != 0) {
+            rawMaxX = savedMaxX[static_cast<std::size_t>(r)];
+            rawMaxY = savedMaxY[static_cast<std::size_t>(r)];
+        } else {
+            curMaxX = rawMaxX;
+            curMaxY = rawMaxY;
+        }
+        const double v = val(xvalue.text());
+        if (v != curMaxY && v != curMaxX) {
+            if (std::fabs(curMaxX) < std::fabs(curMaxY)) {
+                curMaxY = v;
+                curMaxX = text::chk(text::div(v, rawMaxY) * curMaxX);
+                s.peakAccel = text::chk(scaleFactor * curMaxY);
+            } else {
+                curMaxX = v;
+                curMaxY = text::chk(text::div(v, rawMaxX) * curMaxY);
+                s.peakAccel = text::chk(scaleFactor * curMaxX);
+            }
+        }
+        firstLine = text::to_int32(val(Xfline.text()));
+        lastLine = text::to_int32(val(xeline.text()));
+        forms::Grid& gx = gridX(r);
+        forms::Grid& gy = gridY(r);
+        const int rows = gx.rows() - 1;
+        if (firstLine < 1 || lastLine > rows) {
+            // Show Diagram stays disabled here; the draw options run it again.
+            platform().message_box("Error In First line or Last line", forms::MsgButtons::Ok, "Error",
+                                   forms::MsgIcon::Critical);
+            return;
+        }
+        gx.set_redraw(false);
+        gy.set_redraw(false);
+        for (int i = 1; i <= rows; ++i) {
+            gx.set_row_hidden(i, true);
+            gy.set_row_hidden(i, true);
+        }
+        text::DoubleArray& ax = s.accel(r, 'X');
+        text::DoubleArray& ay = s.accel(r, 'Y');
+        text::DoubleArray& bx = s.baseAccel(r, 'X');
+        text::DoubleArray& by = s.baseAccel(r, 'Y');
+        ax.redim(lastLine);
+        ay.redim(lastLine);
+        bx.redim(lastLine);
+        by.redim(lastLine);
+        for (std::int32_t i = firstLine; i <= lastLine; ++i) {
+            gx.set_text(i, 1, to_text(text::chk(val(gx.text(i, 0)) * text::div(text::chk(curMaxX * scaleFactor), rawMaxX))));
+            gx.set_row_hidden(i, false);
+            gy.set_text(i, 1, to_text(text::chk(val(gy.text(i, 0)) * text::div(text::chk(curMaxY * scaleFactor), rawMaxY))));
+            gy.set_row_hidden(i, false);
+            ax(i) = val(gx.text(i, 1));
+            bx(i) = ax(i);
+            ay(i) = val(gy.text(i, 1));
+            by(i) = ay(i);
+        }
+        gx.set_redraw(true);
+        gy.set_redraw(true);
+        plot_selected();
+    }
+    savedMaxX.at(static_cast<std::size_t>(r)) = rawMaxX;
+    savedMaxY.at(static_cast<std::size_t>(r)) = rawMaxY;
+    const double v = val(xvalue.text());
+    if (!(curMaxY > curMaxX)) {
+        curMaxX = v;
+        curMaxY = text::chk(curMaxY * text::div(v, curMaxX));
+        s.peakAccel = text::chk(scaleFactor * curMaxX);
+    } else {
+        curMaxY = v;
+        curMaxX = text::chk(curMaxX * text::div(v, curMaxY));
+        s.peakAccel = text::chk(scaleFactor * curMaxY);
+    }
+    if (curMaxX != 0) Text1.set_text(to_text(text::round_to(curMaxX, 8)));
+    if (curMaxY != 0) Text2.set_text(to_text(text::round_to(curMaxY, 8)));
+    Command2.set_enabled(true);
+}
+
+void Form1::plot_selected() {
+    // The chart joins here: Option3 draws accelX, Option4 accelY of the record in work.
+}
+
+void Form1::store_record_settings() {
+    ProjectState& s = state();
+    const std::int32_t r = s.currentRecord;
+    s.recordFirstLine(r) = text::to_int32(val(Xfline.text()));
+    s.recordLastLine(r) = text::to_int32(val(xeline.text()));
+    s.recordStep(r) = val(xstep.text());
+    s.recordDt(r) = val(xstep.text());
+    s.recordMaxValue(r) = val(xvalue.text());
+}
+
+void Form1::xnext_Click() {
+    ProjectState& s = state();
+    const std::int32_t r = s.currentRecord;
+    savedMaxX.at(static_cast<std::size_t>(r)) = val(Text1.text());
+    savedMaxY.at(static_cast<std::size_t>(r)) = val(Text2.text());
+    if (s.currentRecord != s.recordCount) {
+        xvalue.set_text("");
+        Text1.set_text("");
+        Text2.set_text("");
+    }
+    if (diagramShown == 0) Command2_Click();
+    if (s.componentLetter == "Z" && s.currentRecord < s.recordCount) {
+        xnext.set_enabled(false);
+        diagramShown = 0;
+        store_record_settings();
+        s.currentRecord += 1;
+        set_caption_for_record();
+        setenb(s.currentRecord);
+        gridX(s.currentRecord).clear();
+        gridY(s.currentRecord).clear();
+        s.componentLetter = "X";
+        xBack.set_enabled(true);
+    } else if (s.componentLetter == "Z" && s.currentRecord == s.recordCount) {
+        store_record_settings();
+        // The design spectrum window opens here, with the six saved peaks, once it is built.
+    }
+}
+
+void Form1::xBack_Click() {
+    ProjectState& s = state();
+    if (s.currentRecord <= 1) return;
+    s.currentRecord -= 1;
+    const auto r = static_cast<std::size_t>(s.currentRecord);
+    Text1.set_text(to_text(text::round_to(savedMaxX.at(r), 8)));
+    Text2.set_text(to_text(text::round_to(savedMaxY.at(r), 8)));
+    xvalue.set_text(to_text(text::round_to(savedMaxX[r] > savedMaxY[r] ? savedMaxX[r] : savedMaxY[r], 8)));
+    curMaxX = savedMaxX[r];
+    curMaxY = savedMaxY[r];
+    Xfline.set_text(to_text(s.dataFirstLine));
+    xeline.set_text(to_text(s.recordLastLine(s.currentRecord)));
+    xstep.set_text(to_text(s.recordStep(s.currentRecord)));
+    if (s.currentRecord == 1) xBack.set_enabled(false);
+    set_caption_for_record();
+    setenb(s.currentRecord);
+}
+
+void Form1::Command1_Click() {
+    // The Fourier window opens here, beside this one, once it is built.
+}
+
+void Form1::Form_Unload(int&) { state().reset(); }
+
+}  // namespace tv::windows

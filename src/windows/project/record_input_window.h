@@ -1,0 +1,74 @@
+#pragma once
+// Form1: where a record comes alive. Its two component files are read into tables, trimmed,
+// scaled into the project's acceleration arrays and drawn; Next steps through the records.
+#include <array>
+#include <cstdint>
+
+#include "windows/program.h"
+
+namespace tv::windows {
+
+class Form1 : public Window {
+public:
+    explicit Form1(forms::App& app);
+
+    forms::TextBox& Xfline = text_box("Xfline", "");
+    forms::TextBox& xeline = text_box("xeline", "3500");
+    forms::TextBox& xstep = text_box("xstep", "0.005");
+    forms::TextBox& xscale = text_box("xscale", "1.0");
+    forms::TextBox& xvalue = text_box("xvalue", "");
+    forms::TextBox& Text1 = text_box("Text1", "");
+    forms::TextBox& Text2 = text_box("Text2", "");
+    forms::OptionButton& Option1 = option("Option1", "Acceleration units : g");
+    forms::OptionButton& Option2 = option("Option2", "Acceleration units : m/s^2");
+    forms::Frame& Draw = frame("Draw", "Draw");
+    forms::OptionButton& Option3 = option("Option3", "Acceleration X", &Draw);
+    forms::OptionButton& Option4 = option("Option4", "Acceleration Y", &Draw);
+    forms::CommandButton& Command2 = button("Command2", "Show Diagram");
+    forms::CommandButton& xnext = button("xnext", "Next");
+    forms::CommandButton& xBack = button("xBack", "Back");
+    forms::CommandButton& Command1 = button("Command1", "Fourier");
+    forms::Grid& Grid1 = grid("Grid1", 1, 2);
+    forms::Grid& Grid2 = grid("Grid2", 1, 2);
+    forms::Grid& Grid3 = grid("Grid3", 1, 2);
+    forms::Grid& grid4 = grid("grid4", 1, 2);
+    forms::Grid& grid5 = grid("grid5", 1, 2);
+    forms::Grid& grid6 = grid("grid6", 1, 2);
+
+    std::int32_t fileLoaded = 0;
+    double curMaxX = 0, curMaxY = 0;
+    double rawMaxX = 0, rawMaxY = 0;
+    /// savedMaxX1 ... savedMaxY3 by record (index 1..3).
+    std::array<double, 4> savedMaxX{}, savedMaxY{};
+    double scaleFactor = 0;
+    std::int32_t firstLine = 0, lastLine = 0;
+    std::int32_t diagramShown = 0;
+
+    void Form_Load() override;
+    /// Reads the pending file (once per file: fileLoaded guards it).
+    void Form_Activate() override;
+    void Form_Unload(int& cancel) override;
+    /// Show Diagram: scales the record into the acceleration arrays and plots it.
+    void Command2_Click();
+    void xnext_Click();
+    void xBack_Click();
+    void Command1_Click();
+
+    /// Shows the two tables of record r and hides the others; r outside 1..3 changes nothing.
+    void setenb(std::int32_t r);
+    /// Reads the open file into the table of the component named by the reading state.
+    void fillgrid(forms::Grid& gridX, forms::Grid& gridY);
+
+    forms::Grid& gridX(std::int32_t record);
+    forms::Grid& gridY(std::int32_t record);
+
+    /// The file opened by Form_Activate for fillgrid.
+    std::vector<std::string> openLines;
+
+private:
+    void set_caption_for_record();
+    void store_record_settings();
+    void plot_selected();
+};
+
+}  // namespace tv::windows
