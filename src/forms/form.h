@@ -54,7 +54,7 @@ public:
     // Only App uses these.
     void set_visible_flag(bool v);
 
-protected:
+    // Control factories: a window (or a part of it, such as a chart) creates its controls here.
     template <class C, class... A>
     C& add(A&&... args) {
         auto p = std::make_unique<C>(*this, std::forward<A>(args)...);

@@ -1,0 +1,48 @@
+#pragma once
+// The platform of the batch front end: message boxes go to standard error as "TITLE: TEXT",
+// questions take their first button, input boxes and file dialogs are answered from queues
+// that the command fills from its options.
+#include <deque>
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+#include "forms/platform.h"
+
+namespace tv::cli {
+
+class BatchPlatform : public forms::Platform {
+public:
+    explicit BatchPlatform(std::ostream& err) : err_(err) {}
+
+    std::deque<std::string> input_answers;
+    std::deque<std::optional<std::string>> file_answers;
+    std::string clipboard;
+
+    /// A critical message box was shown (a checked failure that stops the action).
+    bool failed = false;
+    /// A run-time error that nothing trapped.
+    std::optional<std::string> runtime_error;
+
+    forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
+                                 forms::MsgIcon icon) override;
+    std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
+                                         const std::string& default_text) override;
+    std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
+    void set_clipboard_text(const std::string& text) override { clipboard = text; }
+    std::vector<std::string> printers() override { return {}; }
+    std::string current_printer() override { return {}; }
+    bool print(const forms::PrintJob&) override { return false; }
+    void set_busy(bool) override {}
+    void do_events() override {}
+    void show_form(forms::Form&, bool) override {}
+    void hide_form(forms::Form&) override {}
+    void unload_form(forms::Form&) override {}
+    void end_program() override {}
+    void report_runtime_error(int number, const std::string& description) override;
+
+private:
+    std::ostream& err_;
+};
+
+}  // namespace tv::cli

@@ -1,0 +1,11 @@
+#pragma once
+// The commands of tremorvault-cli; each returns the exit status.
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace tv::cli {
+
+int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+}  // namespace tv::cli

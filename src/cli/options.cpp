@@ -1,0 +1,57 @@
+#include "cli/options.h"
+
+namespace tv::cli {
+
+std::optional<std::string> ParsedOptions::get(const std::string& name) const {
+    auto it = values.find(name);
+    if (it == values.end()) return std::nullopt;
+    return it->second;
+}
+
+ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSpec& spec) {
+    ParsedOptions out;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        if (a == "--help" || a == "-h") {
+            out.help = true;
+            continue;
+        }
+        if (a.size() > 2 && a.compare(0, 2, "--") == 0) {
+            std::string name = a.substr(2);
+            std::optional<std::string> value;
+            if (auto eq = name.find('='); eq != std::string::npos) {
+                value = name.substr(eq + 1);
+                name = name.substr(0, eq);
+            }
+            if (spec.flags.count(name)) {
+                if (value) throw UsageError("option --" + name + " takes no value");
+                out.flags.insert(name);
+            } else if (spec.with_value.count(name)) {
+                if (!value) {
+                    if (i + 1 >= args.size()) throw UsageError("option --" + name + " needs a value");
+                    value = args[++i];
+                }
+                out.values[name] = *value;
+            } else {
+                throw UsageError("unknown option --" + name);
+            }
+            continue;
+        }
+        out.files.push_back(a);
+    }
+    return out;
+}
+
+std::vector<std::string> split_list(const std::string& text) {
+    std::vector<std::string> out;
+    std::size_t start = 0;
+    while (true) {
+        std::size_t comma = text.find(',', start);
+        out.push_back(text.substr(start, comma == std::string::npos ? std::string::npos : comma - start));
+        if (comma == std::string::npos) break;
+        start = comma + 1;
+    }
+    return out;
+}
+
+}  // namespace tv::cli

@@ -1,0 +1,35 @@
+#include "cli/session.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <ostream>
+
+#include "windows/project/main_frame_window.h"
+
+namespace tv::cli {
+
+Session::Session(std::ostream& o, std::ostream& e) : platform(e), program(platform), out(o), err(e) {
+    windows::start(program);
+}
+
+void Session::step(const std::function<void()>& action) {
+    program.run(action);
+    if (platform.runtime_error) {
+        err << "run-time error: " << *platform.runtime_error << '\n';
+        throw Exit{kRuntimeError};
+    }
+    if (platform.failed) throw Exit{kFailed};
+}
+
+void Session::print(const std::string& key, const std::string& value) { out << key << ": " << value << '\n'; }
+
+void require_readable(Session& s, const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        s.err << "tremorvault-cli: " << path << ": " << std::strerror(errno) << '\n';
+        throw Exit{kFailed};
+    }
+}
+
+}  // namespace tv::cli
