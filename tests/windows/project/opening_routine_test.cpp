@@ -1,0 +1,123 @@
+// The opening routine of the main frame: its prompts and its silent endings.
+#include "project_fixture.h"
+
+namespace tv::test {
+namespace {
+
+TEST_F(ProjectTest, CountIsRoundedHalfToEvenAndItsLeadingNumberTaken) {
+    std::string x = write("x.txt", "0.1\n0.2\n");
+    platform.input_answers = {"2.5", "1"};
+    platform.file_answers = {x};
+    open();
+    EXPECT_EQ(state().recordCount, 2);
+    EXPECT_EQ(state().currentRecord, 1);
+    EXPECT_EQ(platform.prompts,
+              (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
+
+}
+
+TEST_F(ProjectTest, ThreeAndAHalfRoundsToFourAndEndsWithTheCountReset) {
+    platform.input_answers = {"3.5", "1"};
+    open();
+    EXPECT_EQ(state().recordCount, 0);
+    EXPECT_TRUE(platform.file_requests.empty());
+    EXPECT_FALSE(program.is_loaded<windows::Form1>());
+}
+
+TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
+    platform.input_answers = {"3 records", "5.5"};
+    open();  // the dialog is cancelled: the count goes back to 0
+    EXPECT_DOUBLE_EQ(state().dataFirstLine, 5.5);
+    ASSERT_EQ(platform.file_requests.size(), 1u);
+    EXPECT_EQ(platform.file_requests[0].file_name, "*.txt");
+    EXPECT_EQ(state().recordCount, 0);
+}
+
+TEST_F(ProjectTest, CancelledPromptsEndTheRoutineSilently) {
+    open();
+    EXPECT_EQ(state().recordCount, 0);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.file_requests.empty());
+}
+
+TEST_F(ProjectTest, NegativeCountEndsAtTheRangeTest) {
+    platform.input_answers = {"-1", "1"};
+    open();
+    EXPECT_EQ(state().recordCount, 0);
+    EXPECT_TRUE(platform.file_requests.empty());
+}
+
+TEST_F(ProjectTest, CancelAfterTheXFileResetsTheCountAndTheNextOpenAsksAgain) {
+    std::string x = write("x.txt", "0.1\n0.2\n");
+    platform.input_answers = {"1", "1"};
+    platform.file_answers = {x};
+    open();
+    EXPECT_EQ(state().componentLetter, "Y");
+    open();  // dialog cancelled
+    EXPECT_EQ(state().recordCount, 0);
+
+    platform.input_answers = {"1", "1"};
+    open();  // asks both prompts again, and is cancelled again
+    EXPECT_EQ(platform.prompts.size(), 4u);
+    EXPECT_EQ(state().currentRecord, 1);
+    EXPECT_EQ(state().componentLetter, "Y");
+}
+
+TEST_F(ProjectTest, TheXFileOpensTheRecordWindowWithTheFirstLine) {
+    std::string x = write("x.txt", "header\n0.1\n-0.35\n");
+    platform.input_answers = {"1", "2"};
+    platform.file_answers = {x};
+    open();
+    ASSERT_TRUE(program.is_loaded<windows::Form1>());
+    windows::Form1& f = form1();
+    EXPECT_EQ(f.caption(), "Input file parameters (1)");
+    EXPECT_EQ(f.Xfline.text(), "2");
+    EXPECT_EQ(f.xeline.text(), "3");
+    EXPECT_EQ(f.Grid1.rows(), 4);
+    EXPECT_EQ(f.Grid1.text(0, 0), "Acceleration");
+    EXPECT_EQ(f.Grid1.text(0, 1), "Acceleration with Scale");
+    EXPECT_EQ(f.Grid1.text(3, 0), "-0.35");
+    EXPECT_EQ(f.Text1.text(), "0.35");
+    EXPECT_FALSE(f.xnext.enabled());
+    EXPECT_FALSE(f.xBack.enabled());
+    EXPECT_TRUE(f.visible());
+}
+
+TEST_F(ProjectTest, AMissingFileIsARunTimeErrorAndTheProgramGoesOn) {
+    platform.input_answers = {"1", "1"};
+    platform.file_answers = {(dir / "missing.txt").string()};
+    open();
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 53);
+    EXPECT_FALSE(platform.busy);
+    // The next file still opens.
+    std::string x = write("x.txt", "0.5\n");
+    platform.file_answers = {x};
+    open();
+    EXPECT_EQ(form1().Grid1.rows(), 2);
+}
+
+TEST_F(ProjectTest, BackToRecordOneThenOpeningReloadsTheWindowWithACountOfZero) {
+    std::string a = write("a.txt", "0.1\n0.2\n"), b = write("b.txt", "0.3\n0.4\n");
+    platform.input_answers = {"2", "1"};
+    open_record(a, b);
+    program.run([&] { form1().Command2.press(); });
+    program.run([&] { form1().xnext.press(); });
+    EXPECT_EQ(state().currentRecord, 2);
+    program.run([&] { form1().xBack.press(); });
+    EXPECT_EQ(state().currentRecord, 1);
+    EXPECT_EQ(state().componentLetter, "X");
+    platform.file_answers = {a};
+    open();
+    EXPECT_EQ(state().recordCount, 0);
+    EXPECT_EQ(form1().Grid1.rows(), 3);
+    EXPECT_EQ(state().componentLetter, "Y");
+}
+
+TEST_F(ProjectTest, ExitEndsTheProgram) {
+    program.run([&] { program.form<windows::frmMain>().menu_exit.choose(); });
+    EXPECT_TRUE(platform.program_ended);
+}
+
+}  // namespace
+}  // namespace tv::test

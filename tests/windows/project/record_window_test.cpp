@@ -1,0 +1,153 @@
+// Show Diagram, Next and Back of the record window.
+#include "project_fixture.h"
+
+namespace tv::test {
+namespace {
+
+class RecordWindowTest : public ProjectTest {
+protected:
+    void open_simple(const std::string& count = "1") {
+        x = write("x.txt", "head\n0.1\n-0.4\n0.2\n");
+        y = write("y.txt", "head\n0.3\n0.1\n-0.2\n");
+        platform.input_answers = {count, "2"};
+        open_record(x, y);
+    }
+    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
+    std::string x, y;
+};
+
+TEST_F(RecordWindowTest, ShowDiagramScalesIntoTheArraysAndHidesTheOtherRows) {
+    open_simple();
+    windows::Form1& f = form1();
+    program.run([&] { f.xscale.set_text("2"); });
+    press(f.Command2);
+    ASSERT_TRUE(platform.runtime_errors.empty());
+    EXPECT_EQ(f.Grid1.text(3, 1), "-0.8");
+    EXPECT_EQ(f.Grid2.text(2, 1), "0.6");
+    EXPECT_TRUE(f.Grid1.row_hidden(1));
+    EXPECT_FALSE(f.Grid1.row_hidden(2));
+    const auto& ax = state().accelX1;
+    ASSERT_EQ(ax.ubound(), 4);
+    EXPECT_EQ(ax(0), 0.0);
+    EXPECT_EQ(ax(1), 0.0);  // below the first line
+    EXPECT_EQ(ax(3), -0.8);
+    EXPECT_EQ(state().baseAccelY1(4), -0.4);
+    // The peaks shown stay unscaled, the project peak is the doubled larger one.
+    EXPECT_EQ(f.Text1.text(), "0.4");
+    EXPECT_EQ(f.Text2.text(), "0.3");
+    EXPECT_DOUBLE_EQ(state().peakAccel, 0.8);
+    EXPECT_TRUE(f.xnext.enabled());
+    EXPECT_TRUE(f.Command2.enabled());
+}
+
+TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
+    open_simple();
+    windows::Form1& f = form1();
+    program.run([&] { f.xvalue.set_text("0.8"); });
+    press(f.Command2);
+    EXPECT_EQ(f.Grid1.text(3, 1), "-0.8");
+    EXPECT_EQ(f.Grid2.text(2, 1), "0.6");
+    EXPECT_EQ(f.Text1.text(), "0.8");
+    EXPECT_EQ(f.Text2.text(), "0.6");
+}
+
+TEST_F(RecordWindowTest, APeakEqualToTheSmallerComponentCountsAsUnchanged) {
+    open_simple();
+    windows::Form1& f = form1();
+    program.run([&] { f.xvalue.set_text("0.3"); });
+    press(f.Command2);
+    EXPECT_EQ(f.Grid1.text(3, 1), "-0.4");
+}
+
+TEST_F(RecordWindowTest, ALastLineBeyondTheFileIsRefusedAndShowDiagramStaysDisabled) {
+    open_simple();
+    windows::Form1& f = form1();
+    program.run([&] { f.xeline.set_text("9"); });
+    press(f.Command2);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error In First line or Last line");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_FALSE(f.Command2.enabled());
+    // The draw options run the same routine and so recover.
+    program.run([&] { f.xeline.set_text("4"); });
+    program.run([&] { f.Option4.user_click(); });
+    EXPECT_TRUE(f.Command2.enabled());
+    EXPECT_EQ(state().accelY1(4), -0.2);
+}
+
+TEST_F(RecordWindowTest, ShowDiagramBeforeTheYFileAsksForIt) {
+    x = write("x.txt", "0.1\n");
+    platform.input_answers = {"1", "1"};
+    platform.file_answers = {x};
+    open();
+    press(form1().Command2);
+    ASSERT_EQ(platform.message_texts(), std::vector<std::string>{"enter File y"});
+    EXPECT_TRUE(form1().Command2.enabled());
+}
+
+TEST_F(RecordWindowTest, FirstLineZeroSkipsTheScalingButKeepsThePeaks) {
+    open_simple();
+    windows::Form1& f = form1();
+    program.run([&] { f.Xfline.set_text("0"); });
+    press(f.Command2);
+    EXPECT_FALSE(state().accelX1.allocated());
+    EXPECT_EQ(f.Text1.text(), "0.4");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+}
+
+TEST_F(RecordWindowTest, AnEmptiedPeakDividesByZeroAsARunTimeError) {
+    open_simple();
+    windows::Form1& f = form1();
+    program.run([&] { f.xvalue.set_text(""); });
+    press(f.Command2);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(state().accelX1(3), 0.0);  // v of 0 scales the samples to 0 before step 12 fails
+}
+
+TEST_F(RecordWindowTest, NextAndBackStepThroughTheRecords) {
+    open_simple("2");
+    windows::Form1& f = form1();
+    program.run([&] { f.xstep.set_text("0.01"); });
+    press(f.xnext);  // Next stays disabled until Show Diagram ran
+    EXPECT_EQ(state().currentRecord, 1);
+    press(f.Command2);
+    press(f.xnext);
+    EXPECT_EQ(state().currentRecord, 2);
+    EXPECT_EQ(state().recordLastLine(1), 4);
+    EXPECT_EQ(state().recordFirstLine(1), 2);
+    EXPECT_DOUBLE_EQ(state().recordDt(1), 0.01);
+    EXPECT_EQ(f.caption(), "Input file parameters (2)");
+    EXPECT_TRUE(f.Grid3.visible());
+    EXPECT_FALSE(f.Grid1.visible());
+    EXPECT_EQ(f.Text1.text(), "");
+    EXPECT_EQ(state().componentLetter, "X");
+    EXPECT_TRUE(f.xBack.enabled());
+    EXPECT_FALSE(f.xnext.enabled());
+
+    std::string x2 = write("x2.txt", "h\n1.5\n-0.5\n"), y2 = write("y2.txt", "h\n0.5\n2.5\n");
+    open_record(x2, y2);
+    EXPECT_EQ(f.Grid3.rows(), 4);
+    EXPECT_EQ(f.Text2.text(), "2.5");
+    press(f.Command2);
+    EXPECT_EQ(state().accelY2(3), 2.5);
+
+    press(f.xBack);
+    EXPECT_EQ(state().currentRecord, 1);
+    EXPECT_EQ(f.Text1.text(), "0.4");
+    EXPECT_EQ(f.xvalue.text(), "0.4");
+    EXPECT_EQ(f.xeline.text(), "4");
+    EXPECT_EQ(f.xstep.text(), "0.01");
+    EXPECT_FALSE(f.xBack.enabled());
+    EXPECT_TRUE(f.Grid1.visible());
+}
+
+TEST_F(RecordWindowTest, ClosingTheWindowEndsTheProject) {
+    open_simple();
+    program.run([&] { program.unload<windows::Form1>(); });
+    EXPECT_EQ(state().recordCount, 0);
+    EXPECT_EQ(state().componentLetter, "X");
+}
+
+}  // namespace
+}  // namespace tv::test
