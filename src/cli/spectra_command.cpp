@@ -18,14 +18,15 @@ const char* kSpectraUsage =
     "  --last-line T1[,T2,T3]   last line of each record (default: the file's last line)\n"
     "  --dt T1[,T2,T3]          time step of each record, seconds (default 0.005)\n"
     "  --scale T1[,T2,T3]       scaling factor of each record (default 1.0)\n"
-    "  --max-value T1[,T2,T3]   peak value wanted for each record (default: as read)\n";
+    "  --max-value T1[,T2,T3]   peak value wanted for each record (default: as read)\n"
+    "A list item left empty (\"--scale ,2\") leaves that record's box as it is.\n";
 
-// The k-th text of a per-record list; a shorter list leaves the box as it is.
+// The k-th text of a per-record list; an empty item or a shorter list leaves the box as it is.
 std::optional<std::string> nth(const ParsedOptions& o, const std::string& name, std::size_t k) {
     auto v = o.get(name);
     if (!v) return std::nullopt;
     auto items = split_list(*v);
-    if (k < items.size()) return items[k];
+    if (k < items.size() && !items[k].empty()) return items[k];
     return std::nullopt;
 }
 

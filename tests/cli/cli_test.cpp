@@ -1,0 +1,75 @@
+// The batch front end: its command line, exit statuses and the spectra command's record steps.
+#include <gtest/gtest.h>
+
+#include "cli_run.h"
+#include "support/fake_platform.h"
+
+namespace tv::test {
+namespace {
+
+const std::string kSamples = std::string(TV_SOURCE_DIR) + "/samples/";
+
+TEST(CliTest, VersionHelpAndUsageErrors) {
+    CliResult v = run_cli({"--version"});
+    EXPECT_EQ(v.status, 0);
+    EXPECT_EQ(v.out.rfind("tremorvault-cli ", 0), 0u);
+
+    CliResult h = run_cli({"--help"});
+    EXPECT_EQ(h.status, 0);
+    EXPECT_NE(h.out.find("spectra"), std::string::npos);
+
+    EXPECT_EQ(run_cli({}).status, 2);
+    CliResult bogus = run_cli({"bogus"});
+    EXPECT_EQ(bogus.status, 2);
+    EXPECT_NE(bogus.err.find("usage:"), std::string::npos);
+
+    CliResult opt = run_cli({"spectra", "--no-such-option", "x", "y"});
+    EXPECT_EQ(opt.status, 2);
+    EXPECT_NE(opt.err.find("--no-such-option"), std::string::npos);
+    EXPECT_EQ(run_cli({"spectra", kSamples + "synthetic_X.txt"}).status, 2);  // a Y file is missing
+    EXPECT_EQ(run_cli({"spectra", "--help"}).status, 0);
+}
+
+TEST(CliTest, SpectraPrintsThePeaksOfEachRecord) {
+    CliResult r = run_cli({"spectra", "--first-line", "5", "--dt", "0.01", kSamples + "synthetic_X.txt",
+                           kSamples + "synthetic_Y.txt"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "records: 1\npeak X 1: 0.35\npeak Y 1: 0.3\n");
+    EXPECT_EQ(r.err, "");
+}
+
+TEST(CliTest, SpectraOnTwoRealRecordsWithScaleAndPeak) {
+    std::string a = data_path("records/kocaeli1999_duzce_180.txt"), b = data_path("records/kocaeli1999_duzce_270.txt");
+    std::string c = data_path("records/tabas1978_ferdows_L1.txt"), d = data_path("records/tabas1978_ferdows_T1.txt");
+    if (a.empty() || c.empty()) GTEST_SKIP() << "shared data not present";
+    CliResult r = run_cli({"spectra", "--first-line", "5", "--scale", "1.0,2", "--max-value", ",0.5", a, b, c, d});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out,
+              "records: 2\npeak X 1: 0.3119112\npeak Y 1: 0.3641835\n"
+              "peak X 2: 0.44394392\npeak Y 2: 0.5\n");  // X follows Y to the new peak
+}
+
+TEST(CliTest, ALastLineBeyondTheFileStopsWithStatusOne) {
+    CliResult r = run_cli({"spectra", "--first-line", "5", "--last-line", "99999", kSamples + "synthetic_X.txt",
+                           kSamples + "synthetic_Y.txt"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "Error: Error In First line or Last line\n");
+}
+
+TEST(CliTest, AnUnreadableFileIsStatusOneWithItsName) {
+    CliResult r = run_cli({"spectra", "/nonexistent/x.txt", kSamples + "synthetic_Y.txt"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find("/nonexistent/x.txt"), std::string::npos);
+    EXPECT_NE(r.err.find("No such file"), std::string::npos);
+}
+
+TEST(CliTest, ARunTimeErrorIsStatusThree) {
+    // An emptied peak divides by zero in Show Diagram.
+    CliResult r = run_cli({"spectra", "--first-line", "5", "--max-value", "0", kSamples + "synthetic_X.txt",
+                           kSamples + "synthetic_Y.txt"});
+    EXPECT_EQ(r.status, 3);
+    EXPECT_NE(r.err.find("run-time error: "), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tv::test
