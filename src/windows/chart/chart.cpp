@@ -1,0 +1,198 @@
+#include "windows/chart/chart.h"
+
+#include <cfloat>
+#include <cmath>
+#include <exception>
+
+#include "text/format.h"
+#include "text/number_text.h"
+
+namespace tv::windows {
+
+namespace cc = compute::chart;
+
+namespace {
+
+constexpr int kRed = 0x0000FF;
+
+// Drawing coordinates are single precision; a value beyond it is an overflow.
+double single(double v) {
+    if (std::isfinite(v) && std::fabs(v) > FLT_MAX) text::raise(text::kOverflow);
+    return static_cast<double>(static_cast<float>(v));
+}
+
+float single_f(double v) { return static_cast<float>(single(v)); }
+
+// The read-out's "On Error Resume Next": a failing statement is skipped, the next one runs.
+template <class F>
+void resume_next(F&& statement) {
+    try {
+        statement();
+    } catch (const std::exception&) {
+    }
+}
+
+}  // namespace
+
+Chart::Chart(forms::Form& form, ChartOptions options)
+    : picContainer(form.picture("picContainer", kValueStripWidth + cc::kWidthUnit, kPlotHeight + kTimeStripHeight,
+                                options.container)),
+      picNemodar1(form.picture("picNemodar1", cc::kWidthUnit, kPlotHeight, &picContainer)),
+      picNemodar(form.picture("picNemodar", cc::kWidthUnit, kPlotHeight, &picNemodar1)),
+      PicxSxale(form.picture("PicxSxale", cc::kWidthUnit, kTimeStripHeight, &picContainer)),
+      PicySxale(form.picture("PicySxale", kValueStripWidth, kPlotHeight, &picContainer)),
+      Line2(form.line_shape("Line2", &picNemodar)),
+      Line3(form.line_shape("Line3", &picNemodar)),
+      Slider1(form.slider("Slider1", 1, options.slider_max, 1, options.container)),
+      HScroll1(form.hscroll("HScroll1", options.container)),
+      Label6(form.label("Label6", "X Axis Scale : 1X", options.container)),
+      options_(std::move(options)) {
+    if (!options_.readout.label.empty())
+        readout = &form.label(options_.readout.label, options_.readout.caption, options_.container);
+    // Strips and viewport side by side; the plot fills the viewport until it is widened.
+    picNemodar1.set_left(kValueStripWidth);
+    PicySxale.set_left(0);
+    PicxSxale.set_left(kValueStripWidth);
+    PicxSxale.set_top(kPlotHeight);
+    HScroll1.set_max(0);
+    HScroll1.set_enabled(false);
+    Line2.color = 0;
+    Line3.color = 0;
+}
+
+void Chart::plot(const text::DoubleArray& values, double dt, bool rescale) {
+    plot(values, dt, rescale, options_.colour);
+}
+
+void Chart::plot(const text::DoubleArray& values, double dt, bool rescale, int colour) {
+    dt_ = dt;
+    long u = values.ubound();
+    double amax = cc::largest_abs(values.raw());
+    // Over several curves only the red one fits the chart; the others use its range.
+    bool sets_range = !options_.only_red_sets_range || colour == kRed;
+    if (sets_range) {
+        if (options_.range == cc::RangeRule::PeakFields) {
+            auto [mx, my] = options_.peak_fields ? options_.peak_fields() : std::pair<double, double>{0, 0};
+            range_ = cc::peak_field_range(mx, my);
+        } else {
+            range_ = cc::element_range(amax, options_.range);
+        }
+        picNemodar.cls();
+    }
+    if (rescale) {
+        picNemodar.set_width(cc::plot_width(Slider1.value()));
+        picNemodar.set_left(0);
+        picNemodar.set_top(picNemodar1.height() - picNemodar.height());
+        HScroll1.set_value(0);
+        HScroll1.set_max(cc::scroll_max(Slider1.value()));
+        picNemodar.scale(0, range_, static_cast<double>(u), -range_);
+    }
+    double k = options_.scale_to_peak ? cc::curve_factor(range_, amax) : 1.0;
+    draw_curve(values, u, k, colour);
+    // The base line only has to pass the right edge of the plot.
+    picNemodar.line(0, 0, single(2 * picNemodar.width()), 0);
+    picNemodar.refresh();
+    drawAxes();
+}
+
+void Chart::draw_curve(const text::DoubleArray& values, long upper, double k, int colour) {
+    const ChartMarks& m = options_.marks;
+    double repeat = m.repeat ? m.repeat() : 1.0;
+    bool marks_on = m.repeat && m.on && m.on();
+    double w = marks_on && m.width ? m.width() : 0.0;
+    // The curve starts at (1, 0), whatever element 1 holds; element 0 is never drawn.
+    double prev = 0;
+    for (long i = 2; i <= upper; ++i) {
+        double v = values(i);
+        double y = options_.scale_to_peak ? v * k : v;
+        for (double p = 1; p <= repeat; p += 1) {
+            picNemodar.line(single(static_cast<double>(i - 1)), single(prev), single(static_cast<double>(i)),
+                            single(y), colour);
+            if (marks_on && m.peak && m.peak(static_cast<long>(p)) == v)
+                picNemodar.line(single(i - w), single(v), single(static_cast<double>(i)), single(v), m.colour);
+        }
+        prev = y;
+    }
+}
+
+void Chart::drawAxes() {
+    // Time strip, in twips.
+    PicxSxale.cls();
+    double dt = options_.time_step ? options_.time_step() : dt_;
+    auto ticks = cc::time_ticks(picNemodar.scale_width(), picNemodar.width(), dt, HScroll1.value(),
+                                options_.time_labels,
+                                [this](const std::string& s) { return PicxSxale.text_width(s); });
+    for (const auto& t : ticks) {
+        PicxSxale.set_draw_width(1);
+        if (t.labelled) {
+            PicxSxale.set_current_x(t.x);
+            PicxSxale.set_current_y(100);
+            PicxSxale.print(t.label);
+            PicxSxale.set_draw_width(2);
+        }
+        PicxSxale.line(t.x, 0, t.x, 100);
+    }
+    PicxSxale.refresh();
+
+    // Value strip: doubled and upside down against the plot, so a value v stands at -2v.
+    double s = picNemodar.scale_height();
+    PicySxale.cls();
+    PicySxale.scale(0, s, 100, -s);
+    double step = 1;
+    if (options_.value_steps == cc::ValueSteps::PeakRule) {
+        double peak = options_.value_peak ? options_.value_peak() : 0.0;
+        double factor = options_.value_scale ? options_.value_scale() : 1.0;
+        step = cc::value_label_step(peak, factor);
+    }
+    for (const auto& t : cc::value_ticks(s, step, options_.value_steps)) {
+        PicySxale.set_current_y(t.text_y);
+        PicySxale.set_current_x(0);
+        PicySxale.print(t.label);
+        PicySxale.set_draw_width(1);
+        PicySxale.line(80, t.tick_y, 100, t.tick_y);
+    }
+    PicySxale.refresh();
+}
+
+void Chart::slider_changed() {
+    Label6.set_caption("X Axis Scale :" + text::to_text(Slider1.value()) + "X");
+    HScroll1.set_enabled(Slider1.value() != 1);
+    if (options_.replot) options_.replot();
+}
+
+void Chart::scroll() {
+    picNemodar.set_left(cc::scroll_left(HScroll1.value()));
+    drawAxes();
+}
+
+void Chart::mouse_move(double x, double y, const std::function<double(long index)>& value_at) {
+    (void)y;
+    resume_next([&] {
+        Line2.set(single_f(x), single_f(-picNemodar1.height()), single_f(x), single_f(picNemodar1.height()));
+    });
+    resume_next([&] {
+        Line3.set_x1(0);
+        Line3.set_x2(single_f(2 * picNemodar.width()));
+    });
+    long index = 0;
+    bool have_index = false;
+    resume_next([&] {
+        index = text::index_of(x);
+        have_index = true;
+        value_ = value_at(index);
+    });
+    resume_next([&] {
+        Line3.set_y1(single_f(value_));
+        Line3.set_y2(single_f(value_));
+    });
+    if (readout == nullptr) return;
+    resume_next([&] {
+        if (options_.readout.x_from_index && !have_index) text::raise(text::kOverflow);
+        double where = options_.readout.x_from_index ? static_cast<double>(index) : x;
+        double step = options_.readout.x_step ? options_.readout.x_step() : 1.0;
+        readout->set_caption(options_.readout.x_text + text::format(where * step, "0.00") + options_.readout.y_text +
+                             text::format(value_, "0.00") + "  ");
+    });
+}
+
+}  // namespace tv::windows

@@ -1,0 +1,127 @@
+#pragma once
+// The curve chart that every curve window carries: a plot wider than its viewport, a time strip
+// below and a value strip at the left, the X scale slider, the scroll bar and the mouse
+// read-out. A window holds one as a member and wires its events to it.
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "compute/chart/chart_axes.h"
+#include "compute/chart/chart_scaling.h"
+#include "forms/form.h"
+#include "text/checked.h"
+
+namespace tv::windows {
+
+/// Form12's plot: each segment is drawn `repeat` times, and a flat mark stands where a picked
+/// peak equals the sample.
+struct ChartMarks {
+    std::function<double()> repeat;           // number of Text8; empty: every segment once
+    std::function<bool()> on;                 // Check1 ticked
+    std::function<double(long p)> peak;       // number in Grid3 row p, column 2
+    std::function<double()> width;            // w = 0.5 / number of Text2, rounded to 1 decimal
+    int colour = 270;
+};
+
+/// The read-out label under the chart and its text:
+/// x_text + (X x step, "0.00") + y_text + (value, "0.00") + two blanks.
+struct ChartReadout {
+    std::string label;                 // name of the label, "Label8"; empty: the window has none
+    std::string caption;               // its first caption, "0 Sec"
+    std::string x_text = "t: ";
+    std::string y_text = " , Accel: ";
+    std::function<double()> x_step;    // xstep by the strict conversion, periodStep ...; may raise
+    bool x_from_index = false;         // multiply the rounded index instead of the pointer's X
+};
+
+/// The differences between the charts of the windows.
+struct ChartOptions {
+    compute::chart::RangeRule range = compute::chart::RangeRule::Largest;
+    /// PeakFields: the window's two peak fields (curMaxX, curMaxY).
+    std::function<std::pair<double, double>()> peak_fields;
+    /// Multiply the curve by k = (r / 1.2) / amax.
+    bool scale_to_peak = false;
+    /// Colour of the curve, 0xBBGGRR; -1 the default colour.
+    int colour = 0x0000FF;
+    /// Several curves on one chart: only a curve of colour 255 sets the range and clears.
+    bool only_red_sets_range = false;
+    ChartMarks marks;
+
+    compute::chart::TimeLabels time_labels = compute::chart::TimeLabels::Spaced;
+    /// The step the time strip reads (number of xstep, periodStep ...); empty: the dt of the plot.
+    std::function<double()> time_step;
+
+    compute::chart::ValueSteps value_steps = compute::chart::ValueSteps::PeakRule;
+    /// PeakRule: the peak (number of xvalue, peakAccel) and the scale factor (empty: 1).
+    std::function<double()> value_peak;
+    std::function<double()> value_scale;
+
+    ChartReadout readout;
+    /// Run after a slider change to draw the window's array again (with rescale).
+    std::function<void()> replot;
+
+    /// Container of the chart's controls; null for the window itself.
+    forms::Control* container = nullptr;
+    int slider_max = 10;
+};
+
+class Chart {
+public:
+    // Layout in twips.
+    static constexpr double kPlotHeight = 3300;      // viewport and plot
+    static constexpr double kValueStripWidth = 900;  // PicySxale
+    static constexpr double kTimeStripHeight = 400;  // PicxSxale
+
+    Chart(forms::Form& form, ChartOptions options);
+    Chart(const Chart&) = delete;
+    Chart& operator=(const Chart&) = delete;
+
+    // Controls, under the names every chart window gives them.
+    forms::PictureBox& picContainer;
+    forms::PictureBox& picNemodar1;
+    forms::PictureBox& picNemodar;
+    forms::PictureBox& PicxSxale;
+    forms::PictureBox& PicySxale;
+    forms::LineShape& Line2;
+    forms::LineShape& Line3;
+    forms::Slider& Slider1;
+    forms::HScrollBar& HScroll1;
+    forms::Label& Label6;
+    forms::Label* readout = nullptr;  // Label8, Label7 ...; null when the window has none
+
+    /// Fits the plot to `values` and draws it (index on x), then the axes. dt is what the time
+    /// strip reads when the options give no step. Failures raise as the arithmetic does.
+    void plot(const text::DoubleArray& values, double dt, bool rescale);
+    /// The same in a colour of its own (Form4's average 255, target 50).
+    void plot(const text::DoubleArray& values, double dt, bool rescale, int colour);
+
+    /// Writes the time strip and the value strip from the plot's present scale.
+    void drawAxes();
+
+    /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
+    void slider_changed();
+
+    /// HScroll1 Change and Scroll: the plot slides to -100 x value twips; the axes follow.
+    void scroll();
+
+    /// picNemodar MouseMove: the cross-hair and the read-out, under a trap that ignores every
+    /// failure. value_at gives the array's value at a rounded index and may raise; the value
+    /// then stays at the last one read.
+    void mouse_move(double x, double y, const std::function<double(long index)>& value_at);
+
+    /// Half height r of the present value range.
+    double range() const { return range_; }
+    /// The value the read-out shows now.
+    double readout_value() const { return value_; }
+    const ChartOptions& options() const { return options_; }
+
+private:
+    void draw_curve(const text::DoubleArray& values, long upper, double k, int colour);
+
+    ChartOptions options_;
+    double range_ = 0;
+    double dt_ = 0;
+    double value_ = 0;
+};
+
+}  // namespace tv::windows

@@ -1,0 +1,369 @@
+#include "windows/chart/chart.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/fake_platform.h"
+#include "text/number_text.h"
+#include "text/runtime_error.h"
+#include "windows/program.h"
+
+namespace {
+
+using tv::forms::DrawOp;
+using tv::text::DoubleArray;
+using tv::windows::Chart;
+using tv::windows::ChartOptions;
+namespace cc = tv::compute::chart;
+
+// A record window in little: the boxes the chart reads and one chart.
+class RecordWindow : public tv::windows::Window {
+public:
+    RecordWindow(tv::forms::App& app, ChartOptions extra = {})
+        : Window(app, "Form1", "Input file parameters (1)"),
+          xstep(text_box("xstep", "0.005")),
+          xvalue(text_box("xvalue")),
+          chart(*this, options(std::move(extra))) {
+        chart.Slider1.Change = [this] { chart.slider_changed(); };
+        chart.HScroll1.Change = [this] { chart.scroll(); };
+        chart.HScroll1.Scroll = [this] { chart.scroll(); };
+        chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
+            chart.mouse_move(x, y, [this](long i) { return record(i); });
+        };
+    }
+
+    tv::forms::TextBox& xstep;
+    tv::forms::TextBox& xvalue;
+    double curMaxX = 0, curMaxY = 0, scaleFactor = 1;
+    DoubleArray record;
+    int replots = 0;
+    Chart chart;
+
+private:
+    ChartOptions options(ChartOptions o) {
+        o.peak_fields = [this] { return std::pair{curMaxX, curMaxY}; };
+        o.time_step = [this] { return tv::text::val(xstep.text()); };
+        o.value_peak = [this] { return tv::text::val(xvalue.text()); };
+        o.value_scale = [this] { return scaleFactor; };
+        o.readout.x_step = [this] { return tv::text::to_double(xstep.text()); };
+        o.replot = [this] {
+            ++replots;
+            chart.plot(record, tv::text::val(xstep.text()), true);
+        };
+        return o;
+    }
+};
+
+ChartOptions record_options() {
+    ChartOptions o;
+    o.range = cc::RangeRule::PeakFields;
+    o.scale_to_peak = true;
+    o.readout.label = "Label8";
+    o.readout.caption = "0 Sec";
+    return o;
+}
+
+ChartOptions spectrum_options() {
+    ChartOptions o;
+    o.range = cc::RangeRule::Largest;
+    o.value_steps = cc::ValueSteps::Tenth;
+    o.readout.label = "Label7";
+    o.readout.x_text = "T(Period): ";
+    o.readout.y_text = ", B.A: ";
+    return o;
+}
+
+// A record of 3500 lines: a slow wave whose largest sample, 0.75, stands at line 1000.
+DoubleArray wave(long upper) {
+    DoubleArray a(upper);
+    for (long i = 1; i <= upper; ++i) a(i) = 0.5 * ((i % 100) / 100.0) - 0.25;
+    if (upper >= 1000) a(1000) = 0.75;
+    return a;
+}
+
+std::vector<DrawOp> of_kind(const tv::forms::PictureBox& p, DrawOp::Kind kind, int color = -2) {
+    std::vector<DrawOp> out;
+    for (const auto& op : p.ops())
+        if (op.kind == kind && (color == -2 || op.color == color)) out.push_back(op);
+    return out;
+}
+
+std::vector<std::string> texts(const tv::forms::PictureBox& p) {
+    std::vector<std::string> out;
+    for (const auto& op : of_kind(p, DrawOp::Kind::Text)) out.push_back(op.text);
+    return out;
+}
+
+class ChartTest : public ::testing::Test {
+protected:
+    tv::test::FakePlatform platform;
+    tv::windows::Program program{platform};
+};
+
+TEST_F(ChartTest, ControlsStandUnderTheirNames) {
+    RecordWindow w(program, record_options());
+    for (const char* name : {"picContainer", "picNemodar1", "picNemodar", "PicxSxale", "PicySxale", "Line2", "Line3",
+                             "Slider1", "HScroll1", "Label6", "Label8"})
+        EXPECT_NE(w.find(name), nullptr) << name;
+    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale : 1X");
+    EXPECT_EQ(w.chart.readout->caption(), "0 Sec");
+    EXPECT_EQ(w.chart.picNemodar1.width(), 9165);
+    EXPECT_EQ(w.chart.picNemodar.container(), &w.chart.picNemodar1);
+    EXPECT_EQ(w.chart.Slider1.value(), 1);
+    EXPECT_FALSE(w.chart.HScroll1.enabled());
+    EXPECT_EQ(RecordWindow(program, spectrum_options()).find("Label7")->name(), "Label7");
+}
+
+TEST_F(ChartTest, RecordOf3500LinesFitsTheViewport) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 1.5;
+    w.curMaxY = 0.9;
+    w.xvalue.set_text("1.5");
+    w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+
+    const auto& p = w.chart.picNemodar;
+    EXPECT_EQ(p.width(), 9165);
+    EXPECT_EQ(p.scale_width(), 3500);
+    EXPECT_DOUBLE_EQ(w.chart.range(), 1.8);
+    EXPECT_EQ(w.chart.HScroll1.max(), 0);
+
+    // The curve starts at index 1 from height 0; element 0 and element 1 are not drawn.
+    auto red = of_kind(p, DrawOp::Kind::Line, 255);
+    ASSERT_EQ(red.size(), 3499u);
+    EXPECT_DOUBLE_EQ(red[0].x1, p.x_to_twips(1));
+    EXPECT_DOUBLE_EQ(red[0].y1, p.y_to_twips(0));
+    // k = 1.5 / 0.75 = 2: the largest sample reaches the peak field, 275 twips below the top.
+    EXPECT_NEAR(red[998].y2, 275, 1e-3);
+    // The base line, in the default colour, runs far past the right edge.
+    auto base = of_kind(p, DrawOp::Kind::Line, -1);
+    ASSERT_EQ(base.size(), 1u);
+    EXPECT_GT(base[0].x2, p.width());
+
+    // Time strip: a tick a second, labels on even seconds, the labelled ticks thicker.
+    const auto& x = w.chart.PicxSxale;
+    auto ticks = of_kind(x, DrawOp::Kind::Line);
+    ASSERT_EQ(ticks.size(), 18u);
+    EXPECT_EQ(texts(x), (std::vector<std::string>{"0", "2", "4", "6", "8", "10", "12", "14", "16"}));
+    EXPECT_EQ(ticks[2].width, 2);
+    EXPECT_EQ(ticks[3].width, 1);
+    // Half the fake platform's width of "2" (8.25 pt x 10.9 twips) is 44.96, so 45.
+    EXPECT_EQ(ticks[2].x1, 1047 - 45);
+    EXPECT_EQ(ticks[2].y1, 0);
+    EXPECT_EQ(ticks[2].y2, 100);
+
+    // Value strip: peak 1.5 with scale factor 1 gives labels every 0.4 from -1.8.
+    EXPECT_EQ(texts(w.chart.PicySxale), (std::vector<std::string>{"-1.8", "-1.4", "-1.0", "-0.6", "-0.2", "0.2", "0.6",
+                                                                  "1.0", "1.4", "1.8"}));
+}
+
+TEST_F(ChartTest, ValueLabelsEveryTenthWithoutAPeak) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 0.25;
+    w.curMaxY = 0.1;
+    w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+    auto labels = texts(w.chart.PicySxale);
+    ASSERT_EQ(labels.size(), 7u);  // range 0.3
+    EXPECT_EQ(labels.front(), "-0.3");
+    EXPECT_EQ(labels[3], "0.0");
+    // The strip counts doubled and upside down, so its ticks meet the plot: value 0.3, the top
+    // of the range, at the strip's top edge, -0.3 at its bottom.
+    auto ticks = of_kind(w.chart.PicySxale, DrawOp::Kind::Line);
+    EXPECT_NEAR(ticks.back().y1, 0, 1e-9);
+    EXPECT_NEAR(ticks.front().y1, w.chart.PicySxale.height(), 1e-9);
+    EXPECT_EQ(ticks.front().x1, 720);  // 80 to 100 of the strip's 100 units, 900 twips wide
+    EXPECT_EQ(ticks.front().x2, 900);
+}
+
+TEST_F(ChartTest, SliderWidensThePlotAndOpensTheScrollBar) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 1.5;
+    w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+
+    w.chart.Slider1.set_value(4);
+    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale :4X");
+    EXPECT_TRUE(w.chart.HScroll1.enabled());
+    EXPECT_EQ(w.replots, 1);
+    EXPECT_EQ(w.chart.picNemodar.width(), 36660);
+    EXPECT_EQ(w.chart.HScroll1.max(), 275);
+    // 17.5 s on 36660 twips: every second is labelled.
+    EXPECT_EQ(texts(w.chart.PicxSxale).size(), 18u);
+
+    w.chart.Slider1.set_value(1);
+    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale :1X");
+    EXPECT_FALSE(w.chart.HScroll1.enabled());
+    EXPECT_EQ(w.chart.HScroll1.max(), 0);
+    EXPECT_EQ(w.chart.picNemodar.width(), 9165);
+}
+
+TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 1.5;
+    w.record = wave(3500);
+    w.chart.Slider1.set_value(4);
+    auto before = of_kind(w.chart.PicxSxale, DrawOp::Kind::Text);
+    auto curve = w.chart.picNemodar.ops().size();
+    auto revision = w.chart.picNemodar.revision();
+
+    w.chart.HScroll1.user_scroll(50);
+    EXPECT_EQ(w.chart.picNemodar.left(), -5000);
+    auto after = of_kind(w.chart.PicxSxale, DrawOp::Kind::Text);
+    ASSERT_EQ(before.size(), after.size());
+    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(before[i].x1 - after[i].x1, 5000) << i;
+    EXPECT_EQ(w.chart.picNemodar.ops().size(), curve);
+    EXPECT_EQ(w.chart.picNemodar.revision(), revision);
+
+    // A new plot puts the scroll bar back to 0, and the plot with it.
+    w.chart.plot(w.record, 0.005, true);
+    EXPECT_EQ(w.chart.HScroll1.value(), 0);
+    EXPECT_EQ(w.chart.picNemodar.left(), 0);
+}
+
+TEST_F(ChartTest, AllZeroRecordDividesByZero) {
+    RecordWindow w(program, record_options());
+    w.record = DoubleArray(100);
+    w.curMaxX = 0.3;
+    try {
+        w.chart.plot(w.record, 0.005, true);
+        FAIL() << "no error";
+    } catch (const tv::text::RuntimeError& e) {
+        EXPECT_EQ(e.number(), 11);
+    }
+    // No peaks either: 0 / 0 is the overflow. Through the dispatcher it is a run-time error.
+    w.curMaxX = 0;
+    program.run([&] { w.chart.plot(w.record, 0.005, true); });
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 6);
+}
+
+TEST_F(ChartTest, AllZeroSpectrumGetsARangeOfZero) {
+    RecordWindow w(program, spectrum_options());
+    w.record = DoubleArray(100);
+    program.run([&] { w.chart.plot(w.record, 0.01, true); });
+    EXPECT_EQ(w.chart.range(), 0);
+    // No factor is worked out, so no division by zero.
+    for (const auto& e : platform.runtime_errors) EXPECT_NE(e.first, 11);
+}
+
+TEST_F(ChartTest, OneSampleDrawsNoCurve) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 0.5;
+    w.record = DoubleArray(1);
+    w.record(1) = 0.5;
+    w.chart.plot(w.record, 0.005, true);
+    EXPECT_TRUE(of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 255).empty());
+    EXPECT_EQ(of_kind(w.chart.picNemodar, DrawOp::Kind::Line, -1).size(), 1u);
+}
+
+TEST_F(ChartTest, ReadOutShowsTimeAndValueAndKeepsTheLastValue) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 1.5;
+    w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+    auto& p = w.chart.picNemodar;
+
+    p.MouseMove(0, 0, 1000.4, 0.2);
+    EXPECT_EQ(w.chart.readout->caption(), "t: 5.00 , Accel: 0.75  ");
+    EXPECT_FLOAT_EQ(w.chart.Line2.x1(), 1000.4f);
+    EXPECT_FLOAT_EQ(w.chart.Line2.y1(), -3300.f);
+    EXPECT_FLOAT_EQ(w.chart.Line2.y2(), 3300.f);
+    EXPECT_FLOAT_EQ(w.chart.Line3.x2(), 18330.f);
+    // The line stands at the array's value, not at the drawn (doubled) curve.
+    EXPECT_FLOAT_EQ(w.chart.Line3.y1(), 0.75f);
+
+    p.MouseMove(0, 0, 1010.5, 0);  // index 1010 (ties to even): 0.5 x 0.1 - 0.25
+    EXPECT_EQ(w.chart.readout->caption(), "t: 5.05 , Accel: -0.20  ");
+
+    // Beyond the end and left of 0: the value stays, the time follows, nothing is reported.
+    p.MouseMove(0, 0, 3600, 0);
+    EXPECT_EQ(w.chart.readout->caption(), "t: 18.00 , Accel: -0.20  ");
+    p.MouseMove(0, 0, -4, 0);
+    EXPECT_EQ(w.chart.readout->caption(), "t: -0.02 , Accel: -0.20  ");
+    EXPECT_DOUBLE_EQ(w.chart.readout_value(), -0.2);
+
+    // A bad xstep fails the strict conversion: the caption stays as it was.
+    w.xstep.set_text("0.005s");
+    p.MouseMove(0, 0, 10, 0);
+    EXPECT_EQ(w.chart.readout->caption(), "t: -0.02 , Accel: -0.20  ");
+    EXPECT_FLOAT_EQ(w.chart.Line2.x1(), 10.f);
+    EXPECT_TRUE(platform.runtime_errors.empty());
+}
+
+TEST_F(ChartTest, ReadOutBeforeAnyArrayShowsZero) {
+    RecordWindow w(program, spectrum_options());
+    w.chart.readout->set_caption("");
+    w.chart.mouse_move(2, 0, [&](long i) { return w.record(i); });  // never allocated: 9, swallowed
+    w.xstep.set_text("0.01");
+    w.chart.mouse_move(2, 0, [&](long i) { return w.record(i); });
+    EXPECT_EQ(w.chart.readout->caption(), "T(Period): 0.02, B.A: 0.00  ");
+}
+
+TEST_F(ChartTest, ComparisonDrawsTheTargetOnTheAveragesScale) {
+    ChartOptions o = spectrum_options();
+    o.only_red_sets_range = true;
+    RecordWindow w(program, o);
+    DoubleArray average(10), target(10);
+    for (long i = 1; i <= 10; ++i) {
+        average(i) = 0.5;
+        target(i) = 2.0;
+    }
+    average(3) = 1.0;
+    w.chart.plot(average, 0.01, true, 255);
+    w.chart.plot(target, 0.01, true, 50);
+    EXPECT_DOUBLE_EQ(w.chart.range(), 1.2);
+    EXPECT_EQ(of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 255).size(), 9u);
+    auto dark = of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 50);
+    ASSERT_EQ(dark.size(), 9u);
+    // 2.0 on a range of 1.2 lies above the top edge.
+    EXPECT_LT(dark[1].y2, 0);
+}
+
+TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
+    ChartOptions o = spectrum_options();
+    o.value_steps = cc::ValueSteps::Fourier;
+    o.readout.label.clear();
+    double repeat = 2;
+    bool on = true;
+    o.marks.repeat = [&] { return repeat; };
+    o.marks.on = [&] { return on; };
+    o.marks.peak = [](long p) { return p == 1 ? 3.0 : 7.0; };
+    o.marks.width = [] { return 0.5; };
+    RecordWindow w(program, o);
+    EXPECT_EQ(w.find("Label7"), nullptr);
+    DoubleArray amp(5);
+    for (long i = 1; i <= 5; ++i) amp(i) = static_cast<double>(i);
+    w.chart.plot(amp, 0.05, true);
+
+    auto& p = w.chart.picNemodar;
+    EXPECT_EQ(of_kind(p, DrawOp::Kind::Line, 255).size(), 8u);  // 4 segments, twice each
+    auto marks = of_kind(p, DrawOp::Kind::Line, 270);
+    ASSERT_EQ(marks.size(), 1u);
+    EXPECT_DOUBLE_EQ(marks[0].x1, p.x_to_twips(2.5));
+    EXPECT_DOUBLE_EQ(marks[0].x2, p.x_to_twips(3));
+    EXPECT_DOUBLE_EQ(marks[0].y1, p.y_to_twips(3));
+    // Range 6: labels from Int(3) = 3 tenths upward, every tenth.
+    auto labels = texts(w.chart.PicySxale);
+    EXPECT_EQ(labels.front(), "0.3");
+    EXPECT_EQ(labels.back(), "6.0");
+    EXPECT_EQ(labels.size(), 58u);
+
+    repeat = 0;
+    w.chart.plot(amp, 0.05, true);
+    EXPECT_TRUE(of_kind(p, DrawOp::Kind::Line, 255).empty());
+}
+
+TEST_F(ChartTest, WithoutTheSpacingRuleEverySecondIsLabelled) {
+    ChartOptions o = spectrum_options();
+    o.time_labels = cc::TimeLabels::EverySecond;
+    o.range = cc::RangeRule::LargestWide;
+    RecordWindow w(program, o);
+    w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+    EXPECT_EQ(texts(w.chart.PicxSxale).size(), 18u);
+    EXPECT_DOUBLE_EQ(w.chart.range(), 1.5 * 0.75);
+}
+
+}  // namespace
