@@ -13,7 +13,44 @@ namespace tv::windows {
 using text::to_text;
 using text::val;
 
-Form1::Form1(forms::App& app) : Window(app, "Form1", "Input file parameters (", 12000, 9000) {
+namespace {
+
+ChartOptions record_chart(Form1& f) {
+    ChartOptions o;
+    o.range = compute::chart::RangeRule::PeakFields;
+    o.peak_fields = [&f] { return std::pair{f.curMaxX, f.curMaxY}; };
+    o.scale_to_peak = true;
+    o.colour = 255;
+    o.time_step = [&f] { return val(f.xstep.text()); };
+    o.value_steps = compute::chart::ValueSteps::PeakRule;
+    o.value_peak = [&f] { return val(f.xvalue.text()); };
+    o.value_scale = [&f] { return f.scaleFactor; };
+    o.readout.label = "Label8";
+    o.readout.caption = "0 Sec";
+    o.readout.x_text = "t: ";
+    o.readout.y_text = " , Accel: ";
+    o.readout.x_step = [&f] { return text::to_double(f.xstep.text()); };
+    // The slider draws the component chosen under Draw again, with a new scale.
+    o.replot = [&f] {
+        if (f.Option3.value() || f.Option4.value())
+            f.chart.plot(f.component_array(f.Option3.value() ? 'X' : 'Y'), val(f.xstep.text()), true);
+    };
+    return o;
+}
+
+}  // namespace
+
+Form1::Form1(forms::App& app)
+    : Window(app, "Form1", "Input file parameters (", 12000, 9000), chart(*this, record_chart(*this)) {
+    chart.Slider1.Change = [this] { chart.slider_changed(); };
+    chart.HScroll1.Change = [this] { chart.scroll(); };
+    chart.HScroll1.Scroll = [this] { chart.scroll(); };
+    // The read-out pairs the units options with the components: g reads X, m/s^2 reads Y.
+    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
+        chart.mouse_move(x, y, [this](long i) {
+            return component_array(Option1.value() ? 'X' : Option2.value() ? 'Y' : '?')(i);
+        });
+    };
     Option1.set_value(true);
     Option3.set_value(true);
     for (forms::Grid* g : {&Grid3, &grid4, &grid5, &grid6}) g->set_visible(false);
@@ -208,8 +245,15 @@ void Form1::Command2_Click() {
     Command2.set_enabled(true);
 }
 
+text::DoubleArray& Form1::component_array(char component) {
+    return state().accel(state().currentRecord, component);
+}
+
 void Form1::plot_selected() {
-    // The chart joins here: Option3 draws accelX, Option4 accelY of the record in work.
+    if (Option3.value())
+        chart.plot(component_array('X'), val(xstep.text()), true);
+    else if (Option4.value())
+        chart.plot(component_array('Y'), val(xstep.text()), true);
 }
 
 void Form1::store_record_settings() {
@@ -242,6 +286,8 @@ void Form1::xnext_Click() {
         setenb(s.currentRecord);
         gridX(s.currentRecord).clear();
         gridY(s.currentRecord).clear();
+        chart.picNemodar.cls();
+        chart.PicxSxale.cls();
         s.componentLetter = "X";
         xBack.set_enabled(true);
     } else if (s.componentLetter == "Z" && s.currentRecord == s.recordCount) {
@@ -260,6 +306,8 @@ void Form1::xBack_Click() {
     xvalue.set_text(to_text(text::round_to(savedMaxX[r] > savedMaxY[r] ? savedMaxX[r] : savedMaxY[r], 8)));
     curMaxX = savedMaxX[r];
     curMaxY = savedMaxY[r];
+    chart.picNemodar.cls();
+    chart.PicxSxale.cls();
     Xfline.set_text(to_text(s.dataFirstLine));
     xeline.set_text(to_text(s.recordLastLine(s.currentRecord)));
     xstep.set_text(to_text(s.recordStep(s.currentRecord)));

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 
+#include "windows/chart/chart.h"
 #include "windows/program.h"
 
 namespace tv::windows {
@@ -34,6 +35,7 @@ public:
     forms::Grid& grid4 = grid("grid4", 1, 2);
     forms::Grid& grid5 = grid("grid5", 1, 2);
     forms::Grid& grid6 = grid("grid6", 1, 2);
+    Chart chart;
 
     std::int32_t fileLoaded = 0;
     double curMaxX = 0, curMaxY = 0;
@@ -64,6 +66,9 @@ public:
 
     /// The file opened by Form_Activate for fillgrid.
     std::vector<std::string> openLines;
+
+    /// The array drawn and read: the record in work, component 'X' or 'Y'.
+    text::DoubleArray& component_array(char component);
 
 private:
     void set_caption_for_record();

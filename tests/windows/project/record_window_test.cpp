@@ -142,6 +142,62 @@ TEST_F(RecordWindowTest, NextAndBackStepThroughTheRecords) {
     EXPECT_TRUE(f.Grid1.visible());
 }
 
+TEST_F(RecordWindowTest, ShowDiagramDrawsTheChosenComponentAndTheMouseReadsByTheUnitsOption) {
+    open_simple();
+    windows::Form1& f = form1();
+    press(f.Command2);
+    const forms::PictureBox& plot = f.chart.picNemodar;
+    // Index 2 to 4 of X: two red segments and the base line.
+    int red = 0;
+    for (const auto& op : plot.ops())
+        if (op.kind == forms::DrawOp::Kind::Line && op.color == 255) ++red;
+    EXPECT_EQ(red, 3);  // from index 1 (y 0) to 2, 2 to 3, 3 to 4
+    EXPECT_DOUBLE_EQ(f.chart.range(), 1.2 * 0.4);
+
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 3.2, 0); });
+    EXPECT_EQ(f.chart.readout->caption(), "t: 0.02 , Accel: -0.40  ");
+    program.run([&] { f.Option2.user_click(); });
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 3.2, 0); });
+    EXPECT_EQ(f.chart.readout->caption(), "t: 0.02 , Accel: 0.10  ");  // Y, though X is drawn
+    // Beyond the array the value stays.
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 40, 0); });
+    EXPECT_EQ(f.chart.readout->caption(), "t: 0.20 , Accel: 0.10  ");
+}
+
+TEST_F(RecordWindowTest, TheSliderWidensThePlotAndDrawsAgain) {
+    open_simple();
+    windows::Form1& f = form1();
+    press(f.Command2);
+    program.run([&] { f.chart.Slider1.set_value(4); });
+    EXPECT_EQ(f.chart.Label6.caption(), "X Axis Scale :4X");
+    EXPECT_DOUBLE_EQ(f.chart.picNemodar.width(), 36660);
+    EXPECT_EQ(f.chart.HScroll1.max(), 275);
+    EXPECT_TRUE(f.chart.HScroll1.enabled());
+    EXPECT_FALSE(f.chart.picNemodar.ops().empty());
+}
+
+TEST_F(RecordWindowTest, AnAllZeroComponentStopsThePlotWithARunTimeError) {
+    // Line 1 gives X a peak, so the scaling works; the samples drawn are all zero.
+    x = write("x.txt", "1 header\n0\n0\n");
+    y = write("y.txt", "header\n0.2\n0.3\n");
+    platform.input_answers = {"1", "2"};
+    open_record(x, y);
+    press(form1().Command2);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 11);
+    EXPECT_EQ(state().accelY1(3), 0.3);  // the arrays were filled before the plot failed
+}
+
+TEST_F(RecordWindowTest, AnAllZeroRecordFailsInTheScaling) {
+    x = write("x.txt", "0\n0\n");
+    y = write("y.txt", "0\n0\n");
+    platform.input_answers = {"1", "1"};
+    open_record(x, y);
+    press(form1().Command2);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");  // 0 / 0
+}
+
 TEST_F(RecordWindowTest, ClosingTheWindowEndsTheProject) {
     open_simple();
     program.run([&] { program.unload<windows::Form1>(); });
