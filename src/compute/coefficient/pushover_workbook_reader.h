@@ -1,0 +1,30 @@
+#pragma once
+// The pushover spreadsheet: the first worksheet, Step, Displacement and Base Force in columns
+// A to C, a heading in row 1 and data from row 2 down to the first row whose column A is empty.
+#include <string>
+
+#include "compute/coefficient/pushover_table.h"
+
+namespace tv::compute {
+
+/// Run-time error number of a workbook that cannot be opened or understood.
+inline constexpr int kWorkbookUnreadable = 1004;
+
+/// Reads a workbook, an Office Open XML one (.xlsx) or a BIFF one (.xls), told apart by its
+/// content. Cells are taken as their stored value in text: a number as to_text of the double,
+/// a string as it is, a boolean as "True" / "False". The row loop grows the points array, then
+/// reads Base Force, Displacement and Step (nearest 16-bit integer, ties to even) by the
+/// leading-number rule.
+/// Failure: 53 (no such file), kWorkbookUnreadable (not a workbook, damaged, no worksheet),
+/// 13 (an error value such as #N/A in a cell read), 6 (a step beyond 16 bits); the table holds
+/// the rows read so far.
+PushoverTable read_pushover_workbook(const std::string& path);
+
+/// The same for an .xlsx workbook (a zip package): the first worksheet in the workbook's sheet
+/// order, shared and inline strings, numbers, booleans.
+PushoverTable read_pushover_xlsx(const std::string& path);
+
+/// The same for an .xls workbook (BIFF in a compound file), through FreeXL: worksheet 0.
+PushoverTable read_pushover_xls(const std::string& path);
+
+}  // namespace tv::compute
