@@ -1,0 +1,103 @@
+#include "compute/spectra/design_spectrum.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "text/number_text.h"
+#include "text/rounding.h"
+
+namespace tv::compute {
+
+HazardGroup hazard_group(Hazard hazard) {
+    return (hazard == Hazard::Low || hazard == Hazard::Moderate) ? HazardGroup::LowModerate
+                                                                 : HazardGroup::HighVeryHigh;
+}
+
+SpectrumConstants spectrum_constants(Soil soil, HazardGroup group) {
+    switch (soil) {
+        case Soil::I: return {0.1, 0.4, 1.5, 1};
+        case Soil::II: return {0.1, 0.5, 1.5, 1};
+        case Soil::III: return {0.15, 0.7, 1.75, 1.1};
+        case Soil::IV:
+            if (group == HazardGroup::LowModerate) return {0.15, 1, 2.25, 1.3};
+            return {0.15, 1, 1.75, 1.1};
+    }
+    return {};
+}
+
+double default_scale(Hazard hazard) {
+    switch (hazard) {
+        case Hazard::Low: return 0.2;
+        case Hazard::Moderate: return 0.25;
+        case Hazard::High: return 0.3;
+        case Hazard::VeryHigh: return 0.35;
+    }
+    return 0;
+}
+
+double design_spectrum(double T, double A, const SpectrumConstants& k, HazardGroup group) {
+    // Written in the order of the code's formulas; the branch tests overlap at Ts on purpose.
+    double b1 = 0;
+    if (0 <= T && T < k.T0) {
+        b1 = A * (k.S0 + (k.S - k.S0 + 1) * T / k.T0);
+    } else if (T >= k.T0 && T <= k.Ts) {
+        b1 = (k.S + 1) * A;
+    } else if (T >= k.Ts) {
+        b1 = (k.S + 1) * A * k.Ts / T;
+    }
+    const double c = group == HazardGroup::LowModerate ? 0.4 : 0.7;
+    const double ceiling = group == HazardGroup::LowModerate ? 1.4 : 1.7;
+    double n = 1;
+    if (T > k.Ts && T < 4) n = 1 + c * (T - k.Ts) / (4 - k.Ts);
+    if (T == 4 || T > 4) n = ceiling;
+    return text::chk(b1 * n);
+}
+
+std::int32_t spectrum_count(double tEnd, double step) { return text::to_int32(text::div(tEnd, step)); }
+
+void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, double tStart, double tEnd,
+                          double step, double A, const SpectrumConstants& k, HazardGroup group) {
+    specCount = spectrum_count(tEnd, step);
+    designSa.redim(specCount);
+    // The pass count is not tied to specCount: rounding of T may drop the last pass, and a
+    // start of 0 makes one pass too many, which fails on the index.
+    long i = 1;
+    for (double T = tStart; T <= tEnd; T = T + step) {
+        designSa(i) = design_spectrum(T, A, k, group);
+        ++i;
+    }
+}
+
+namespace {
+
+[[noreturn]] void raise_open(int number) { throw text::RuntimeError(number, text::error_description(number)); }
+
+}  // namespace
+
+void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
+                        std::int32_t& specCount) {
+    std::error_code ec;
+    const auto status = std::filesystem::status(path, ec);
+    if (ec || !std::filesystem::exists(status)) raise_open(text::kFileNotFound);
+    std::ifstream in(path, std::ios::binary);
+    if (std::filesystem::is_directory(status) || !in) raise_open(75);
+    const std::string body{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (in.bad()) raise_open(75);
+
+    specCount = spectrum_count(tEnd, step);
+    designSa.redim(specCount);
+    long i = 1;
+    std::size_t start = 0;
+    const std::size_t n = body.size();
+    while (start < n && i <= specCount) {
+        std::size_t end = start;
+        while (end < n && body[end] != '\n' && body[end] != '\r') ++end;
+        designSa(i) = text::val(std::string_view(body).substr(start, end - start));
+        ++i;
+        if (end < n && body[end] == '\r' && end + 1 < n && body[end + 1] == '\n') ++end;
+        start = end + 1;
+    }
+}
+
+}  // namespace tv::compute

@@ -1,0 +1,86 @@
+#pragma once
+// Response spectra: a damped single-degree-of-freedom oscillator run through a record for every
+// period of the grid, with the exact stepping for acceleration linear between samples.
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "text/checked.h"
+
+namespace tv::compute {
+
+/// The eight stepping coefficients of one period, damping and time step.
+struct OscillatorCoefficients {
+    double A11 = 0, A12 = 0, A21 = 0, A22 = 0;
+    double B11 = 0, B12 = 0, B21 = 0, B22 = 0;
+    double wd = 0;  // damped circular frequency, rad/s
+};
+
+/// Coefficients for period T (s), damping ratio zeta (fraction) and time step dt (s). B12's
+/// cosine term carries no factor E, and 2 pi and pi are the two constants 6.28318530717958 and
+/// 3.14159265358979. Failure: T = 0 or dt = 0 raises 11 (6 for 0 / 0), zeta = 1 or -1 raises 11,
+/// |zeta| > 1 raises 5 (square root of a negative number), a result beyond the double range 6.
+OscillatorCoefficients oscillator_coefficients(double T, double zeta, double dt);
+
+/// What each period stores, with d the peak displacement and p the peak relative velocity.
+enum class SpectrumMeasure {
+    PseudoAcceleration,  // wd * wd * d
+    Displacement,        // d
+    PseudoVelocity,      // sqrt(wd) squared times d, as the old program computed it
+    RelativeVelocity,    // p
+};
+
+/// The measure chosen by the response spectrum window's tick boxes, in their order of tests:
+/// Velocity wins, then Displacement, then Ps.Velocity; none ticked is pseudo acceleration.
+SpectrumMeasure measure_from_ticks(bool displacement, bool pseudoVelocity, bool velocity);
+
+/// The period grid: T runs from tStart by repeated addition of periodStep to tEnd; spectra
+/// have indices 0..specCount.
+struct PeriodGrid {
+    double tStart = 0;
+    double tEnd = 0;
+    double periodStep = 0;
+    std::int32_t specCount = 0;
+};
+
+/// One record: its settings, its two acceleration histories and the two spectra it fills.
+struct RecordSpectra {
+    double dt;                          // time step, s
+    std::int32_t firstLine;             // first sample index
+    std::int32_t lastLine;              // last sample index (never read)
+    const text::DoubleArray& accelX;
+    const text::DoubleArray& accelY;
+    text::DoubleArray& specX;
+    text::DoubleArray& specY;
+};
+
+/// Response spectra of one record. specX and specY are made anew 0..specCount; then for each
+/// period T (tStart, tStart + periodStep, ... by repeated addition, while T <= tEnd, or T >=
+/// tEnd for a negative step) the X pass and then the Y pass run from rest over the steps
+/// i = firstLine .. lastLine - 2, and their ordinates go to index j = 1, 2, ...;
+/// `period_done` is called after each period's two ordinates are stored, in period order.
+/// Periods are computed several at a time; the results are those of the plain loop bit for bit.
+/// Failure: RuntimeError as oscillator_coefficients, 9 for a sample index outside an
+/// acceleration array or j beyond specCount, 6 when the response overflows, 5 for the pseudo
+/// velocity of a negative period; everything stored before the failing point stays.
+void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid& grid, SpectrumMeasure measure,
+                      const std::function<void()>& period_done = {});
+
+/// integrate_record for records 1, 2, ... in turn; `record_start(k)` comes before record k's
+/// first period, `period_done(k)` after each of its periods.
+void integrate_records(const std::vector<RecordSpectra>& records, double zeta, const PeriodGrid& grid,
+                       SpectrumMeasure measure, const std::function<void(int)>& record_start = {},
+                       const std::function<void(int)>& period_done = {});
+
+namespace detail {
+
+/// The instruction sets the integrator can run on; every one gives the same bits.
+enum class KernelPath { Automatic, Generic, Avx2, Avx512 };
+/// Forces one path (tests and benchmarks); a path the processor lacks falls back to Generic.
+void force_kernel_path(KernelPath path);
+/// The path the next run takes.
+KernelPath kernel_path();
+
+}  // namespace detail
+
+}  // namespace tv::compute

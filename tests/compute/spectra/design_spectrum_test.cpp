@@ -1,0 +1,214 @@
+#include "compute/spectra/design_spectrum.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "text/runtime_error.h"
+
+namespace tv::compute {
+namespace {
+
+using text::DoubleArray;
+using text::RuntimeError;
+
+int error_of(const auto& f) {
+    try {
+        f();
+    } catch (const RuntimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+TEST(DesignSpectrum, WorkedValues) {
+    // Soil II, High, A = 0.3, T = 1: B1 = 2.5 * 0.3 * 0.5 / 1 = 0.375, N = 1 + 0.7 * 0.5 / 3.5 = 1.1.
+    const auto high = HazardGroup::HighVeryHigh;
+    EXPECT_NEAR(design_spectrum(1, 0.3, spectrum_constants(Soil::II, high), high), 0.4125, 1e-15);
+
+    // Soil IV, Low, A = 0.2: 0.2 * 1.3 at T = 0, 3.25 * 0.2 on the plateau 0.15 .. 1.
+    const auto low = HazardGroup::LowModerate;
+    const auto iv = spectrum_constants(Soil::IV, low);
+    EXPECT_DOUBLE_EQ(design_spectrum(0, 0.2, iv, low), 0.26);
+    for (double T : {0.15, 0.3, 0.5, 0.99, 1.0}) EXPECT_DOUBLE_EQ(design_spectrum(T, 0.2, iv, low), 0.65) << T;
+}
+
+void expect_constants(const SpectrumConstants& k, double T0, double Ts, double S, double S0) {
+    EXPECT_EQ(k.T0, T0);
+    EXPECT_EQ(k.Ts, Ts);
+    EXPECT_EQ(k.S, S);
+    EXPECT_EQ(k.S0, S0);
+}
+
+TEST(DesignSpectrum, ConstantsTable) {
+    const auto low = HazardGroup::LowModerate, high = HazardGroup::HighVeryHigh;
+    for (auto g : {low, high}) {
+        auto i = spectrum_constants(Soil::I, g);
+        expect_constants(i, 0.1, 0.4, 1.5, 1);
+        auto ii = spectrum_constants(Soil::II, g);
+        expect_constants(ii, 0.1, 0.5, 1.5, 1);
+        auto iii = spectrum_constants(Soil::III, g);
+        expect_constants(iii, 0.15, 0.7, 1.75, 1.1);
+    }
+    // Soil IV is the only one where the hazard group changes S and S0.
+    expect_constants(spectrum_constants(Soil::IV, low), 0.15, 1, 2.25, 1.3);
+    expect_constants(spectrum_constants(Soil::IV, high), 0.15, 1, 1.75, 1.1);
+
+    EXPECT_EQ(hazard_group(Hazard::Low), low);
+    EXPECT_EQ(hazard_group(Hazard::Moderate), low);
+    EXPECT_EQ(hazard_group(Hazard::High), high);
+    EXPECT_EQ(hazard_group(Hazard::VeryHigh), high);
+    EXPECT_EQ(default_scale(Hazard::Low), 0.2);
+    EXPECT_EQ(default_scale(Hazard::Moderate), 0.25);
+    EXPECT_EQ(default_scale(Hazard::High), 0.3);
+    EXPECT_EQ(default_scale(Hazard::VeryHigh), 0.35);
+}
+
+TEST(DesignSpectrum, BranchEdges) {
+    const auto low = HazardGroup::LowModerate;
+    const auto k = spectrum_constants(Soil::I, low);  // T0 0.1, Ts 0.4, S 1.5, S0 1
+    // T0 itself is on the plateau; just below it the rising branch is almost there.
+    EXPECT_DOUBLE_EQ(design_spectrum(0.1, 0.2, k, low), 2.5 * 0.2);
+    EXPECT_NEAR(design_spectrum(0.1 - 1e-12, 0.2, k, low), 0.5, 1e-11);
+    EXPECT_LT(design_spectrum(0.1 - 1e-12, 0.2, k, low), 0.5);
+    // Ts itself: plateau and N = 1; just above, N already exceeds 1 and B1 falls as Ts / T.
+    EXPECT_DOUBLE_EQ(design_spectrum(0.4, 0.2, k, low), 0.5);
+    const double above = 0.4 + 1e-9;
+    EXPECT_DOUBLE_EQ(design_spectrum(above, 0.2, k, low),
+                     2.5 * 0.2 * 0.4 / above * (1 + 0.4 * (above - 0.4) / 3.6));
+    // From 4 s on N is the ceiling: 1.4 for Low/Moderate, 1.7 for High/Very High.
+    EXPECT_DOUBLE_EQ(design_spectrum(4, 0.2, k, low), 2.5 * 0.2 * 0.4 / 4 * 1.4);
+    EXPECT_DOUBLE_EQ(design_spectrum(5, 0.2, k, low), 2.5 * 0.2 * 0.4 / 5 * 1.4);
+    const auto high = HazardGroup::HighVeryHigh;
+    EXPECT_DOUBLE_EQ(design_spectrum(4, 0.3, spectrum_constants(Soil::I, high), high), 2.5 * 0.3 * 0.4 / 4 * 1.7);
+    // Just below 4 the linear rise nearly meets the ceiling.
+    EXPECT_NEAR(design_spectrum(4 - 1e-9, 0.2, k, low), 2.5 * 0.2 * 0.4 / 4 * 1.4, 1e-9);
+    // Soils I and II share S: they differ by Ts only.
+    EXPECT_EQ(design_spectrum(0.45, 0.2, spectrum_constants(Soil::II, low), low), 0.5);
+    EXPECT_LT(design_spectrum(0.45, 0.2, k, low), 0.5);
+    // No branch for a negative period.
+    EXPECT_EQ(design_spectrum(-0.01, 0.2, k, low), 0);
+}
+
+TEST(DesignSpectrum, ScaleIsAPlainMultiplier) {
+    const auto g = HazardGroup::HighVeryHigh;
+    const auto k = spectrum_constants(Soil::III, g);
+    for (double T : {0.0, 0.05, 0.15, 0.5, 0.7, 1.3, 4.0, 6.0})
+        EXPECT_DOUBLE_EQ(design_spectrum(T, 0.35, k, g), 0.35 * design_spectrum(T, 1, k, g)) << T;
+    EXPECT_EQ(error_of([&] { design_spectrum(1, 1e308, k, g); }), text::kOverflow);
+}
+
+TEST(DesignSpectrum, SpectrumCount) {
+    EXPECT_EQ(spectrum_count(4, 0.01), 400);
+    EXPECT_EQ(spectrum_count(0.25, 0.1), 2);  // 2.5 to the even integer
+    EXPECT_EQ(spectrum_count(0.35, 0.1), 3);  // 3.4999999999999996 is below the half
+    EXPECT_EQ(error_of([] { spectrum_count(4, 0); }), text::kDivisionByZero);
+}
+
+TEST(DesignSpectrum, ShowDiagramLoop) {
+    const auto g = HazardGroup::LowModerate;
+    const auto k = spectrum_constants(Soil::II, g);
+    DoubleArray sa;
+    std::int32_t count = 0;
+    show_design_spectrum(sa, count, 0.01, 4, 0.01, 0.2, k, g);
+    EXPECT_EQ(count, 400);
+    EXPECT_EQ(sa.ubound(), 400);
+    EXPECT_EQ(sa(0), 0);  // never written
+    EXPECT_EQ(sa(1), design_spectrum(0.01, 0.2, k, g));
+    EXPECT_EQ(sa(30), 0.5);  // T near 0.3, on the plateau
+    EXPECT_GT(sa(400), 0);   // 400 passes: the sum stays just under 4
+}
+
+TEST(DesignSpectrum, ShowDiagramLastPassDroppedByRounding) {
+    // 0.02 added to itself overshoots 4 at the 200th pass: the last ordinate stays 0.
+    const auto g = HazardGroup::LowModerate;
+    DoubleArray sa;
+    std::int32_t count = 0;
+    show_design_spectrum(sa, count, 0.02, 4, 0.02, 0.2, spectrum_constants(Soil::I, g), g);
+    EXPECT_EQ(count, 200);
+    EXPECT_GT(sa(199), 0);
+    EXPECT_EQ(sa(200), 0);
+}
+
+TEST(DesignSpectrum, ShowDiagramStartAtZeroFailsOnTheLastPass) {
+    const auto g = HazardGroup::LowModerate;
+    const auto k = spectrum_constants(Soil::IV, g);
+    DoubleArray sa;
+    std::int32_t count = 0;
+    EXPECT_EQ(error_of([&] { show_design_spectrum(sa, count, 0, 4, 0.01, 0.2, k, g); }), text::kSubscript);
+    EXPECT_EQ(count, 400);
+    EXPECT_DOUBLE_EQ(sa(1), 0.26);  // T = 0 went to index 1
+    EXPECT_GT(sa(400), 0);          // everything before the failing pass stays
+}
+
+TEST(DesignSpectrum, ShowDiagramZeroStepFailsBeforeTheArray) {
+    const auto g = HazardGroup::LowModerate;
+    DoubleArray sa(3);
+    std::int32_t count = 7;
+    EXPECT_EQ(error_of([&] { show_design_spectrum(sa, count, 0.01, 4, 0, 0.2, spectrum_constants(Soil::I, g), g); }),
+              text::kDivisionByZero);
+    EXPECT_EQ(count, 7);
+    EXPECT_EQ(sa.ubound(), 3);
+}
+
+class SpectrumFile : public ::testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = std::filesystem::temp_directory_path() /
+               ("tv_spectrum_file_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
+                ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::create_directories(dir_);
+    }
+    void TearDown() override { std::filesystem::remove_all(dir_); }
+    std::string write(const std::string& body) {
+        const auto path = (dir_ / "spectrum.txt").string();
+        std::ofstream(path, std::ios::binary) << body;
+        return path;
+    }
+    std::filesystem::path dir_;
+};
+
+TEST_F(SpectrumFile, OneOrdinatePerLineByTheLeadingNumber) {
+    DoubleArray sa;
+    std::int32_t count = 0;
+    read_spectrum_file(write("0.5\r\n 0.75 g\r\nabc\n1E-1\r2.5"), 0.1, 0.01, sa, count);
+    EXPECT_EQ(count, 10);
+    EXPECT_EQ(sa.ubound(), 10);
+    EXPECT_EQ(sa(0), 0);
+    EXPECT_EQ(sa(1), 0.5);
+    EXPECT_EQ(sa(2), 0.75);
+    EXPECT_EQ(sa(3), 0);  // no number on the line
+    EXPECT_EQ(sa(4), 0.1);
+    EXPECT_EQ(sa(5), 2.5);
+    EXPECT_EQ(sa(6), 0);  // a short file leaves the rest 0
+}
+
+TEST_F(SpectrumFile, ExtraLinesAreIgnored) {
+    DoubleArray sa;
+    std::int32_t count = 0;
+    read_spectrum_file(write("1\n2\n3\n4\n5\n"), 0.03, 0.01, sa, count);
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(sa.ubound(), 3);
+    EXPECT_EQ(sa(3), 3);
+}
+
+TEST_F(SpectrumFile, MissingFileChangesNothing) {
+    DoubleArray sa(2);
+    sa(1) = 9;
+    std::int32_t count = 2;
+    try {
+        read_spectrum_file((dir_ / "none.txt").string(), 4, 0.01, sa, count);
+        FAIL();
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.number(), text::kFileNotFound);
+        EXPECT_EQ(e.description(), "File not found");
+    }
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(sa(1), 9);
+    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.string(), 4, 0.01, sa, count); }), 75);
+}
+
+}  // namespace
+}  // namespace tv::compute

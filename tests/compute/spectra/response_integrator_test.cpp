@@ -1,0 +1,400 @@
+#include "compute/spectra/response_integrator.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/fake_platform.h"
+#include "text/number_text.h"
+
+namespace tv::compute {
+namespace {
+
+using text::DoubleArray;
+using text::RuntimeError;
+
+int error_of(const auto& f) {
+    try {
+        f();
+    } catch (const RuntimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+// A record file: header lines, then one sample per line; element i holds line i.
+struct LoadedRecord {
+    DoubleArray accel;
+    std::int32_t first = 5;
+    std::int32_t last = 0;
+};
+
+LoadedRecord load_record(const std::string& path) {
+    LoadedRecord r;
+    std::ifstream in(path, std::ios::binary);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        lines.push_back(line);
+    }
+    r.last = static_cast<std::int32_t>(lines.size());
+    r.accel.redim(r.last);
+    for (std::int32_t i = r.first; i <= r.last; ++i) r.accel(i) = text::val(lines[static_cast<std::size_t>(i - 1)]);
+    return r;
+}
+
+// The plain loop of the old program, one period and one component at a time, with its full
+// histories: the reference the interleaved integrator must match bit for bit.
+void reference_spectra(const DoubleArray& ax, const DoubleArray& ay, std::int32_t first, std::int32_t last, double dt,
+                       double zeta, const PeriodGrid& grid, SpectrumMeasure measure, DoubleArray& sx, DoubleArray& sy) {
+    sx.redim(grid.specCount);
+    sy.redim(grid.specCount);
+    long j = 1;
+    for (double T = grid.tStart; T <= grid.tEnd; T = T + grid.periodStep) {
+        const OscillatorCoefficients k = oscillator_coefficients(T, zeta, dt);
+        for (int comp = 0; comp < 2; ++comp) {
+            const DoubleArray& a = comp == 0 ? ax : ay;
+            std::vector<double> x(static_cast<std::size_t>(last) + 2), v(x.size());
+            double d = 0, p = 0;
+            for (long i = first; i < last - 1; ++i) {
+                v[i + 1] = k.A21 * x[i] + k.A22 * v[i] + k.B21 * a(i) + k.B22 * a(i + 1);
+                x[i + 1] = k.A12 * v[i] + k.A11 * x[i] + k.B11 * a(i) + k.B12 * a(i + 1);
+                if (std::fabs(x[i + 1]) > d) d = std::fabs(x[i + 1]);
+                if (std::fabs(v[i + 1]) > p) p = std::fabs(v[i + 1]);
+            }
+            double value;
+            if (measure == SpectrumMeasure::RelativeVelocity) {
+                value = p;
+            } else {
+                double f = k.wd;
+                if (measure == SpectrumMeasure::Displacement) f = 1;
+                if (measure == SpectrumMeasure::PseudoVelocity) f = std::sqrt(k.wd);
+                value = f * f * d;
+            }
+            (comp == 0 ? sx : sy)(j) = value;
+        }
+        ++j;
+    }
+}
+
+struct Spectra {
+    DoubleArray x, y;
+};
+
+Spectra run(const DoubleArray& ax, const DoubleArray& ay, std::int32_t first, std::int32_t last, double dt,
+            double zeta, const PeriodGrid& grid, SpectrumMeasure measure) {
+    Spectra s;
+    integrate_record(RecordSpectra{dt, first, last, ax, ay, s.x, s.y}, zeta, grid, measure);
+    return s;
+}
+
+const PeriodGrid kStandardGrid{0.01, 4, 0.01, 400};
+
+TEST(OscillatorCoefficients, WorkedValues) {
+    const auto k = oscillator_coefficients(1, 0.05, 0.02);
+    EXPECT_NEAR(k.A11, 0.99214762, 5e-9);
+    EXPECT_NEAR(k.A12, 0.01982259, 5e-9);
+    EXPECT_NEAR(k.A21, -0.78256464, 5e-9);
+    EXPECT_NEAR(k.A22, 0.97969272, 5e-9);
+    EXPECT_NEAR(k.B11, -0.00013250, 5e-9);
+    EXPECT_NEAR(k.B12, -0.00019167, 5e-9);
+    EXPECT_NEAR(k.B21, -0.00987744, 5e-9);
+    EXPECT_NEAR(k.B22, -0.00994516, 5e-9);
+}
+
+TEST(OscillatorCoefficients, Identities) {
+    for (double zeta : {0.0, 0.02, 0.05, 0.2}) {
+        for (double T : {0.05, 1.0, 3.7}) {
+            const double dt = 0.01;
+            const auto k = oscillator_coefficients(T, zeta, dt);
+            const double w = 6.28318530717958 / T;
+            const double E = std::exp(-zeta * w * dt);
+            EXPECT_NEAR(k.A11 * k.A22 - k.A12 * k.A21, E * E, 1e-12) << T << " " << zeta;
+            EXPECT_NEAR(k.B21 + k.B22, k.A21 / (w * w), 1e-12 * T * T) << T << " " << zeta;
+            EXPECT_DOUBLE_EQ(k.wd, std::sqrt(1 - zeta * zeta) * w);
+        }
+    }
+    // Undamped, B12 is the textbook one and B11 + B12 = (A11 - 1) / w^2 holds.
+    const auto k0 = oscillator_coefficients(1, 0, 0.02);
+    const double w = 6.28318530717958;
+    EXPECT_NEAR(k0.B11 + k0.B12, (k0.A11 - 1) / (w * w), 1e-15);
+    // With damping it does not: B12's cosine term carries no factor E.
+    const auto k = oscillator_coefficients(1, 0.05, 0.02);
+    EXPECT_GT(std::fabs(k.B11 + k.B12 - (k.A11 - 1) / (w * w)), 1e-7);
+    EXPECT_NEAR(k.A11 * k.A22 - k.A12 * k.A21, 0.98751226, 5e-9);
+}
+
+TEST(OscillatorCoefficients, Failures) {
+    EXPECT_EQ(error_of([] { oscillator_coefficients(0, 0.05, 0.02); }), text::kDivisionByZero);
+    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 1, 0.02); }), text::kDivisionByZero);
+    EXPECT_EQ(error_of([] { oscillator_coefficients(1, -1, 0.02); }), text::kDivisionByZero);
+    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 1.5, 0.02); }), text::kInvalidCall);
+    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 0.05, 0); }), text::kDivisionByZero);
+    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 0.99, 0.02); }), 0);
+}
+
+TEST(MeasureFromTicks, OrderOfTests) {
+    EXPECT_EQ(measure_from_ticks(false, false, false), SpectrumMeasure::PseudoAcceleration);
+    EXPECT_EQ(measure_from_ticks(true, false, false), SpectrumMeasure::Displacement);
+    EXPECT_EQ(measure_from_ticks(false, true, false), SpectrumMeasure::PseudoVelocity);
+    EXPECT_EQ(measure_from_ticks(true, true, false), SpectrumMeasure::Displacement);
+    EXPECT_EQ(measure_from_ticks(true, true, true), SpectrumMeasure::RelativeVelocity);
+}
+
+// An undamped oscillator driven at its own period by a = a0 sin(w t) grows as the textbook
+// says: x = a0 / (2 w) (t cos wt - sin(wt) / w), v = -a0 t / 2 sin wt.
+TEST(ResponseIntegrator, UndampedResonance) {
+    const double T = 0.5, a0 = 0.3, cycles = 20;
+    const double w = 6.28318530717958 / T;
+    const int perCycle = 400;
+    const double dt = T / perCycle;
+    const int n = static_cast<int>(cycles * perCycle) + 1;
+    DoubleArray a(n + 2);
+    for (int i = 1; i <= n + 1; ++i) a(i) = a0 * std::sin(w * (i - 1) * dt);
+    // Sample i = 1 is t = 0; steps run to i = last - 1 = n.
+    double peakX = 0, peakV = 0;
+    for (int i = 1; i <= n; ++i) {
+        const double t = (i - 1) * dt;
+        peakX = std::max(peakX, std::fabs(a0 / (2 * w) * (t * std::cos(w * t) - std::sin(w * t) / w)));
+        peakV = std::max(peakV, std::fabs(a0 * t / 2 * std::sin(w * t)));
+    }
+    const PeriodGrid one{T, T, 1, 1};
+    const auto d = run(a, a, 1, n + 1, dt, 0, one, SpectrumMeasure::Displacement);
+    EXPECT_NEAR(d.x(1), peakX, 2e-4 * peakX);
+    const auto v = run(a, a, 1, n + 1, dt, 0, one, SpectrumMeasure::RelativeVelocity);
+    EXPECT_NEAR(v.x(1), peakV, 2e-4 * peakV);
+    // The growth is linear: half the cycles give half the peak.
+    const auto half = run(a, a, 1, n / 2 + 1, dt, 0, one, SpectrumMeasure::Displacement);
+    EXPECT_NEAR(half.x(1) / d.x(1), 0.5, 2e-3);
+}
+
+// A stiff oscillator follows the ground: its pseudo acceleration approaches the peak ground
+// acceleration.
+TEST(ResponseIntegrator, ShortPeriodGivesPeakGroundAcceleration) {
+    const auto rec = load_record(tv::test::data_path("records/imperialvalley1940_elcentro_NS.txt"));
+    if (rec.last == 0) GTEST_SKIP() << "record file missing";
+    double pga = 0;
+    for (long i = rec.first; i <= rec.last - 1; ++i) pga = std::max(pga, std::fabs(rec.accel(i)));
+    EXPECT_NEAR(pga, 0.31882, 1e-12);
+    const auto s = run(rec.accel, rec.accel, rec.first, rec.last, 0.02, 0.05, PeriodGrid{0.005, 0.005, 1, 1},
+                       SpectrumMeasure::PseudoAcceleration);
+    EXPECT_NEAR(s.x(1) / pga, 1.0, 0.02);
+    // A smooth sine seen by an oscillator 50 times faster: the quasi-static response, with the
+    // damped frequency in the pseudo acceleration making it (1 - zeta^2) of the peak, and the
+    // dynamic amplification 1 / (1 - (1/50)^2) on top.
+    DoubleArray sine(2001);
+    for (int i = 1; i <= 2001; ++i) sine(i) = 0.4 * std::sin(2 * M_PI * (i - 1) * 0.005);
+    const auto q = run(sine, sine, 1, 2001, 0.005, 0.05, PeriodGrid{0.02, 0.02, 1, 1},
+                       SpectrumMeasure::PseudoAcceleration);
+    const double expected = 0.4 * (1 - 0.05 * 0.05) / (1 - 0.02 * 0.02);
+    EXPECT_NEAR(q.x(1), expected, expected * 1e-4);
+}
+
+TEST(ResponseIntegrator, SpectrumScalesLinearlyWithTheRecord) {
+    const auto rec = load_record(tv::test::data_path("records/manjil1990_abbar_T.txt"));
+    if (rec.last == 0) GTEST_SKIP() << "record file missing";
+    DoubleArray twice = rec.accel, scaled = rec.accel;
+    for (long i = 0; i <= rec.last; ++i) twice(i) = 2 * rec.accel(i), scaled(i) = 1.37 * rec.accel(i);
+    const PeriodGrid grid{0.05, 3, 0.05, 60};
+    const auto base = run(rec.accel, rec.accel, rec.first, rec.last, 0.02, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
+    const auto two = run(twice, twice, rec.first, rec.last, 0.02, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
+    const auto s = run(scaled, scaled, rec.first, rec.last, 0.02, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
+    for (long j = 1; j <= 60; ++j) {
+        EXPECT_EQ(two.x(j), 2 * base.x(j)) << j;  // doubling is exact in every operation
+        EXPECT_NEAR(s.x(j), 1.37 * base.x(j), 1e-12 * base.x(j)) << j;
+        EXPECT_GT(base.x(j), 0);
+    }
+}
+
+TEST(ResponseIntegrator, ZeroRecordGivesZeros) {
+    DoubleArray a(100);
+    for (auto m : {SpectrumMeasure::PseudoAcceleration, SpectrumMeasure::Displacement,
+                   SpectrumMeasure::PseudoVelocity, SpectrumMeasure::RelativeVelocity}) {
+        const auto s = run(a, a, 1, 100, 0.01, 0.05, kStandardGrid, m);
+        ASSERT_EQ(s.x.ubound(), 400);
+        for (long j = 0; j <= 400; ++j) ASSERT_TRUE(s.x(j) == 0 && s.y(j) == 0) << j;
+    }
+}
+
+TEST(ResponseIntegrator, NoStepsGiveZero) {
+    DoubleArray a(10);
+    for (long i = 0; i <= 10; ++i) a(i) = 1;
+    // first >= last - 1: the pass makes no step, even over arrays too short to be read.
+    DoubleArray none;
+    for (auto [first, last] : {std::pair{9, 10}, std::pair{5, 5}, std::pair{8, 3}}) {
+        const auto s = run(a, none, first, last, 0.01, 0.05, PeriodGrid{0.1, 0.3, 0.1, 3},
+                           SpectrumMeasure::PseudoAcceleration);
+        EXPECT_EQ(s.x(1), 0);
+        EXPECT_EQ(s.y(3), 0);
+    }
+    // One step reads samples first and first + 1.
+    const auto s = run(a, a, 8, 10, 0.01, 0.05, PeriodGrid{0.1, 0.1, 1, 1}, SpectrumMeasure::Displacement);
+    EXPECT_GT(s.x(1), 0);
+}
+
+TEST(ResponseIntegrator, MatchesThePlainLoopBitForBit) {
+    const auto x = load_record(tv::test::data_path("records/northridge1994_rinaldi_228.txt"));
+    const auto y = load_record(tv::test::data_path("records/northridge1994_rinaldi_318.txt"));
+    if (x.last == 0 || y.last == 0) GTEST_SKIP() << "record files missing";
+    ASSERT_EQ(x.last, 1995);
+    ASSERT_EQ(y.last, 1995);
+    using detail::KernelPath;
+    for (double zeta : {0.0, 0.02, 0.05, 0.2}) {
+        for (auto m : {SpectrumMeasure::PseudoAcceleration, SpectrumMeasure::Displacement,
+                       SpectrumMeasure::PseudoVelocity, SpectrumMeasure::RelativeVelocity}) {
+            DoubleArray rx, ry;
+            reference_spectra(x.accel, y.accel, x.first, x.last, 0.01, zeta, kStandardGrid, m, rx, ry);
+            for (auto path : {KernelPath::Automatic, KernelPath::Generic, KernelPath::Avx2, KernelPath::Avx512}) {
+                detail::force_kernel_path(path);
+                const auto s = run(x.accel, y.accel, x.first, x.last, 0.01, zeta, kStandardGrid, m);
+                for (long j = 0; j <= 400; ++j) {
+                    ASSERT_EQ(std::bit_cast<std::uint64_t>(s.x(j)), std::bit_cast<std::uint64_t>(rx(j)))
+                        << "zeta " << zeta << " measure " << static_cast<int>(m) << " path "
+                        << static_cast<int>(path) << " j " << j;
+                    ASSERT_EQ(std::bit_cast<std::uint64_t>(s.y(j)), std::bit_cast<std::uint64_t>(ry(j)));
+                }
+            }
+            detail::force_kernel_path(KernelPath::Automatic);
+        }
+    }
+}
+
+TEST(ResponseIntegrator, ProgressComesInPeriodOrderAfterBothOrdinates) {
+    DoubleArray a(300);
+    for (long i = 1; i <= 300; ++i) a(i) = std::sin(0.1 * i) + 0.01 * (i % 7);
+    Spectra s;
+    long calls = 0;
+    integrate_record(RecordSpectra{0.01, 1, 300, a, a, s.x, s.y}, 0.05, PeriodGrid{0.01, 0.305, 0.01, 30},
+                     SpectrumMeasure::PseudoAcceleration, [&] {
+                         ++calls;
+                         EXPECT_GT(s.x(calls), 0);
+                         EXPECT_GT(s.y(calls), 0);
+                         if (calls < 30) {
+                             EXPECT_EQ(s.x(calls + 1), 0);
+                         }
+                     });
+    EXPECT_EQ(calls, 30);
+}
+
+TEST(ResponseIntegrator, MorePeriodsThanSpectrumFailsAndKeepsWhatWasStored) {
+    DoubleArray a(50);
+    for (long i = 1; i <= 50; ++i) a(i) = std::cos(0.3 * i);
+    Spectra s;
+    long calls = 0;
+    const int err = error_of([&] {
+        integrate_record(RecordSpectra{0.01, 1, 50, a, a, s.x, s.y}, 0.05, PeriodGrid{0.01, 0.2, 0.01, 12},
+                         SpectrumMeasure::PseudoAcceleration, [&] { ++calls; });
+    });
+    EXPECT_EQ(err, text::kSubscript);
+    EXPECT_EQ(calls, 12);
+    EXPECT_GT(s.x(12), 0);
+    EXPECT_GT(s.y(12), 0);
+}
+
+TEST(ResponseIntegrator, FailingPeriodInsideABlockKeepsTheEarlierOnes) {
+    DoubleArray a(50);
+    for (long i = 1; i <= 50; ++i) a(i) = std::cos(0.3 * i);
+    Spectra s;
+    long calls = 0;
+    // -0.02, -0.01, then exactly 0: the third period divides by zero.
+    const int err = error_of([&] {
+        integrate_record(RecordSpectra{0.01, 1, 50, a, a, s.x, s.y}, 0.05, PeriodGrid{-0.02, 0.2, 0.01, 30},
+                         SpectrumMeasure::PseudoAcceleration, [&] { ++calls; });
+    });
+    EXPECT_EQ(err, text::kDivisionByZero);
+    EXPECT_EQ(calls, 2);
+    EXPECT_GT(s.x(2), 0);
+    EXPECT_EQ(s.x(3), 0);
+    // A pseudo velocity of a negative period takes the square root of a negative frequency.
+    EXPECT_EQ(error_of([&] {
+                  run(a, a, 1, 50, 0.01, 0.05, PeriodGrid{-0.02, 0.2, 0.01, 30}, SpectrumMeasure::PseudoVelocity);
+              }),
+              text::kInvalidCall);
+}
+
+TEST(ResponseIntegrator, DampingFailures) {
+    DoubleArray a(20);
+    a(5) = 1;
+    EXPECT_EQ(error_of([&] { run(a, a, 1, 20, 0.01, 1, kStandardGrid, SpectrumMeasure::PseudoAcceleration); }),
+              text::kDivisionByZero);
+    EXPECT_EQ(error_of([&] { run(a, a, 1, 20, 0.01, 1.2, kStandardGrid, SpectrumMeasure::PseudoAcceleration); }),
+              text::kInvalidCall);
+    EXPECT_EQ(error_of([&] { run(a, a, 1, 20, 0.01, 0.05, PeriodGrid{0, 1, 0.01, 100}, SpectrumMeasure::Displacement); }),
+              text::kDivisionByZero);
+}
+
+TEST(ResponseIntegrator, GrowingResponseOverflows) {
+    // A negative damping makes every step grow; the old run time stopped at the overflow.
+    DoubleArray a(4000);
+    for (long i = 1; i <= 4000; ++i) a(i) = std::sin(0.7 * i);
+    Spectra s;
+    long calls = 0;
+    EXPECT_EQ(error_of([&] {
+                  integrate_record(RecordSpectra{0.02, 1, 4000, a, a, s.x, s.y}, -0.9, PeriodGrid{0.1, 0.2, 0.1, 2},
+                                   SpectrumMeasure::PseudoAcceleration, [&] { ++calls; });
+              }),
+              text::kOverflow);
+    EXPECT_EQ(calls, 0);
+    EXPECT_EQ(s.x(1), 0);
+}
+
+TEST(ResponseIntegrator, SampleIndexOutsideTheRecord) {
+    DoubleArray x(100), shortY(50);
+    for (long i = 1; i <= 100; ++i) x(i) = std::sin(0.2 * i);
+    for (long i = 1; i <= 50; ++i) shortY(i) = std::sin(0.2 * i);
+    Spectra s;
+    // The X pass of the first period runs and is stored; the Y pass then reads beyond its array.
+    EXPECT_EQ(error_of([&] {
+                  integrate_record(RecordSpectra{0.01, 1, 100, x, shortY, s.x, s.y}, 0.05, kStandardGrid,
+                                   SpectrumMeasure::PseudoAcceleration);
+              }),
+              text::kSubscript);
+    EXPECT_GT(s.x(1), 0);
+    EXPECT_EQ(s.x(2), 0);
+    EXPECT_EQ(s.y(1), 0);
+    // X itself too short, or a negative first line: nothing is stored.
+    Spectra t;
+    EXPECT_EQ(error_of([&] {
+                  integrate_record(RecordSpectra{0.01, 1, 100, shortY, x, t.x, t.y}, 0.05, kStandardGrid,
+                                   SpectrumMeasure::PseudoAcceleration);
+              }),
+              text::kSubscript);
+    EXPECT_EQ(t.x(1), 0);
+    EXPECT_EQ(error_of([&] {
+                  integrate_record(RecordSpectra{0.01, -1, 100, x, x, t.x, t.y}, 0.05, kStandardGrid,
+                                   SpectrumMeasure::PseudoAcceleration);
+              }),
+              text::kSubscript);
+    // The last sample, index lastLine, is never read.
+    EXPECT_EQ(error_of([&] {
+                  integrate_record(RecordSpectra{0.01, 1, 51, shortY, shortY, t.x, t.y}, 0.05, kStandardGrid,
+                                   SpectrumMeasure::PseudoAcceleration);
+              }),
+              0);
+}
+
+TEST(ResponseIntegrator, RecordsInTurn) {
+    DoubleArray a(300), b(300);
+    for (long i = 1; i <= 300; ++i) a(i) = std::sin(0.3 * i);
+    for (long i = 1; i <= 300; ++i) b(i) = std::cos(0.2 * i);
+    DoubleArray s[4];
+    std::vector<RecordSpectra> recs{{0.01, 1, 200, a, b, s[0], s[1]}, {0.02, 1, 300, b, a, s[2], s[3]}};
+    std::vector<int> starts;
+    std::vector<int> done;
+    integrate_records(recs, 0.05, PeriodGrid{0.1, 0.5, 0.1, 5}, SpectrumMeasure::PseudoAcceleration,
+                      [&](int k) { starts.push_back(k); }, [&](int k) { done.push_back(k); });
+    EXPECT_EQ(starts, (std::vector<int>{1, 2}));
+    EXPECT_EQ(done, (std::vector<int>{1, 1, 1, 1, 1, 2, 2, 2, 2, 2}));
+    // The second record runs on its own settings.
+    EXPECT_NE(s[3](1), s[0](1));
+    const auto again = run(b, a, 1, 300, 0.02, 0.05, PeriodGrid{0.1, 0.5, 0.1, 5}, SpectrumMeasure::PseudoAcceleration);
+    EXPECT_EQ(again.x(4), s[2](4));
+}
+
+}  // namespace
+}  // namespace tv::compute
