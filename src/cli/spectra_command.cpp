@@ -1,4 +1,5 @@
 // tremorvault-cli spectra: the ground-motion road on the record windows.
+#include <algorithm>
 #include <ostream>
 
 #include "cli/commands.h"
@@ -7,6 +8,8 @@
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
+#include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/response_spectrum_window.h"
 
 namespace tv::cli {
 
@@ -19,6 +22,14 @@ const char* kSpectraUsage =
     "  --dt T1[,T2,T3]          time step of each record, seconds (default 0.005)\n"
     "  --scale T1[,T2,T3]       scaling factor of each record (default 1.0)\n"
     "  --max-value T1[,T2,T3]   peak value wanted for each record (default: as read)\n"
+    "  --hazard low|moderate|high|very-high   Form2 hazard (default low)\n"
+    "  --soil I|II|III|IV       Form2 soil class (default I)\n"
+    "  --design-scale TEXT      Form2 scale A (default: the hazard's)\n"
+    "  --tstart, --tend, --step TEXT   period grid (default 0.01, 4, 0.01)\n"
+    "  --design-file FILE       design ordinates from a file, one per line\n"
+    "  --damping TEXT           damping ratio (default 0.05)\n"
+    "  --measure psa|sd|psv|sv  spectral measure (default psa)\n"
+    "  --export-spectra FILE    write the twelve-column export\n"
     "A list item left empty (\"--scale ,2\") leaves that record's box as it is.\n";
 
 // The k-th text of a per-record list; an empty item or a shorter list leaves the box as it is.
@@ -33,7 +44,9 @@ std::optional<std::string> nth(const ParsedOptions& o, const std::string& name, 
 }  // namespace
 
 int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    OptionSpec spec{{"first-line", "last-line", "dt", "scale", "max-value"}, {}};
+    OptionSpec spec{{"first-line", "last-line", "dt", "scale", "max-value", "hazard", "soil", "design-scale", "tstart",
+                     "tend", "step", "design-file", "damping", "measure", "export-spectra"},
+                    {}};
     ParsedOptions o;
     try {
         o = parse_options(args, spec);
@@ -49,9 +62,25 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
         err << "tremorvault-cli spectra: give one to three records, an X and a Y file each\n" << kSpectraUsage;
         return kUsage;
     }
+    const std::string hazard = o.get("hazard").value_or("low");
+    const std::string soil = o.get("soil").value_or("I");
+    const std::string measure = o.get("measure").value_or("psa");
+    const std::vector<std::string> hazards{"low", "moderate", "high", "very-high"};
+    const std::vector<std::string> soils{"I", "II", "III", "IV"};
+    const std::vector<std::string> measures{"psa", "sd", "psv", "sv"};
+    auto one_of = [&](const std::string& v, const std::vector<std::string>& allowed, const char* name) {
+        if (std::find(allowed.begin(), allowed.end(), v) != allowed.end()) return true;
+        err << "tremorvault-cli spectra: --" << name << " takes one of";
+        for (const auto& a : allowed) err << ' ' << a;
+        err << '\n' << kSpectraUsage;
+        return false;
+    };
+    if (!one_of(hazard, hazards, "hazard") || !one_of(soil, soils, "soil") || !one_of(measure, measures, "measure"))
+        return kUsage;
     Session s(out, err);
     try {
         for (const auto& f : o.files) require_readable(s, f);
+        if (auto f = o.get("design-file")) require_readable(s, *f);
         const std::size_t records = o.files.size() / 2;
         auto& frame = s.program.form<windows::frmMain>();
         s.platform.input_answers = {std::to_string(records), o.get("first-line").value_or("1")};
@@ -74,6 +103,48 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
             s.print("peak X " + std::to_string(k + 1), f1.Text1.text());
             s.print("peak Y " + std::to_string(k + 1), f1.Text2.text());
             s.step([&] { f1.xnext.press(); });
+        }
+
+        auto& f2 = s.program.form<windows::Form2>();
+        forms::OptionButton* hazard_options[] = {&f2.Option5, &f2.Option7, &f2.Option6, &f2.Option8};
+        forms::OptionButton* soil_options[] = {&f2.Option1, &f2.Option2, &f2.Option3, &f2.Option4};
+        auto index_of = [](const std::vector<std::string>& v, const std::string& x) {
+            return static_cast<std::size_t>(std::find(v.begin(), v.end(), x) - v.begin());
+        };
+        // A click on the hazard sets its scale even when the option is already chosen.
+        s.step([&] {
+            forms::OptionButton& h = *hazard_options[index_of(hazards, hazard)];
+            if (h.value() && h.Click) h.Click();
+            h.user_click();
+        });
+        s.step([&] { soil_options[index_of(soils, soil)]->user_click(); });
+        s.step([&] {
+            if (auto v = o.get("design-scale")) f2.Text1.set_text(*v);
+            if (auto v = o.get("tstart")) f2.tstart.set_text(*v);
+            if (auto v = o.get("tend")) f2.tend.set_text(*v);
+            if (auto v = o.get("step")) f2.xstep.set_text(*v);
+        });
+        if (auto file = o.get("design-file")) {
+            s.step([&] { f2.Check1.user_click(); });
+            s.platform.file_answers.push_back(*file);
+            s.step([&] { f2.Command3.press(); });
+        }
+        s.step([&] { f2.Command1.press(); });
+        s.print("design points", text::to_text(s.program.state.specCount));
+        s.step([&] { f2.xnext.press(); });
+
+        auto& f3 = s.program.form<windows::Form3>();
+        s.step([&] {
+            if (auto v = o.get("damping")) f3.xbeta.set_text(*v);
+            if (measure == "sd") f3.Check1.user_click();
+            if (measure == "psv") f3.Check2.user_click();
+            if (measure == "sv") f3.Check3.user_click();
+        });
+        s.step([&] { f3.Command1.press(); });
+        s.print("measure", f3.Label4.caption());
+        if (auto file = o.get("export-spectra")) {
+            s.platform.file_answers.push_back(*file);
+            s.step([&] { f3.Command5.press(); });
         }
     } catch (const Exit& e) {
         return e.status;

@@ -51,4 +51,39 @@ TextFile read_text_file(const std::string& path) {
     return out;
 }
 
+TextFile write_text_file(const std::string& path, const std::vector<std::string>& lines) {
+    TextFile out;
+    namespace fs = std::filesystem;
+    fs::path target(path);
+    fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    std::error_code ec;
+    if (!fs::is_directory(folder, ec)) {
+        out.error = text::kPathNotFound;
+        out.description = text::error_description(out.error) + ": " + path;
+        return out;
+    }
+    fs::path temp = folder / ("." + target.filename().string() + ".tmp");
+    {
+        std::ofstream file(temp, std::ios::binary | std::ios::trunc);
+        for (const auto& line : lines) {
+            file << line << '\n';
+        }
+        file.flush();
+        if (!file) {
+            file.close();
+            fs::remove(temp, ec);
+            out.error = 75;
+            out.description = text::error_description(out.error) + ": " + path;
+            return out;
+        }
+    }
+    fs::rename(temp, target, ec);
+    if (ec) {
+        fs::remove(temp, ec);
+        out.error = 75;
+        out.description = text::error_description(out.error) + ": " + path;
+    }
+    return out;
+}
+
 }  // namespace tv::compute

@@ -17,6 +17,11 @@ struct TextFile {
 /// "Path/File access error" (a folder, or not readable).
 TextFile read_text_file(const std::string& path);
 
+/// Writes `lines`, each ended by a line feed, whole or not at all: the text goes to a temporary
+/// file beside `path`, which then replaces it. Failure: error 75 "Path/File access error" (76
+/// when the folder is missing), with the file's name in the description; nothing is left behind.
+TextFile write_text_file(const std::string& path, const std::vector<std::string>& lines);
+
 /// Splits text into lines by the same rule.
 std::vector<std::string> split_lines(const std::string& text);
 

@@ -6,7 +6,9 @@
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
+#include "windows/project/inputs_window.h"
 #include "windows/project/main_frame_window.h"
+#include "windows/spectra/design_spectrum_window.h"
 
 namespace tv::windows {
 
@@ -292,7 +294,16 @@ void Form1::xnext_Click() {
         xBack.set_enabled(true);
     } else if (s.componentLetter == "Z" && s.currentRecord == s.recordCount) {
         store_record_settings();
-        // The design spectrum window opens here, with the six saved peaks, once it is built.
+        program().unload<Form14>();
+        program().unload<Form2>();
+        Form2& f2 = program().form<Form2>();
+        showChildWindow(f2, false);
+        f2.Text2.set_text(to_text(savedMaxX[1]));
+        f2.Text3.set_text(to_text(savedMaxY[1]));
+        f2.Text4.set_text(to_text(savedMaxX[2]));
+        f2.Text5.set_text(to_text(savedMaxY[2]));
+        f2.Text6.set_text(to_text(savedMaxX[3]));
+        f2.Text7.set_text(to_text(savedMaxY[3]));
     }
 }
 
@@ -320,6 +331,9 @@ void Form1::Command1_Click() {
     // The Fourier window opens here, beside this one, once it is built.
 }
 
-void Form1::Form_Unload(int&) { state().reset(); }
+void Form1::Form_Unload(int&) {
+    program().unload<Form2>();
+    state().reset();
+}
 
 }  // namespace tv::windows

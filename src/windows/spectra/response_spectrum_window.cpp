@@ -1,0 +1,186 @@
+#include "windows/spectra/response_spectrum_window.h"
+
+#include <algorithm>
+
+#include "compute/project/text_file.h"
+#include "text/format.h"
+#include "text/number_text.h"
+#include "windows/project/main_frame_window.h"
+
+namespace tv::windows {
+
+using text::to_text;
+using text::val;
+
+const char* const kResponseExportHeading =
+    "      a(x1)               a(y1)             a(x2)              a(y2)             a(x3)             a(y3)"
+    "            S(x1)           S(y1)            S(x2)           S(y2)           S(x3)          S(y3)       ";
+
+namespace {
+
+ChartOptions response_chart(Form3& f) {
+    ChartOptions o;
+    o.range = compute::chart::RangeRule::Largest;
+    o.colour = 255;
+    o.time_step = [&f] { return f.state().periodStep; };
+    o.value_steps = compute::chart::ValueSteps::Tenth;
+    o.readout.label = "Label8";
+    o.readout.x_text = "T(Period): ";
+    o.readout.y_text = " , Spa: ";
+    o.readout.x_step = [&f] { return f.state().periodStep; };
+    o.readout.x_from_index = true;
+    o.replot = [&f] {
+        if (text::DoubleArray* a = f.selected_spectrum()) f.chart.plot(*a, f.state().periodStep, true);
+    };
+    return o;
+}
+
+}  // namespace
+
+Form3::Form3(forms::App& app)
+    : Window(app, "Form3", "Response spectrum", 12000, 7500), chart(*this, response_chart(*this)) {
+    Option1.set_value(true);
+    Picbar.set_visible(false);
+    for (forms::TextBox* t : {&Text1, &Text2, &Text3, &Text4, &Text5, &Text6, &Text7}) t->set_visible(false);
+    chart.Slider1.Change = [this] { chart.slider_changed(); };
+    chart.HScroll1.Change = [this] { chart.scroll(); };
+    chart.HScroll1.Scroll = [this] { chart.scroll(); };
+    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
+        chart.mouse_move(x, y, [this](long i) {
+            text::DoubleArray* a = selected_spectrum();
+            if (!a) text::raise(text::kSubscript);
+            return (*a)(i);
+        });
+    };
+    // Unticking from a handler fires that box's own click, so the chain plays out.
+    Check1.Click = [this] {
+        if (Check1.checked()) Check2.set_value(0);
+        if (Check3.checked()) Check3.set_value(0);
+    };
+    Check2.Click = [this] {
+        if (Check2.checked()) Check1.set_value(0);
+        if (Check3.checked()) Check3.set_value(0);
+    };
+    Check3.Click = [this] {
+        if (Check3.checked()) Check2.set_value(0);
+        if (Check1.checked()) Check1.set_value(0);
+    };
+    Combo1.Click = [this] {
+        if (calculated != 0) Command3_Click();
+    };
+    Option1.Click = [this] { Command3_Click(); };
+    Option2.Click = [this] { Command3_Click(); };
+    Command1.Click = [this] { Command1_Click(); };
+    Command3.Click = [this] { Command3_Click(); };
+    Command4.Click = [this] { Command4_Click(); };
+    Command5.Click = [this] { Command5_Click(); };
+    Command2.Click = [this] { Command2_Click(); };
+}
+
+void Form3::Form_Load() {
+    Combo1.clear();
+    for (std::int32_t k = 1; k <= state().recordCount; ++k) Combo1.add_item(to_text(k));
+    Frame1.set_enabled(true);
+    chart.Slider1.set_enabled(true);
+    calculated = 0;
+    if (!Combo1.items().empty()) Combo1.set_list_index(0);
+    Command4.set_enabled(false);
+    Command5.set_enabled(false);
+}
+
+void Form3::Form_Unload(int&) {
+    // The comparison window goes down with this one once it is built.
+}
+
+text::DoubleArray* Form3::selected_spectrum() {
+    const double n = val(Combo1.text());
+    if (n != 1 && n != 2 && n != 3) return nullptr;
+    return &state().spec(static_cast<long>(n), Option1.value() ? 'X' : 'Y');
+}
+
+void Form3::calculate(double zeta) {
+    const auto measure = compute::measure_from_ticks(Check1.checked(), Check2.checked(), Check3.checked());
+    if (run_response_spectra(*this, {Picbar, pbar}, zeta, measure, "Error")) {
+        Command4.set_enabled(true);
+        Command5.set_enabled(true);
+    } else {
+        Command4.set_enabled(false);
+    }
+}
+
+void Form3::Command1_Click() {
+    for (auto* b : {&Command1, &Command2, &Command3, &Command4}) b->set_enabled(false);
+    calculate(val(xbeta.text()));
+    calculated = 1;
+    Command3_Click();
+    for (auto* b : {&Command1, &Command2, &Command3, &Command4}) b->set_enabled(true);
+    if (Check1.checked())
+        Label4.set_caption("(Displacement)");
+    else if (Check2.checked())
+        Label4.set_caption("(Pseudo.Velocity)");
+    else if (Check3.checked())
+        Label4.set_caption("(Velocity)");
+    else
+        Label4.set_caption("(Pseudo.Acceleration)");
+}
+
+void Form3::Command3_Click() {
+    for (auto* b : {&Command1, &Command2, &Command3, &Command4}) b->set_enabled(false);
+    if (calculated == 0) {
+        calculate(val(xbeta.text()));
+        calculated = 1;
+    }
+    if (text::DoubleArray* a = selected_spectrum()) chart.plot(*a, state().periodStep, true);
+    for (auto* b : {&Command1, &Command2, &Command3, &Command4}) b->set_enabled(true);
+}
+
+void Form3::Command4_Click() {
+    if (calculated == 0) Command1_Click();
+    Frame1.set_enabled(false);
+    chart.Slider1.set_enabled(false);
+    Command5.set_enabled(false);
+    hide();
+    // The comparison window opens here with the six peaks once it is built.
+}
+
+void Form3::Command5_Click() {
+    ProjectState& s = state();
+    if (calculated == 1) {
+        forms::FileDialogRequest req;
+        req.save = true;
+        req.filter = "*.txt";
+        req.file_name = "*.txt";
+        std::string name = platform().file_dialog(req).value_or("*.txt");
+        if (name != "*.txt") {
+            s.fileName = text::with_txt_extension(name);
+            platform().set_busy(true);
+            std::int32_t N = 0;
+            for (std::int32_t k = 1; k <= s.recordCount; ++k) N = std::max(N, s.recordLastLine(k));
+            text::DoubleArray* columns[12] = {&s.accelX1, &s.accelY1, &s.accelX2, &s.accelY2, &s.accelX3, &s.accelY3,
+                                              &s.specX1,  &s.specY1,  &s.specX2,  &s.specY2,  &s.specX3,  &s.specY3};
+            for (auto* a : columns) a->redim_preserve(N);
+            std::vector<std::string> lines{kResponseExportHeading};
+            lines.reserve(static_cast<std::size_t>(N) + 1);
+            for (std::int32_t i = 1; i <= N; ++i) {
+                std::string line;
+                for (int c = 0; c < 12; ++c) {
+                    if (c) line += "    ";
+                    line += text::format((*columns[c])(i), "0.00000000");
+                }
+                Text1.set_text(line);
+                lines.push_back(std::move(line));
+            }
+            compute::TextFile written = compute::write_text_file(resolve_in_workdir(s, s.fileName), lines);
+            if (!written.ok()) throw text::RuntimeError(written.error, written.description);
+            platform().set_busy(false);
+        }
+        platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);
+    }
+    Frame1.set_enabled(false);
+    chart.Slider1.set_enabled(false);
+    Command5.set_enabled(false);
+}
+
+void Form3::Command2_Click() { program().unload(*this); }
+
+}  // namespace tv::windows

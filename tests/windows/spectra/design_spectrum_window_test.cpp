@@ -1,0 +1,126 @@
+// Form2: the design spectrum, its options and file, and the hand-over to Form3.
+#include "spectra_fixture.h"
+
+#include <cmath>
+
+namespace tv::test {
+namespace {
+
+TEST_F(SpectraTest, NextOfTheLastRecordOpensForm2WithTheSixPeaks) {
+    to_design(2);
+    windows::Form2& f = form2();
+    EXPECT_TRUE(f.visible());
+    EXPECT_EQ(f.Text2.text(), "0.4");
+    EXPECT_EQ(f.Text3.text(), "0.35");
+    EXPECT_EQ(f.Text4.text(), "0.4");
+    EXPECT_EQ(f.Text5.text(), "0.35");
+    EXPECT_EQ(f.Text6.text(), "0");
+    EXPECT_EQ(f.Text1.text(), "0.2");
+    EXPECT_FALSE(f.xnext.enabled());
+    EXPECT_FALSE(f.Command3.enabled());
+}
+
+TEST_F(SpectraTest, HazardOptionsOverwriteTheScaleAndSoilOptionsDoNot) {
+    to_design();
+    windows::Form2& f = form2();
+    program.run([&] { f.Text1.set_text("0.9"); });
+    program.run([&] { f.Option4.user_click(); });
+    EXPECT_EQ(f.Text1.text(), "0.9");
+    program.run([&] { f.Option6.user_click(); });
+    EXPECT_EQ(f.Text1.text(), "0.3");
+    program.run([&] { f.Option8.user_click(); });
+    EXPECT_EQ(f.Text1.text(), "0.35");
+    program.run([&] { f.Option7.user_click(); });
+    EXPECT_EQ(f.Text1.text(), "0.25");
+}
+
+TEST_F(SpectraTest, ShowDiagramFillsTheDesignSpectrumByRepeatedAddition) {
+    to_design();
+    windows::Form2& f = form2();
+    program.run([&] { f.Option4.user_click(); });  // soil IV, low: S 2.25, S0 1.3
+    press(f.Command1);
+    const windows::ProjectState& s = state();
+    ASSERT_EQ(s.specCount, 400);
+    EXPECT_EQ(s.designSa(0), 0.0);
+    EXPECT_DOUBLE_EQ(s.designSa(1), 0.2 * (1.3 + (2.25 - 1.3 + 1) * 0.01 / 0.15));
+    EXPECT_DOUBLE_EQ(s.designSa(50), 3.25 * 0.2);  // on the plateau
+    EXPECT_DOUBLE_EQ(s.peakAccel, 0.2);
+    // The loop's own T decides how many passes run; repeat it here.
+    int passes = 0;
+    for (double T = 0.01; T <= 4; T += 0.01) ++passes;
+    EXPECT_EQ(s.designSa(400) != 0.0, passes == 400);
+    EXPECT_TRUE(f.xnext.enabled());
+    EXPECT_TRUE(f.Command1.enabled());
+    EXPECT_FALSE(f.chart.picNemodar.ops().empty());
+}
+
+TEST_F(SpectraTest, AStartOfZeroWritesOnePastTheEndAndStopsWithShowDiagramDisabled) {
+    to_design();
+    windows::Form2& f = form2();
+    program.run([&] { f.tstart.set_text("0"); });
+    press(f.Command1);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 9);
+    EXPECT_FALSE(f.Command1.enabled());
+    EXPECT_EQ(state().designSa(1), 0.2);  // B(0) of soil I is A times S0 = 1
+}
+
+TEST_F(SpectraTest, AStepOfZeroIsADivisionByZero) {
+    to_design();
+    program.run([&] { form2().xstep.set_text("0"); });
+    press(form2().Command1);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(form2().Text8.text(), "0");  // the step's copy follows the box
+}
+
+TEST_F(SpectraTest, FromFileReadsTheOrdinatesAndShowDiagramKeepsThem) {
+    to_design();
+    windows::Form2& f = form2();
+    std::string file = write("spec.txt", "0.5\n0.75 g\nnot a number\n");
+    program.run([&] { f.Check1.user_click(); });
+    EXPECT_TRUE(f.Command3.enabled());
+    EXPECT_FALSE(f.Command1.enabled());
+    EXPECT_FALSE(f.Text1.enabled());
+    EXPECT_FALSE(f.Frame2.enabled());
+    platform.file_answers = {file};
+    press(f.Command3);
+    EXPECT_TRUE(f.Command1.enabled());
+    press(f.Command1);
+    const windows::ProjectState& s = state();
+    EXPECT_EQ(s.specCount, 400);
+    EXPECT_EQ(s.designSa(1), 0.5);
+    EXPECT_EQ(s.designSa(2), 0.75);
+    EXPECT_EQ(s.designSa(3), 0.0);
+    EXPECT_EQ(s.designSa(400), 0.0);
+    EXPECT_DOUBLE_EQ(s.peakAccel, 0.2);
+    // Unticking goes back to the code spectrum.
+    program.run([&] { f.Check1.user_click(); });
+    EXPECT_FALSE(f.fromFile);
+    EXPECT_FALSE(f.xnext.enabled());
+}
+
+TEST_F(SpectraTest, NextPublishesThePeriodGridAndOpensForm3) {
+    to_design();
+    windows::Form2& f = form2();
+    program.run([&] { f.tend.set_text("3"); });
+    press(f.Command1);
+    program.run([&] { f.Text2.set_text("0.4"); });
+    press(f.xnext);
+    EXPECT_DOUBLE_EQ(state().tStart, 0.01);
+    EXPECT_DOUBLE_EQ(state().tEnd, 3);
+    EXPECT_DOUBLE_EQ(state().periodStep, 0.01);
+    EXPECT_FALSE(f.visible());
+    ASSERT_TRUE(program.is_loaded<windows::Form3>());
+    EXPECT_EQ(form3().Text2.text(), "0.4");
+    EXPECT_TRUE(form3().visible());
+}
+
+TEST_F(SpectraTest, BackClosesForm2AndForm3WithIt) {
+    to_response();
+    program.run([&] { program.unload<windows::Form2>(); });
+    EXPECT_FALSE(program.is_loaded<windows::Form3>());
+    EXPECT_TRUE(program.is_loaded<windows::Form1>());
+}
+
+}  // namespace
+}  // namespace tv::test

@@ -1,0 +1,135 @@
+// Form3: the tick boxes, Calculate, the chart selection, the export and the buttons' states.
+#include "spectra_fixture.h"
+
+#include <fstream>
+#include <sstream>
+
+#include "text/format.h"
+
+namespace tv::test {
+namespace {
+
+std::string text_of(double v) { return text::format(v, "0.00000000"); }
+
+std::vector<std::string> read_lines(const std::filesystem::path& p) {
+    std::ifstream in(p);
+    std::vector<std::string> lines;
+    for (std::string l; std::getline(in, l);) lines.push_back(l);
+    return lines;
+}
+
+TEST_F(SpectraTest, TickBoxChainsLeaveOneMeasureOrNone) {
+    to_response();
+    windows::Form3& f = form3();
+    program.run([&] { f.Check1.user_click(); });
+    program.run([&] { f.Check2.user_click(); });
+    EXPECT_EQ(f.Check1.value(), 0);
+    EXPECT_EQ(f.Check2.value(), 1);
+    // Ticking Velocity while Ps.Velocity is ticked unticks both, through the chain of clicks.
+    program.run([&] { f.Check3.user_click(); });
+    EXPECT_EQ(f.Check2.value(), 0);
+    EXPECT_EQ(f.Check3.value(), 0);
+    program.run([&] { f.Check3.user_click(); });
+    EXPECT_EQ(f.Check3.value(), 1);
+}
+
+TEST_F(SpectraTest, OpeningLeavesTheWindowUncalculated) {
+    to_response(2);
+    windows::Form3& f = form3();
+    EXPECT_EQ(f.Combo1.items(), (std::vector<std::string>{"1", "2"}));
+    EXPECT_EQ(f.Combo1.text(), "1");
+    EXPECT_EQ(f.calculated, 0);
+    EXPECT_FALSE(f.Command4.enabled());
+    EXPECT_FALSE(f.Command5.enabled());
+    EXPECT_FALSE(state().specX1.allocated());
+    program.run([&] { f.Combo1.set_list_index(1); });  // before Calculate: nothing
+    EXPECT_FALSE(state().specX1.allocated());
+}
+
+TEST_F(SpectraTest, CalculateFillsEveryRecordsSpectraAndNamesTheMeasure) {
+    to_response(2);
+    windows::Form3& f = form3();
+    program.run([&] { f.Check1.user_click(); });
+    press(f.Command1);
+    ASSERT_TRUE(platform.messages.empty());
+    EXPECT_EQ(f.Label4.caption(), "(Displacement)");
+    EXPECT_EQ(f.calculated, 1);
+    EXPECT_TRUE(f.Command4.enabled());
+    EXPECT_TRUE(f.Command5.enabled());
+    EXPECT_FALSE(f.Picbar.visible());
+    const windows::ProjectState& s = state();
+    ASSERT_EQ(s.specY2.ubound(), 400);
+    EXPECT_GT(s.specX1(1), 0.0);
+    EXPECT_EQ(s.specX1(1), s.specX2(1));  // the same record twice
+    EXPECT_EQ(s.specX1(0), 0.0);
+    EXPECT_EQ(f.pbar.value(), 0.0f);
+    EXPECT_GE(platform.do_events_calls, 800);  // once per period and record
+}
+
+TEST_F(SpectraTest, AnOptionClickBeforeCalculateStartsTheCalculation) {
+    to_response();
+    windows::Form3& f = form3();
+    program.run([&] { f.Option2.user_click(); });
+    EXPECT_EQ(f.calculated, 1);
+    EXPECT_TRUE(state().specY1.allocated());
+    EXPECT_EQ(f.Label4.caption(), "(Default : Pseudo.Acceleration)");  // not set on this road
+    EXPECT_FALSE(f.chart.picNemodar.ops().empty());
+}
+
+TEST_F(SpectraTest, ADampingOfOneFailsInTheIntegratorWithItsOwnBox) {
+    to_response();
+    windows::Form3& f = form3();
+    program.run([&] { f.xbeta.set_text("1"); });
+    press(f.Command1);
+    ASSERT_FALSE(platform.messages.empty());
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_EQ(platform.messages[0].text, "Division by zero");
+    EXPECT_TRUE(f.Picbar.visible());
+    EXPECT_FALSE(f.Command4.enabled());
+}
+
+TEST_F(SpectraTest, ExportWritesTheTwelveColumnsAndClosesTheInputs) {
+    to_response();
+    windows::Form3& f = form3();
+    press(f.Command1);
+    platform.file_answers = {(dir / "out").string()};
+    press(f.Command5);
+    auto lines = read_lines(dir / "out.txt");
+    ASSERT_EQ(lines.size(), 10u);  // heading + N = last line 9
+    EXPECT_EQ(lines[0], windows::kResponseExportHeading);
+    EXPECT_EQ(lines[0].substr(0, 11), "      a(x1)");
+    EXPECT_EQ(lines[0].substr(lines[0].size() - 12), "S(y3)       ");
+    std::ostringstream expected;
+    expected << "0.00000000    0.00000000    0.00000000    0.00000000    0.00000000    0.00000000    "
+             << text_of(state().specX1(1)) << "    " << text_of(state().specY1(1))
+             << "    0.00000000    0.00000000    0.00000000    0.00000000";
+    EXPECT_EQ(lines[1], expected.str());
+    EXPECT_EQ(lines[3].substr(0, 12), "-0.40000000 ");
+    EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Done"});
+    EXPECT_FALSE(f.Frame1.enabled());
+    EXPECT_FALSE(f.Command5.enabled());
+    // The spectra were cut to N for good.
+    EXPECT_EQ(state().specX1.ubound(), 9);
+}
+
+TEST_F(SpectraTest, ACancelledExportWritesNothingButSaysDoneAndClosesTheInputs) {
+    to_response();
+    windows::Form3& f = form3();
+    press(f.Command1);
+    press(f.Command5);
+    EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Done"});
+    EXPECT_FALSE(f.Frame1.enabled());
+    EXPECT_EQ(state().specX1.ubound(), 400);
+}
+
+TEST_F(SpectraTest, BackUnloadsForm3AloneAndForm2StaysHidden) {
+    to_response();
+    press(form3().Command2);
+    EXPECT_FALSE(program.is_loaded<windows::Form3>());
+    ASSERT_TRUE(program.is_loaded<windows::Form2>());
+    EXPECT_FALSE(form2().visible());
+}
+
+}  // namespace
+}  // namespace tv::test
