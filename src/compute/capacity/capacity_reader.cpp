@@ -1,0 +1,151 @@
+#include "compute/capacity/capacity_reader.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "text/format.h"
+#include "text/number_text.h"
+#include "text/rounding.h"
+#include "text/runtime_error.h"
+
+namespace tv::compute {
+
+namespace detail {
+
+std::vector<std::string> read_lines(const std::string& path) {
+    auto fail = [&path](int number) {
+        throw text::RuntimeError(number, text::error_description(number) + ": " + path);
+    };
+    std::error_code ec;
+    auto status = std::filesystem::status(path, ec);
+    if (path.empty() || ec || !std::filesystem::exists(status)) fail(text::kFileNotFound);
+    if (std::filesystem::is_directory(status)) fail(75);
+    std::ifstream in(path, std::ios::binary);
+    if (!in) fail(75);
+    std::ostringstream buf;
+    buf << in.rdbuf();
+    if (in.bad()) fail(75);
+    // LF, CR LF and a lone CR all end a line; the last line needs no end.
+    const std::string all = buf.str();
+    std::vector<std::string> lines;
+    std::size_t start = 0, n = all.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        char c = all[i];
+        if (c == '\n' || c == '\r') {
+            lines.emplace_back(all, start, i - start);
+            if (c == '\r' && i + 1 < n && all[i + 1] == '\n') ++i;
+            start = i + 1;
+        }
+    }
+    if (start < n) lines.emplace_back(all, start, n - start);
+    return lines;
+}
+
+}  // namespace detail
+
+std::string clean_capacity_line(std::string_view line) {
+    // The format counts on a disposable first column: it is never copied.
+    std::string once;
+    for (std::size_t k = 1; k < line.size(); ++k)
+        if (!(line[k - 1] == ' ' && line[k] == ' ')) once += line[k];
+    std::string twice;
+    for (std::size_t k = 1; k < once.size(); ++k) {
+        char p = once[k - 1], c = once[k];
+        if (p == '\t' && c == ' ') continue;
+        twice += p == '\t' ? ' ' : p;
+    }
+    if (!once.empty()) twice += once.back();  // kept as it is, even a tab
+    return twice;
+}
+
+std::optional<CapacityFields> cut_capacity_fields(std::string_view s) {
+    std::size_t prev = s.find(' ');
+    if (prev == std::string_view::npos) return std::nullopt;
+    CapacityFields f;
+    f[0] = std::string(s.substr(0, prev));
+    for (std::size_t k = 1; k <= 7; ++k) {
+        std::size_t next = s.find(' ', prev + 1);
+        if (next == std::string_view::npos) return std::nullopt;
+        f[k] = std::string(s.substr(prev, next - prev));
+        prev = next;
+    }
+    if (s.find(' ', prev + 1) != std::string_view::npos) return std::nullopt;
+    f[8] = std::string(s.substr(prev));
+    return f;
+}
+
+std::optional<CapacityFields> split_capacity_line(std::string_view line) {
+    return cut_capacity_fields(clean_capacity_line(line));
+}
+
+CapacityPoint capacity_point(const CapacityFields& f) {
+    CapacityPoint p;
+    p.Step = text::to_int16(text::val(f[0]));
+    p.Teff = text::val(f[1]);
+    p.Betaeff = text::val(f[2]);
+    p.Sd_C = text::val(f[3]);
+    p.Sa_C = text::val(f[4]);
+    p.Sd_d = text::val(f[5]);
+    p.Sa_d = text::val(f[6]);
+    p.ALPHA = text::val(f[7]);
+    p.Pf_fi = text::val(f[8]);
+    return p;
+}
+
+CapacityTable parse_capacity_lines(const std::vector<std::string>& lines) {
+    CapacityTable table;
+    bool found = false;
+    try {
+        for (const auto& line : lines) {
+            if (!found) {
+                found = line.find("Teff") != std::string::npos;
+                continue;
+            }
+            if (text::trim(line).empty()) continue;
+            auto fields = split_capacity_line(line);
+            if (!fields) continue;
+            CapacityPoint point = capacity_point(*fields);
+            table.rows.push_back({std::move(*fields), point});
+        }
+    } catch (const text::RuntimeError& e) {
+        table.error = e.number();
+        table.description = e.description();
+    }
+    return table;
+}
+
+CapacityTable read_capacity_file(const std::string& path) {
+    std::vector<std::string> lines;
+    try {
+        lines = detail::read_lines(path);
+    } catch (const text::RuntimeError& e) {
+        CapacityTable table;
+        table.error = e.number();
+        table.description = e.description();
+        return table;
+    }
+    return parse_capacity_lines(lines);
+}
+
+void write_capacity_rows(TextTable& Fg, const CapacityTable& table) {
+    if (Fg.cols() < 9) Fg.set_cols(9);
+    long n = 0;
+    for (const auto& row : table.rows) {
+        Fg.set_rows(n + 2);
+        for (long c = 0; c < 9; ++c) Fg.set_text(n + 1, c, row.fields[static_cast<std::size_t>(c)]);
+        ++n;
+    }
+}
+
+void write_capacity_headings(TextTable& Fg) {
+    if (Fg.cols() < 9) Fg.set_cols(9);
+    if (Fg.rows() < 1) Fg.set_rows(1);
+    for (long c = 0; c < 9; ++c) {
+        Fg.set_text(0, c, kCapacityHeadings[static_cast<std::size_t>(c)]);
+        Fg.set_col_alignment(c, kLeftCentre);
+    }
+    Fg.set_col_width(0, 500);
+}
+
+}  // namespace tv::compute

@@ -1,0 +1,114 @@
+#pragma once
+// The demand spectrum of the capacity spectrum method: the short code spectrum of the capacity
+// wizard, the period-and-Sa spectrum file, and the interpolation of Sa at given periods.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "compute/capacity/text_table.h"
+#include "text/checked.h"
+
+namespace tv::compute {
+
+/// Plateau factor S and corner periods T0, Ts (s) of the chosen soil and hazard group, as the
+/// code spectrum's table gives them.
+struct ShortSpectrumConstants {
+    double S = 0.0;
+    double T0 = 0.0;
+    double Ts = 0.0;
+};
+
+/// The capacity wizard's short spectrum at period T (s) with scale A, without S0 and without
+/// the long-period factor: A (1 + S T / T0) below T0, A (S + 1) up to Ts, then
+/// A (S + 1) (Ts / T)^(2/3). A negative T gives 0. Never fails for T0 > 0.
+double short_spectrum(double T, double A, const ShortSpectrumConstants& c);
+
+/// "Show Diagram" of the capacity wizard: specCount = tend / xstep rounded half to even, both
+/// arrays made anew with indices 1..specCount (index 0 unused), then T runs from tstart to tend
+/// by repeated addition of xstep; pass k stores designSa(k) = short_spectrum(T) and
+/// designAux(k) = xstep * k. The arrays are filled in place.
+/// Failure: xstep 0 raises 11 (6 for tend 0 too); specCount below 1 raises 9; a pass beyond
+/// specCount raises 9 with the earlier passes stored.
+void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
+                         double tstart, double tend, double xstep, double A, const ShortSpectrumConstants& c);
+
+/// The spectrum file's lines into designAux (periods) and designSa (ordinates), indices from 1:
+/// per line the word before the first blank or tab is the period, the next word Sa, and the
+/// word at the end of the line is Sa again; after each line both arrays grow by one, so the
+/// last element stays 0 and the upper bound is the line count + 1. Filled in place.
+/// Failure: a number beyond the double range raises 6 with the lines before it stored.
+void read_period_sa_lines(const std::vector<std::string>& lines, text::DoubleArray& designAux,
+                          text::DoubleArray& designSa);
+
+/// The same from the file at `path`. Failure: 53 "File not found" or 75 before anything is
+/// changed; otherwise as read_period_sa_lines.
+void read_period_sa_file(const std::string& path, text::DoubleArray& designAux, text::DoubleArray& designSa);
+
+/// One search of Sa at period q, over j = 1 .. ubound(designAux) - 1, calling store(value) on
+/// every hit, so the last hit stands: q equal to designAux(j) gives designSa(j); q = 0 gives the
+/// line from (0, 0) to point j + 1 at 0; designAux(j) < q < designAux(j + 1) the line between the
+/// points. No tolerance: q equal to the last stored period finds nothing. Returns whether
+/// anything was found.
+/// Failure: a line from (0, 0) to a point at period 0 (the zero tail of a file spectrum)
+/// divides by zero and raises 6 or 11; arrays never made raise 9.
+template <class Store>
+bool search_sa(const text::DoubleArray& designAux, const text::DoubleArray& designSa, double q, Store&& store);
+
+/// calculare_sa of the one-period window: with L = tend / xstep, repeats the search for
+/// requestedPeriod L - 1 times into saAtPeriod (zeroed first, left 0 when nothing is found or
+/// L - 1 < 1), then searches q = i * xstep for i = 1 .. L - 1 with the results dropped.
+/// The caller refuses xstep 0 first ("Error Time Step"); here it raises 11.
+void calculare_sa_period(double& saAtPeriod, const text::DoubleArray& designAux, const text::DoubleArray& designSa,
+                         double requestedPeriod, double tend, double xstep);
+
+/// What calculare_sa of the wizard did.
+enum class SaTableOutcome { filled, zero_step };
+
+/// calculare_sa of the capacity wizard, into its four-column table FG2 ("Teff", "Sa", "T",
+/// "SA"): clears FG2; with xstep 0 stops there (zero_step: the caller shows "Error Time
+/// Step"); L = tend / xstep; saAtStep gets indices 1..L and FG2 L + 1 rows (both rounded); for
+/// each row i of Fg (1 .. rows - 1) Sa at the Teff of Fg column 1 goes to FG2 column 1 as
+/// general text; for i = 1 .. L - 1 Sa at i * xstep to column 3; Fg column 1 is copied to
+/// column 0 (no regard to a skip); for i = 1 .. L column 2 gets i * xstep and saAtStep(i) the
+/// number of column 3; then the headings, widths and alignment.
+/// Failure (RuntimeError, FG2 as far as it got): Fg longer than L rows raises 9 at the table;
+/// L below 1 raises 9; the searches' failures.
+SaTableOutcome calculare_sa(TextTable& FG2, text::DoubleArray& saAtStep, const TextTable& Fg,
+                            const text::DoubleArray& designAux, const text::DoubleArray& designSa, double tend,
+                            double xstep);
+
+/// "Input Teff From Capacity": skip = val(skipText); empties column 0 of every FG2 row, finds
+/// the end of Fg as the sweep does, and copies Fg row skip + k column 1 to FG2 row k column 0
+/// for k = 1 .. n - skip - 1. Column 1 keeps what it held.
+/// Failure: RuntimeError 9 when a row is outside either table.
+void input_teff_from_capacity(TextTable& FG2, const TextTable& Fg, const std::string& skipText);
+
+/// The end of the capacity rows: n from skip, add 1, read Fg row n column 0, stop when it is
+/// empty or n >= rows - 1. Returns n. Failure: 9 when n passes the table.
+double capacity_end_row(const TextTable& Fg, double skip);
+
+// ---------------------------------------------------------------------------------------------
+
+template <class Store>
+bool search_sa(const text::DoubleArray& designAux, const text::DoubleArray& designSa, double q, Store&& store) {
+    bool found = false;
+    const long last = designAux.ubound() - 1;
+    for (long j = 1; j <= last; ++j) {
+        const double x1 = designAux(j);
+        if (q == x1) {
+            store(designSa(j));
+            found = true;
+        } else if (q == 0.0) {
+            const double x2 = designAux(j + 1), y2 = designSa(j + 1);
+            store(text::chk(text::div(y2 - 0.0, x2 - 0.0) * (q - 0.0) + 0.0));
+            found = true;
+        } else if (x1 < q && q < designAux(j + 1)) {
+            const double x2 = designAux(j + 1), y1 = designSa(j), y2 = designSa(j + 1);
+            store(text::chk(text::div(y2 - y1, x2 - x1) * (q - x1) + y1));
+            found = true;
+        }
+    }
+    return found;
+}
+
+}  // namespace tv::compute
