@@ -8,6 +8,7 @@
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
+#include "windows/spectra/comparison_window.h"
 #include "windows/spectra/design_spectrum_window.h"
 #include "windows/spectra/response_spectrum_window.h"
 
@@ -30,6 +31,11 @@ const char* kSpectraUsage =
     "  --damping TEXT           damping ratio (default 0.05)\n"
     "  --measure psa|sd|psv|sv  spectral measure (default psa)\n"
     "  --export-spectra FILE    write the twelve-column export\n"
+    "  --compare                go on to the comparison and find the scale factor\n"
+    "  --rule srss|max          combination of the components (default srss)\n"
+    "  --sa-scale TEXT          factor on the design spectrum (default: the rule's)\n"
+    "  --band-start, --band-end TEXT   period band of the search (default 0.01, the grid's end)\n"
+    "  --export-comparison FILE write the sixteen-column export\n"
     "A list item left empty (\"--scale ,2\") leaves that record's box as it is.\n";
 
 // The k-th text of a per-record list; an empty item or a shorter list leaves the box as it is.
@@ -45,8 +51,9 @@ std::optional<std::string> nth(const ParsedOptions& o, const std::string& name, 
 
 int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     OptionSpec spec{{"first-line", "last-line", "dt", "scale", "max-value", "hazard", "soil", "design-scale", "tstart",
-                     "tend", "step", "design-file", "damping", "measure", "export-spectra"},
-                    {}};
+                     "tend", "step", "design-file", "damping", "measure", "export-spectra", "rule", "sa-scale",
+                     "band-start", "band-end", "export-comparison"},
+                    {"compare"}};
     ParsedOptions o;
     try {
         o = parse_options(args, spec);
@@ -68,6 +75,7 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
     const std::vector<std::string> hazards{"low", "moderate", "high", "very-high"};
     const std::vector<std::string> soils{"I", "II", "III", "IV"};
     const std::vector<std::string> measures{"psa", "sd", "psv", "sv"};
+    const std::string rule = o.get("rule").value_or("srss");
     auto one_of = [&](const std::string& v, const std::vector<std::string>& allowed, const char* name) {
         if (std::find(allowed.begin(), allowed.end(), v) != allowed.end()) return true;
         err << "tremorvault-cli spectra: --" << name << " takes one of";
@@ -75,7 +83,8 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
         err << '\n' << kSpectraUsage;
         return false;
     };
-    if (!one_of(hazard, hazards, "hazard") || !one_of(soil, soils, "soil") || !one_of(measure, measures, "measure"))
+    if (!one_of(hazard, hazards, "hazard") || !one_of(soil, soils, "soil") || !one_of(measure, measures, "measure") ||
+        !one_of(rule, {"srss", "max"}, "rule"))
         return kUsage;
     Session s(out, err);
     try {
@@ -145,6 +154,22 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
         if (auto file = o.get("export-spectra")) {
             s.platform.file_answers.push_back(*file);
             s.step([&] { f3.Command5.press(); });
+        }
+        if (o.has("compare")) {
+            s.step([&] { f3.Command4.press(); });
+            auto& f4 = s.program.form<windows::Form4>();
+            if (rule == "max") s.step([&] { f4.Check2.user_click(); });
+            s.step([&] {
+                if (auto v = o.get("sa-scale")) f4.xbeta.set_text(*v);
+                if (auto v = o.get("band-start")) f4.tstart.set_text(*v);
+                if (auto v = o.get("band-end")) f4.tend.set_text(*v);
+            });
+            s.step([&] { f4.Command1.press(); });
+            s.print("scale factor", f4.xzarib.text());
+            if (auto file = o.get("export-comparison")) {
+                s.platform.file_answers.push_back(*file);
+                s.step([&] { f4.Command3.press(); });
+            }
         }
     } catch (const Exit& e) {
         return e.status;

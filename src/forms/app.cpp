@@ -15,8 +15,16 @@ bool App::is_loaded(const Form& form) const {
 
 bool App::unload(Form& form) {
     if (!is_loaded(form)) return true;
+    if (std::find(unloading_.begin(), unloading_.end(), &form) != unloading_.end()) return true;
     int cancel = 0;
-    form.Form_Unload(cancel);
+    unloading_.push_back(&form);
+    try {
+        form.Form_Unload(cancel);
+    } catch (...) {
+        unloading_.erase(std::find(unloading_.begin(), unloading_.end(), &form));
+        throw;
+    }
+    unloading_.erase(std::find(unloading_.begin(), unloading_.end(), &form));
     if (cancel != 0) return false;
     if (!is_loaded(form)) return true;  // its own handler unloaded it already
     form.set_visible_flag(false);

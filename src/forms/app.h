@@ -73,6 +73,8 @@ private:
     // Windows unloaded while a handler of theirs may still be on the stack.
     std::vector<std::unique_ptr<Form>> unloaded_;
     Form* active_ = nullptr;
+    // Windows whose Form_Unload is running: a nested unload of them is a no-op.
+    std::vector<const Form*> unloading_;
     int depth_ = 0;
     bool ended_ = false;
 };

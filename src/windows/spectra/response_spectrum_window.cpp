@@ -6,6 +6,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
+#include "windows/spectra/comparison_window.h"
 
 namespace tv::windows {
 
@@ -88,9 +89,7 @@ void Form3::Form_Load() {
     Command5.set_enabled(false);
 }
 
-void Form3::Form_Unload(int&) {
-    // The comparison window goes down with this one once it is built.
-}
+void Form3::Form_Unload(int&) { program().unload<Form4>(); }
 
 text::DoubleArray* Form3::selected_spectrum() {
     const double n = val(Combo1.text());
@@ -140,7 +139,14 @@ void Form3::Command4_Click() {
     chart.Slider1.set_enabled(false);
     Command5.set_enabled(false);
     hide();
-    // The comparison window opens here with the six peaks once it is built.
+    Form4& f4 = program().form<Form4>();
+    f4.Text2.set_text(Text2.text());
+    f4.Text3.set_text(Text3.text());
+    f4.Text4.set_text(Text4.text());
+    f4.Text5.set_text(Text5.text());
+    f4.Text6.set_text(Text6.text());
+    f4.Text7.set_text(Text7.text());
+    showChildWindow(f4, false);
 }
 
 void Form3::Command5_Click() {

@@ -1,0 +1,148 @@
+// Form4: the scale factor, its rules, the band guard, the read-out, the closing question, the export.
+#include "spectra_fixture.h"
+
+#include <fstream>
+
+#include "text/format.h"
+#include "text/number_text.h"
+#include "text/rounding.h"
+#include "windows/spectra/comparison_window.h"
+
+namespace tv::test {
+namespace {
+
+class ComparisonTest : public SpectraTest {
+protected:
+    void to_comparison(int records = 1) {
+        to_response(records);
+        press(form3().Command1);
+        press(form3().Command4);
+        ASSERT_TRUE(program.is_loaded<windows::Form4>());
+    }
+    windows::Form4& form4() { return program.form<windows::Form4>(); }
+};
+
+std::vector<std::string> lines_of(const std::filesystem::path& p) {
+    std::ifstream in(p);
+    std::vector<std::string> lines;
+    for (std::string l; std::getline(in, l);) lines.push_back(l);
+    return lines;
+}
+
+TEST_F(ComparisonTest, OpeningTakesThePeaksAndTheGridEnd) {
+    to_comparison();
+    windows::Form4& f = form4();
+    EXPECT_EQ(f.Text2.text(), "0.4");
+    EXPECT_EQ(f.Text3.text(), "0.35");
+    EXPECT_EQ(f.tend.text(), "4");
+    EXPECT_FALSE(f.Command3.enabled());  // no export before a calculation
+    EXPECT_FALSE(form3().visible());
+}
+
+TEST_F(ComparisonTest, TheFactorLiftsTheAverageToTheTargetAndNeverCompounds) {
+    to_comparison();
+    windows::Form4& f = form4();
+    press(f.Command1);
+    const std::string first = f.xzarib.text();
+    const double z = text::val(first);
+    ASSERT_GT(z, 1.0);  // a tiny record against the code spectrum
+    EXPECT_EQ(text::round_to(z, 2), z);
+    const windows::ProjectState& s = state();
+    EXPECT_EQ(s.accelX1(3), z * s.baseAccelX1(3));
+    EXPECT_EQ(s.accelX1(9), s.baseAccelX1(9));  // the last sample is not rewritten
+    // The average after scaling meets the target at the worst period, to the rounding of z.
+    double worst = 0;
+    for (long j = 1; j <= 400; ++j) worst = std::max(worst, f.targetSpectrum(j) / f.averageSpectrum(j));
+    EXPECT_LT(worst, 1.0 + 0.005 / z * 1.01 + 1e-12);
+    EXPECT_TRUE(f.Command3.enabled());
+    press(f.Command1);
+    EXPECT_EQ(f.xzarib.text(), first);
+    EXPECT_EQ(s.accelX1(3), z * s.baseAccelX1(3));
+}
+
+TEST_F(ComparisonTest, TheRuleBoxSetsTheSaScaleAndTheBandButNoCalculation) {
+    to_comparison();
+    windows::Form4& f = form4();
+    program.run([&] { f.xbeta.set_text("1.5"); });
+    program.run([&] { f.tstart.set_text("0.5"); });
+    program.run([&] { f.Check2.user_click(); });
+    EXPECT_EQ(f.xbeta.text(), "1.3");
+    EXPECT_EQ(f.tstart.text(), "0.01");
+    EXPECT_EQ(f.tend.text(), "4");
+    EXPECT_EQ(f.xzarib.text(), "1.0");
+    program.run([&] { f.Check2.user_click(); });
+    EXPECT_EQ(f.xbeta.text(), "1.17");
+}
+
+TEST_F(ComparisonTest, TheBandEndCannotPassTheGridEnd) {
+    to_comparison();
+    windows::Form4& f = form4();
+    program.run([&] { f.tend.set_text("4.5"); });
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, windows::kBandEndMessage);
+    EXPECT_EQ(platform.messages[0].title, "");
+    EXPECT_EQ(f.tend.text(), "4");
+    program.run([&] { f.tend.set_text("2"); });
+    EXPECT_EQ(platform.messages.size(), 1u);
+}
+
+TEST_F(ComparisonTest, TheReadOutShowsAverageTargetAndPeriod) {
+    to_comparison();
+    windows::Form4& f = form4();
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 50, 0); });
+    EXPECT_EQ(f.LabelBlue.caption(), "SRSS : 0.00");  // before Calculate the arrays are missing
+    press(f.Command1);
+    program.run([&] { f.Check1.user_click(); });
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 50.4, 0); });
+    EXPECT_EQ(f.LabelBlue.caption(), "SRSS : " + text::format(f.averageSpectrum(50), "0.00"));
+    EXPECT_EQ(f.LabelRed.caption(), "Spa(st): " + text::format(f.targetSpectrum(50), "0.00"));
+    EXPECT_EQ(f.Label12.caption(), "T(Period) : 0.50");
+    EXPECT_TRUE(f.LineRed.visible());
+    EXPECT_FLOAT_EQ(f.LineBlue.y1(), static_cast<float>(f.averageSpectrum(50)));
+}
+
+TEST_F(ComparisonTest, ExportWritesSixteenColumnsFromTheDataFirstLine) {
+    to_comparison();
+    windows::Form4& f = form4();
+    press(f.Command1);
+    program.run([&] { f.Check2.set_value(1); });
+    press(f.Command1);
+    platform.file_answers = {(dir / "cmp.TXT").string()};
+    press(f.Command3);
+    auto lines = lines_of(dir / "cmp.TXT");
+    ASSERT_EQ(lines.size(), 1u + 8u);  // heading, then i = 2 .. 9
+    EXPECT_EQ(lines[0].substr(lines[0].size() - 9), "Smax(Ave)");
+    const windows::ProjectState& s = state();
+    std::string expected;
+    for (int c = 0; c < 16; ++c) {
+        if (c) expected += "     ";
+        double v = c == 0 ? s.accelX1(2) : c == 1 ? s.accelY1(2) : c == 6 ? s.specX1(1) : c == 7 ? s.specY1(1)
+                 : c == 12 ? f.combined1(1) : c == 15 ? f.averageSpectrum(1) : 0.0;
+        expected += text::format(v, "0.00000000");
+    }
+    EXPECT_EQ(lines[1], expected);
+    EXPECT_EQ(platform.message_texts().back(), "Done");
+}
+
+TEST_F(ComparisonTest, YesClosesBothWindowsNoKeepsThisOneAndClosesForm3) {
+    to_comparison();
+    platform.message_answers = {forms::MsgResult::No};
+    press(form4().Command2);
+    EXPECT_EQ(platform.messages.back().text, "Do you want to close the form?");
+    EXPECT_EQ(platform.messages.back().title, "Notice");
+    EXPECT_TRUE(program.is_loaded<windows::Form4>());
+    EXPECT_FALSE(program.is_loaded<windows::Form3>());
+    // A later Calculate reloads Form3 for its damping, with the default text.
+    press(form4().Command1);
+    ASSERT_TRUE(program.is_loaded<windows::Form3>());
+    EXPECT_EQ(form3().xbeta.text(), "0.05");
+
+    platform.message_answers = {forms::MsgResult::Yes};
+    press(form4().Command2);
+    EXPECT_FALSE(program.is_loaded<windows::Form4>());
+    EXPECT_FALSE(program.is_loaded<windows::Form3>());
+    EXPECT_TRUE(program.is_loaded<windows::Form2>());
+}
+
+}  // namespace
+}  // namespace tv::test
