@@ -34,7 +34,7 @@ TEST(CliTest, SpectraPrintsThePeaksOfEachRecord) {
     CliResult r = run_cli({"spectra", "--first-line", "5", "--dt", "0.01", kSamples + "synthetic_X.txt",
                            kSamples + "synthetic_Y.txt"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "records: 1\npeak X 1: 0.35\npeak Y 1: 0.3\n");
+    EXPECT_EQ(r.out, "records: 1\npeak X 1: 0.35\npeak Y 1: 0.3\ndesign points: 400\nmeasure: (Pseudo.Acceleration)\n");
     EXPECT_EQ(r.err, "");
 }
 
@@ -44,7 +44,7 @@ TEST(CliTest, SpectraOnTwoRealRecordsWithScaleAndPeak) {
     if (a.empty() || c.empty()) GTEST_SKIP() << "shared data not present";
     CliResult r = run_cli({"spectra", "--first-line", "5", "--scale", "1.0,2", "--max-value", ",0.5", a, b, c, d});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out,
+    EXPECT_EQ(r.out.substr(0, r.out.find("design points")),
               "records: 2\npeak X 1: 0.3119112\npeak Y 1: 0.3641835\n"
               "peak X 2: 0.44394392\npeak Y 2: 0.5\n");  // X follows Y to the new peak
 }
@@ -69,6 +69,31 @@ TEST(CliTest, ARunTimeErrorIsStatusThree) {
                            kSamples + "synthetic_Y.txt"});
     EXPECT_EQ(r.status, 3);
     EXPECT_NE(r.err.find("run-time error: "), std::string::npos);
+}
+
+TEST(CliTest, SpectraOptionsReachTheirWindows) {
+    const std::string x = kSamples + "synthetic_X.txt", y = kSamples + "synthetic_Y.txt";
+    CliResult sd = run_cli({"spectra", "--first-line", "5", "--measure", "sd", "--tend", "2", "--step", "0.02", x, y});
+    EXPECT_EQ(sd.status, 0) << sd.err;
+    EXPECT_NE(sd.out.find("design points: 100\n"), std::string::npos);
+    EXPECT_NE(sd.out.find("measure: (Displacement)\n"), std::string::npos);
+
+    CliResult bad = run_cli({"spectra", "--hazard", "extreme", x, y});
+    EXPECT_EQ(bad.status, 2);
+    EXPECT_NE(bad.err.find("--hazard"), std::string::npos);
+
+    // A period grid starting at 0 writes one ordinate too many: a run-time error in Form2.
+    CliResult zero = run_cli({"spectra", "--first-line", "5", "--tstart", "0", x, y});
+    EXPECT_EQ(zero.status, 3);
+    EXPECT_NE(zero.err.find("run-time error: Subscript out of range"), std::string::npos);
+
+    // The same rounded factor, whichever way the band is typed.
+    CliResult a = run_cli({"spectra", "--first-line", "5", "--compare", "--hazard", "very-high", "--soil", "IV", x, y});
+    CliResult b = run_cli({"spectra", "--first-line", "5", "--compare", "--hazard", "very-high", "--soil", "IV",
+                           "--band-start", "0.010", "--band-end", "4.0", x, y});
+    EXPECT_EQ(a.status, 0) << a.err;
+    EXPECT_NE(a.out.find("scale factor: "), std::string::npos);
+    EXPECT_EQ(a.out, b.out);
 }
 
 }  // namespace

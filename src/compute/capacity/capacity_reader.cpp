@@ -1,5 +1,7 @@
 #include "compute/capacity/capacity_reader.h"
 
+#include "compute/project/text_file.h"
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -14,32 +16,9 @@ namespace tv::compute {
 namespace detail {
 
 std::vector<std::string> read_lines(const std::string& path) {
-    auto fail = [&path](int number) {
-        throw text::RuntimeError(number, text::error_description(number) + ": " + path);
-    };
-    std::error_code ec;
-    auto status = std::filesystem::status(path, ec);
-    if (path.empty() || ec || !std::filesystem::exists(status)) fail(text::kFileNotFound);
-    if (std::filesystem::is_directory(status)) fail(75);
-    std::ifstream in(path, std::ios::binary);
-    if (!in) fail(75);
-    std::ostringstream buf;
-    buf << in.rdbuf();
-    if (in.bad()) fail(75);
-    // LF, CR LF and a lone CR all end a line; the last line needs no end.
-    const std::string all = buf.str();
-    std::vector<std::string> lines;
-    std::size_t start = 0, n = all.size();
-    for (std::size_t i = 0; i < n; ++i) {
-        char c = all[i];
-        if (c == '\n' || c == '\r') {
-            lines.emplace_back(all, start, i - start);
-            if (c == '\r' && i + 1 < n && all[i + 1] == '\n') ++i;
-            start = i + 1;
-        }
-    }
-    if (start < n) lines.emplace_back(all, start, n - start);
-    return lines;
+    TextFile file = read_text_file(path);
+    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
+    return std::move(file.lines);
 }
 
 }  // namespace detail

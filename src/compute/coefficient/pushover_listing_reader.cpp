@@ -1,5 +1,7 @@
 #include "compute/coefficient/pushover_listing_reader.h"
 
+#include "compute/project/text_file.h"
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -10,22 +12,6 @@
 namespace tv::compute {
 
 namespace {
-
-// LF, CR LF and a lone CR all end a line; the last line needs no end.
-std::vector<std::string> split_lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t start = 0, n = text.size();
-    for (std::size_t i = 0; i < n; ++i) {
-        char c = text[i];
-        if (c == '\n' || c == '\r') {
-            lines.emplace_back(text, start, i - start);
-            if (c == '\r' && i + 1 < n && text[i + 1] == '\n') ++i;
-            start = i + 1;
-        }
-    }
-    if (start < n) lines.emplace_back(text, start, n - start);
-    return lines;
-}
 
 PushoverTable failed(int number, const std::string& path) {
     PushoverTable table;
@@ -72,16 +58,9 @@ PushoverTable parse_pushover_listing(const std::vector<std::string>& lines) {
 }
 
 PushoverTable read_pushover_listing(const std::string& path) {
-    std::error_code ec;
-    auto status = std::filesystem::status(path, ec);
-    if (path.empty() || ec || !std::filesystem::exists(status)) return failed(text::kFileNotFound, path);
-    if (std::filesystem::is_directory(status)) return failed(75, path);
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return failed(75, path);
-    std::ostringstream buf;
-    buf << in.rdbuf();
-    if (in.bad()) return failed(75, path);
-    return parse_pushover_listing(split_lines(buf.str()));
+    TextFile file = read_text_file(path);
+    if (!file.ok()) return failed(file.error, path);
+    return parse_pushover_listing(file.lines);
 }
 
 }  // namespace tv::compute

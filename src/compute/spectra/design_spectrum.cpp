@@ -1,5 +1,7 @@
 #include "compute/spectra/design_spectrum.h"
 
+#include "compute/project/text_file.h"
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -69,35 +71,14 @@ void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, 
     }
 }
 
-namespace {
-
-[[noreturn]] void raise_open(int number) { throw text::RuntimeError(number, text::error_description(number)); }
-
-}  // namespace
-
 void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
                         std::int32_t& specCount) {
-    std::error_code ec;
-    const auto status = std::filesystem::status(path, ec);
-    if (ec || !std::filesystem::exists(status)) raise_open(text::kFileNotFound);
-    std::ifstream in(path, std::ios::binary);
-    if (std::filesystem::is_directory(status) || !in) raise_open(75);
-    const std::string body{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (in.bad()) raise_open(75);
-
+    TextFile file = read_text_file(path);
+    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
     specCount = spectrum_count(tEnd, step);
     designSa.redim(specCount);
-    long i = 1;
-    std::size_t start = 0;
-    const std::size_t n = body.size();
-    while (start < n && i <= specCount) {
-        std::size_t end = start;
-        while (end < n && body[end] != '\n' && body[end] != '\r') ++end;
-        designSa(i) = text::val(std::string_view(body).substr(start, end - start));
-        ++i;
-        if (end < n && body[end] == '\r' && end + 1 < n && body[end + 1] == '\n') ++end;
-        start = end + 1;
-    }
+    for (long i = 1; i <= specCount && i <= static_cast<long>(file.lines.size()); ++i)
+        designSa(i) = text::val(file.lines[static_cast<std::size_t>(i - 1)]);
 }
 
 }  // namespace tv::compute

@@ -203,7 +203,7 @@ TEST_F(SpectrumFile, MissingFileChangesNothing) {
         FAIL();
     } catch (const RuntimeError& e) {
         EXPECT_EQ(e.number(), text::kFileNotFound);
-        EXPECT_EQ(e.description(), "File not found");
+        EXPECT_EQ(e.description().rfind("File not found: ", 0), 0u);  // with the file's name
     }
     EXPECT_EQ(count, 2);
     EXPECT_EQ(sa(1), 9);
