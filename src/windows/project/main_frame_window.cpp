@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "compute/project/text_file.h"
+#include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/project/about_window.h"
@@ -56,6 +58,20 @@ std::string open_txt_dialog(forms::Platform& platform) {
     return platform.file_dialog(req).value_or("*.txt");
 }
 
+std::string save_txt_dialog(forms::Platform& platform) {
+    forms::FileDialogRequest req;
+    req.save = true;
+    req.filter = "*.txt";
+    req.file_name = "*.txt";
+    std::string name = platform.file_dialog(req).value_or("*.txt");
+    return name == "*.txt" ? name : text::with_txt_extension(name);
+}
+
+void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines) {
+    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), lines);
+    if (!written.ok()) throw text::RuntimeError(written.error, written.description);
+}
+
 std::string resolve_in_workdir(const ProjectState& state, const std::string& name) {
     std::filesystem::path p(name);
     if (p.is_absolute() || state.workDir.empty()) return name;
@@ -77,23 +93,28 @@ void frmMain::menu_open_Click() {
         s.recordCount = 0;
         return;
     }
-    std::string name = open_txt_dialog(platform());
+    open_record_file(program(), s.dataFirstLine, true);
+}
+
+void open_record_file(Program& program, double first_line, bool reset_on_cancel) {
+    ProjectState& s = program.state;
+    std::string name = open_txt_dialog(program.platform());
     if (name == "*.txt") {
-        s.recordCount = 0;
+        if (reset_on_cancel) s.recordCount = 0;
         return;
     }
     s.fileName = name;
     if (s.componentLetter != "X" || s.currentRecord != 1) {
-        Form1& f = program().form<Form1>();
+        Form1& f = program.form<Form1>();
         f.fileLoaded = 0;
         f.Form_Activate();
     } else {
-        program().unload<Form1>();
-        Form1& f = program().form<Form1>();
+        program.unload<Form1>();
+        Form1& f = program.form<Form1>();
         f.fileLoaded = 0;
         showChildWindow(f, false);
     }
-    program().form<Form1>().Xfline.set_text(to_text(s.dataFirstLine));
+    program.form<Form1>().Xfline.set_text(to_text(first_line));
 }
 
 void frmMain::menu_exit_Click() { program().end(); }

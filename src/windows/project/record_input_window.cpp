@@ -9,6 +9,7 @@
 #include "windows/project/inputs_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/peak_boxes.h"
 
 namespace tv::windows {
 
@@ -298,12 +299,11 @@ void Form1::xnext_Click() {
         program().unload<Form2>();
         Form2& f2 = program().form<Form2>();
         showChildWindow(f2, false);
-        f2.Text2.set_text(to_text(savedMaxX[1]));
-        f2.Text3.set_text(to_text(savedMaxY[1]));
-        f2.Text4.set_text(to_text(savedMaxX[2]));
-        f2.Text5.set_text(to_text(savedMaxY[2]));
-        f2.Text6.set_text(to_text(savedMaxX[3]));
-        f2.Text7.set_text(to_text(savedMaxY[3]));
+        const PeakBoxes peaks = peak_boxes(f2);
+        for (std::size_t k = 1; k <= 3; ++k) {
+            peaks[2 * k - 2]->set_text(to_text(savedMaxX[k]));
+            peaks[2 * k - 1]->set_text(to_text(savedMaxY[k]));
+        }
     }
 }
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "compute/project/text_file.h"
 #include "compute/spectra/comparison.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
+#include "windows/spectra/peak_boxes.h"
 #include "windows/spectra/response_spectrum_window.h"
 
 namespace tv::windows {
@@ -114,12 +114,13 @@ void Form4::calculate() {
     ProjectState& s = state();
     xzarib.set_text("1");
     chart.picNemodar.cls();
-    forms::TextBox* peaks[] = {&Text2, &Text3, &Text4, &Text5, &Text6, &Text7};
+    const PeakBoxes peaks = peak_boxes(*this);
     std::vector<compute::ComparisonRecord> records;
     for (std::int32_t k = 1; k <= s.recordCount; ++k)
         records.push_back({s.recordFirstLine(k), s.recordLastLine(k), s.baseAccel(k, 'X'), s.baseAccel(k, 'Y'),
                            s.accel(k, 'X'), s.accel(k, 'Y'), s.spec(k, 'X'), s.spec(k, 'Y'),
-                           val(peaks[2 * (k - 1)]->text()), val(peaks[2 * (k - 1) + 1]->text()), combined(k)});
+                           val(peaks[static_cast<std::size_t>(2 * k - 2)]->text()),
+                           val(peaks[static_cast<std::size_t>(2 * k - 1)]->text()), combined(k)});
     compute::ComparisonHooks hooks;
     // The damping is Form3's: reading it loads that window again when it was closed.
     hooks.run_integrator = [this] {
@@ -172,13 +173,9 @@ void Form4::picNemodar_MouseMove(double x, double) {
 void Form4::Command3_Click() {
     ProjectState& s = state();
     if (activated != 1) return;
-    forms::FileDialogRequest req;
-    req.save = true;
-    req.filter = "*.txt";
-    req.file_name = "*.txt";
-    std::string name = platform().file_dialog(req).value_or("*.txt");
+    std::string name = save_txt_dialog(platform());
     if (name != "*.txt") {
-        s.fileName = text::with_txt_extension(name);
+        s.fileName = name;
         platform().set_busy(true);
         std::vector<std::string> lines{Check2.checked() ? kHeadingMax : kHeadingSrss};
         std::int32_t N = 0;
@@ -197,8 +194,7 @@ void Form4::Command3_Click() {
             Text1.set_text(line);
             lines.push_back(std::move(line));
         }
-        compute::TextFile written = compute::write_text_file(resolve_in_workdir(s, s.fileName), lines);
-        if (!written.ok()) throw text::RuntimeError(written.error, written.description);
+        write_export(s, s.fileName, lines);
         platform().set_busy(false);
     }
     platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);

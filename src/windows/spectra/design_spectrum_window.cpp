@@ -2,6 +2,7 @@
 
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
+#include "windows/spectra/peak_boxes.h"
 #include "windows/spectra/response_spectrum_window.h"
 
 namespace tv::windows {
@@ -125,12 +126,7 @@ void Form2::xnext_Click() {
     s.periodStep = val(xstep.text());
     hide();
     Form3& f3 = program().form<Form3>();
-    f3.Text2.set_text(Text2.text());
-    f3.Text3.set_text(Text3.text());
-    f3.Text4.set_text(Text4.text());
-    f3.Text5.set_text(Text5.text());
-    f3.Text6.set_text(Text6.text());
-    f3.Text7.set_text(Text7.text());
+    copy_peaks(peak_boxes(*this), peak_boxes(f3));
     showChildWindow(f3, false);
 }
 

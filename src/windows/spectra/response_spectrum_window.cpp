@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "compute/project/text_file.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/spectra/comparison_window.h"
+#include "windows/spectra/peak_boxes.h"
 
 namespace tv::windows {
 
@@ -140,25 +140,16 @@ void Form3::Command4_Click() {
     Command5.set_enabled(false);
     hide();
     Form4& f4 = program().form<Form4>();
-    f4.Text2.set_text(Text2.text());
-    f4.Text3.set_text(Text3.text());
-    f4.Text4.set_text(Text4.text());
-    f4.Text5.set_text(Text5.text());
-    f4.Text6.set_text(Text6.text());
-    f4.Text7.set_text(Text7.text());
+    copy_peaks(peak_boxes(*this), peak_boxes(f4));
     showChildWindow(f4, false);
 }
 
 void Form3::Command5_Click() {
     ProjectState& s = state();
     if (calculated == 1) {
-        forms::FileDialogRequest req;
-        req.save = true;
-        req.filter = "*.txt";
-        req.file_name = "*.txt";
-        std::string name = platform().file_dialog(req).value_or("*.txt");
+        std::string name = save_txt_dialog(platform());
         if (name != "*.txt") {
-            s.fileName = text::with_txt_extension(name);
+            s.fileName = name;
             platform().set_busy(true);
             std::int32_t N = 0;
             for (std::int32_t k = 1; k <= s.recordCount; ++k) N = std::max(N, s.recordLastLine(k));
@@ -176,8 +167,7 @@ void Form3::Command5_Click() {
                 Text1.set_text(line);
                 lines.push_back(std::move(line));
             }
-            compute::TextFile written = compute::write_text_file(resolve_in_workdir(s, s.fileName), lines);
-            if (!written.ok()) throw text::RuntimeError(written.error, written.description);
+            write_export(s, s.fileName, lines);
             platform().set_busy(false);
         }
         platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);
