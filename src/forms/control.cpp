@@ -106,7 +106,7 @@ void ComboBox::add_item(std::string item) {
 }
 
 void ComboBox::set_list_index(int i) {
-    if (i < -1 || i >= static_cast<int>(items_.size())) text::raise(380 /* invalid property value */);
+    if (i < -1 || i >= static_cast<int>(items_.size())) text::raise(text::kInvalidPropertyValue);
     if (i == index_) return;
     index_ = i;
     text_ = i >= 0 ? items_[static_cast<std::size_t>(i)] : std::string();

@@ -11,7 +11,7 @@ Grid::Grid(Form& f, std::string name, int rows, int cols, Control* container)
     : Control(f, std::move(name), ControlKind::Grid, container), rows_(0), cols_(0) {
     set_cols(cols);
     set_rows(rows);
-    if (rows_ <= 1) row_ = rows_ - 1 < 0 ? 0 : rows_ - 1;
+    row_ = rows_ > 1 ? 1 : 0;  // the first row under the heading
 }
 
 std::size_t Grid::at(int row, int col) const {

@@ -61,8 +61,8 @@ double PictureBox::y_from_twips(double ty) const { return height_ == 0 ? st_ : s
 
 void PictureBox::cls() {
     ops_.clear();
-    cx_ = sl_;
-    cy_ = st_;
+    cx_ = 0;  // Cls puts the current point at 0, 0 of the user scale
+    cy_ = 0;
     ++revision_;
     notify();
 }

@@ -52,6 +52,7 @@ public:
     double y_from_twips(double ty) const;
 
     // Drawing.
+    /// Clears the drawing; the current point goes back to 0, 0.
     void cls();
     void line(double x1, double y1, double x2, double y2, int color = -1);
     void pset(double x, double y, int color = -1);

@@ -31,6 +31,7 @@ struct PrintJob {
     std::string font = "Tahoma";
     std::string heading;                // printed above the lines, larger
     std::vector<std::string> lines;
+    std::string pdf_path;               // not empty: the page goes to this PDF file instead
 };
 
 class Platform {

@@ -37,8 +37,8 @@ inline double log_(double x) {
 /// Exp: overflow raises 6.
 inline double exp_(double x) { return chk(std::exp(x)); }
 
-/// a ^ b: a negative base with a fractional power, or 0 to a negative power, raises 5;
-/// an infinite result raises 6.
+/// a ^ b: a negative base with a fractional power raises 5, 0 to a negative power raises 11
+/// "Division by zero"; an infinite result raises 6.
 double pow_(double a, double b);
 
 /// The old arrays: lower bound 0, upper bound given; an index outside raises 9.

@@ -9,6 +9,7 @@ namespace tv::text {
 
 std::string format_fixed(double x, int decimals) {
     if (!std::isfinite(x)) raise(kOverflow);
+    if (decimals < 0 || decimals > 30) raise(kInvalidCall);  // 309 digits and 30 decimals fit
     char buf[400];
     auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::fixed, decimals);
     std::string s(buf, res.ptr);

@@ -10,7 +10,7 @@ namespace tv::text {
 /// An unknown pattern raises RuntimeError 5.
 std::string format(double x, std::string_view pattern);
 
-/// The same with the number of decimals given directly.
+/// The same with the number of decimals (0..30) given directly; others raise 5.
 std::string format_fixed(double x, int decimals);
 
 /// Upper-cased copy (ASCII), for the ".TXT" name rule.

@@ -1,5 +1,6 @@
 #include "text/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -27,15 +28,31 @@ namespace {
 bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n'; }
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
-// Parses the digits gathered by val / to_double; the text is well formed by construction.
+// The power of ten p with the value = 0.d... x 10^p ("123.4" gives 3, "0.05" gives -1): the
+// sign tells overflow from underflow. Only asked of texts out of range, which are never zero.
+long magnitude(const std::string& clean) {
+    std::size_t epos = clean.find('e');
+    std::string_view mantissa = std::string_view(clean).substr(0, epos);
+    long exponent = 0;
+    if (epos != std::string::npos) {
+        bool negative = clean[epos + 1] == '-';
+        for (std::size_t i = epos + (negative ? 2 : 1); i < clean.size(); ++i)
+            exponent = std::min(exponent * 10 + (clean[i] - '0'), 100000L);
+        if (negative) exponent = -exponent;
+    }
+    std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    std::size_t first = mantissa.find_first_of("123456789");
+    long position = first < point ? static_cast<long>(point - first) : -static_cast<long>(first - point - 1);
+    return position + exponent;
+}
+
+// Parses the text gathered by val / to_double; the text is well formed by construction.
 double parse_clean(const std::string& clean) {
     double out = 0.0;
     auto res = std::from_chars(clean.data(), clean.data() + clean.size(), out);
     if (res.ec == std::errc::result_out_of_range) {
         // Underflow gives 0; overflow is the old run time's "Overflow".
-        std::size_t epos = clean.find('e');
-        bool negative_exponent = epos != std::string::npos && epos + 1 < clean.size() && clean[epos + 1] == '-';
-        if (negative_exponent) return 0.0;
+        if (magnitude(clean) < 0) return 0.0;
         raise(kOverflow);
     }
     if (out == 0.0) out = 0.0;  // no negative zero
@@ -146,10 +163,12 @@ double to_double(std::string_view text) {
 double round15(double value) {
     if (!std::isfinite(value)) return value;
     if (value == 0.0) return 0.0;
+    // The digits of to_text in exponent form; reading them back is val's reading.
     char buf[64];
     auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific, 14);
     double out = 0.0;
-    std::from_chars(buf, res.ptr, out);
+    // Out of range only just below the largest double, where the rounded digits overflow.
+    if (std::from_chars(buf, res.ptr, out).ec == std::errc::result_out_of_range) raise(kOverflow);
     return out;
 }
 

@@ -14,17 +14,19 @@ std::string to_text(double value);
 std::string to_text(std::int64_t value);
 inline std::string to_text(int value) { return to_text(static_cast<std::int64_t>(value)); }
 
-/// The leading-number rule: skips leading blanks, tabs and line feeds, then reads sign, digits,
-/// decimal point and exponent, skipping blanks and tabs inside the number, and stops at the first
-/// other character. No number gives 0. " - 1 2 . 5" is -12.5, "3 apples" is 3, "abc" is 0.
+/// The leading-number rule: reads sign, digits, decimal point and exponent, skipping blanks,
+/// tabs and line feeds before and inside the number, and stops at the first other character.
+/// No number gives 0; a number beyond the double range raises 6 "Overflow", one too small
+/// gives 0. " - 1 2 . 5" is -12.5, "3 apples" is 3, "abc" is 0, "1e" is 1.
 double val(std::string_view text);
 
 /// The strict conversion: the whole text (blanks around it allowed) must be one number, else
 /// RuntimeError 13 "Type mismatch". An empty text fails too.
 double to_double(std::string_view text);
 
-/// value -> to_text -> val, done exactly but without building the text: the 15-digit round
-/// trip that every number stored in a box goes through.
+/// value -> to_text -> val for every finite value, without building the text: the 15-digit round
+/// trip that every number stored in a box goes through. Like val, raises 6 "Overflow" for the
+/// few values next to the largest double whose 15 digits lie beyond it. Not finite: unchanged.
 double round15(double value);
 
 }  // namespace tv::text

@@ -43,7 +43,9 @@ double floor_int(double x) { return std::floor(x); }
 std::int64_t int_div(double a, double b) {
     std::int32_t ia = to_int32(a), ib = to_int32(b);
     if (ib == 0) raise(kDivisionByZero);
-    return static_cast<std::int64_t>(ia) / ib;
+    std::int64_t q = static_cast<std::int64_t>(ia) / ib;
+    if (q > 2147483647) raise(kOverflow);  // only -2147483648 by -1
+    return q;
 }
 
 std::int64_t mod(double a, double b) {

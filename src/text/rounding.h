@@ -19,11 +19,13 @@ std::int32_t to_int32(double x);
 /// Int(): the largest whole number not above x.
 double floor_int(double x);
 
-/// Integer division a \ b with both operands rounded to integers first (ties to even);
-/// b rounding to 0 raises RuntimeError 11.
+/// Integer division a \ b with both operands rounded to 32-bit integers first (ties to even),
+/// the quotient truncated toward zero; b rounding to 0 raises RuntimeError 11, an operand or
+/// the quotient beyond 32 bits raises 6.
 std::int64_t int_div(double a, double b);
 
-/// a Mod b with both operands rounded to integers first; b rounding to 0 raises 11.
+/// a Mod b with both operands rounded to 32-bit integers first; the remainder takes the sign
+/// of a; b rounding to 0 raises 11.
 std::int64_t mod(double a, double b);
 
 }  // namespace tv::text

@@ -16,6 +16,7 @@ std::string error_description(int number) {
         case kPermissionDenied: return "Permission denied";
         case 75: return "Path/File access error";
         case kPathNotFound: return "Path not found";
+        case kInvalidPropertyValue: return "Invalid property value";
         case kCancel: return "Cancel was selected.";
         default: return "Application-defined or object-defined error";
     }

@@ -16,6 +16,7 @@ enum ErrorNumber : int {
     kPathNotFound = 76,    // "Path not found"
     kBadFileName = 52,     // "Bad file name or number"
     kPermissionDenied = 70,
+    kInvalidPropertyValue = 380,
     kCancel = 32755,       // "Cancel was selected."
 };
 
