@@ -37,7 +37,8 @@ int main(int argc, char** argv) {
         return tv::cli::kDone;
     }
     if (command == "spectra") return tv::cli::run_spectra(rest, std::cout, std::cerr);
-    if (command == "fourier" || command == "coefficient" || command == "capacity") {
+    if (command == "coefficient") return tv::cli::run_coefficient(rest, std::cout, std::cerr);
+    if (command == "fourier" || command == "capacity") {
         std::cerr << "tremorvault-cli: the " << command << " command is not in this version yet\n";
         return tv::cli::kUsage;
     }

@@ -1,0 +1,509 @@
+// Form6: reading a pushover curve, its diagram, the choice of a step, the yield point by the
+// scan or by hand, Te, the R factor and the printed page.
+#include <cmath>
+
+#include "coefficient_fixture.h"
+
+namespace tv::test {
+namespace {
+
+using forms::DrawOp;
+
+std::vector<std::string> texts_of(const forms::PictureBox& p) {
+    std::vector<std::string> out;
+    for (const DrawOp& op : p.ops())
+        if (op.kind == DrawOp::Kind::Text) out.push_back(op.text);
+    return out;
+}
+
+class PushoverWindowTest : public CoefficientTest {};
+
+TEST_F(PushoverWindowTest, TheMenuOpensTheWindowWithItsDefaults) {
+    windows::Form6& f = f6();
+    EXPECT_TRUE(program.form<windows::frmMain>().PUSHOVER.enabled());
+    EXPECT_TRUE(f.visible());
+    EXPECT_EQ(f.caption(), "Calculate T-Effective");
+    EXPECT_EQ(f.Text4.text(), "1");
+    EXPECT_EQ(f.txtZarib.text(), "0.6");
+    EXPECT_EQ(f.txtTolerance.text(), "0.01");
+    EXPECT_EQ(f.txtTI.text(), "1");
+    EXPECT_EQ(f.txtTEF.caption(), "0");
+    EXPECT_EQ(f.Label19.caption(), "0 , 0");
+    EXPECT_EQ(f.Label10.caption(), "Current Progress : K = ");
+    EXPECT_EQ(f.Frame2.caption(), "Excel Formated");
+    EXPECT_FALSE(f.Frame2.visible());
+    EXPECT_FALSE(f.Check1.enabled());
+    EXPECT_FALSE(f.Command5.enabled());
+    EXPECT_FALSE(f.Command8.enabled());
+    EXPECT_FALSE(f.ProgressBar1.visible());
+    EXPECT_EQ(f.Fg.rows(), 1);
+    EXPECT_EQ(f.Fg.text(0, 0), "Step");
+    EXPECT_EQ(f.Fg.text(0, 1), "Displacement");
+    EXPECT_EQ(f.Fg.text(0, 2), "Base Force");
+    EXPECT_EQ(f.Fg.col_width(0), 500);
+    EXPECT_EQ(f.Fg.col_width(1), 1000);
+    // The activation lists the printers with the current one chosen.
+    ASSERT_EQ(f.xprinter.items().size(), 2u);
+    EXPECT_EQ(f.xprinter.text(), "Office Laser");
+    EXPECT_EQ(f.xprinter.list_index(), 0);
+}
+
+TEST_F(PushoverWindowTest, StartReadsTheListingAndSelectsTheLastStep) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    EXPECT_TRUE(platform.messages.empty());
+    ASSERT_EQ(f.Fg.rows(), 7);
+    // The grid keeps the texts of the file, leading blanks included.
+    EXPECT_EQ(f.Fg.text(2, 0), "1");
+    EXPECT_EQ(f.Fg.text(2, 1), " 1");
+    EXPECT_EQ(f.Fg.text(6, 2), " 3300");
+    ASSERT_EQ(f.pushoverPoints.ubound(), 5);
+    EXPECT_EQ(f.pushoverPoints(4).Displacement, 5.0);
+    EXPECT_EQ(f.pushoverPoints(4).BaseForce, 3200.0);
+    // The last row stands selected: the target of the fit.
+    EXPECT_EQ(f.Fg.row(), 6);
+    EXPECT_EQ(f.Fg.selected_rows(), std::set<int>{6});
+    EXPECT_EQ(f.selectedStep, 5);
+    EXPECT_EQ(f.kSelected, 412.5);
+    EXPECT_EQ(f.kInitial, 1500.0);
+    EXPECT_EQ(f.Text4.text(), "1");
+    EXPECT_EQ(f.txtKi.text(), "1500");
+    EXPECT_EQ(f.Label10.caption(), "Current Progress , K=1500.000");
+    EXPECT_TRUE(f.Check1.enabled());
+    EXPECT_TRUE(f.Shape1.visible());
+    EXPECT_TRUE(f.Timer1.enabled());
+    // The marker is centred on (8, 3300).
+    EXPECT_NEAR(f.Shape1.left() + f.Shape1.width() / 2, 8.0, 1e-5);
+    EXPECT_NEAR(f.Shape1.top() - f.Shape1.height() / 2, 3300.0, 1e-3);
+    EXPECT_EQ(f.Text14.text(), "8");
+}
+
+TEST_F(PushoverWindowTest, TheDiagramUsesItsOwnScaleAndStrips) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    EXPECT_EQ(f.maxDisplacement, 8.0);
+    EXPECT_EQ(f.maxForce, 3300.0);
+    // 0 to 9.6 across, 5610 at the top to 0 at the bottom.
+    EXPECT_EQ(f.picDiagram.scale_width(), 8 * 1.2);
+    EXPECT_EQ(f.picDiagram.scale_top(), 3300 * 1.7);
+    const auto& ops = f.picDiagram.ops();
+    ASSERT_EQ(ops.size(), 5u);
+    // (1, 1500): 1 / 9.6 of 6400 twips across, (5610 - 1500) / 5610 of 4500 down.
+    EXPECT_NEAR(ops[0].x2, 6400.0 / 9.6, 1e-9);
+    EXPECT_NEAR(ops[0].y2, 4500.0 * 4110 / 5610, 1e-9);
+    EXPECT_NEAR(ops[4].x2, 6400.0 * 8 / 9.6, 1e-9);
+    EXPECT_NEAR(ops[4].y2, 4500.0 * 2310 / 5610, 1e-9);
+    // Ticks every 1.2 (12 rounded, over ten) up to 9.6, and every 561 up to 5610.
+    EXPECT_EQ(texts_of(f.xBar), (std::vector<std::string>{"0.000", "1.200", "2.400", "3.600", "4.800", "6.000",
+                                                          "7.200", "8.400", "9.600"}));
+    std::vector<std::string> y = texts_of(f.yBar);
+    ASSERT_EQ(y.size(), 11u);
+    EXPECT_EQ(y[1], "561");
+    EXPECT_EQ(y[10], "5610");
+}
+
+TEST_F(PushoverWindowTest, TheTimerBlinksTheMarkerAndCheck1DrawsTheKiLine) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    program.run([&] { f.Timer1.tick(); });
+    EXPECT_FALSE(f.Shape1.visible());
+    program.run([&] { f.Timer1.tick(); });
+    EXPECT_TRUE(f.Shape1.visible());
+
+    click(f.Check1);
+    // Y2 = 3300 x 1.5 = 4950 reached at 4950 / 1500 = 3.3.
+    EXPECT_TRUE(f.Line3.visible());
+    EXPECT_EQ(f.Line3.x2(), 3.3f);
+    EXPECT_EQ(f.Line3.y2(), 4950.0f);
+    EXPECT_EQ(f.picDiagram.ops().size(), 6u);
+    click(f.Check1);
+    EXPECT_FALSE(f.Line3.visible());
+}
+
+TEST_F(PushoverWindowTest, SmallControlsOfTheWindow) {
+    windows::Form6& f = f6();
+    press(f.Command7);
+    EXPECT_TRUE(f.Frame2.visible());
+    EXPECT_FALSE(f.Text4.enabled());
+    press(f.Command7);
+    EXPECT_FALSE(f.Frame2.visible());
+    EXPECT_TRUE(f.Text4.enabled());
+
+    type(f.txtZarib, "0.7");
+    type(f.txtTolerance, "0.05");
+    program.run([&] { f.Label16.click(); });
+    EXPECT_EQ(f.txtZarib.text(), "0.6");
+    EXPECT_EQ(f.txtTolerance.text(), "0.05");
+    program.run([&] { f.Label17.click(); });
+    EXPECT_EQ(f.txtTolerance.text(), "0.01");
+
+    click(f.Check2);
+    EXPECT_FALSE(f.txtXC2.enabled());
+    EXPECT_FALSE(f.txtYC2.enabled());
+    click(f.Check2);
+    EXPECT_TRUE(f.txtXC2.enabled());
+}
+
+TEST_F(PushoverWindowTest, TheAutomaticSearchReachesTheHandWorkedYieldPoint) {
+    start_listing(write("curve.txt", kSofteningListing));
+    const int events_before = platform.do_events_calls;
+    press(f6().Command3);
+    windows::Form6& f = f6();
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    // A = 21550; K runs down from 1500 by 1 and passes at 1435, where the crossing lies on the
+    // second segment at x = 400 / 335, y = 1435 x, and the yield point is that over 0.6.
+    EXPECT_EQ(f.lblArea.caption(), "21550.000");
+    EXPECT_EQ(f.txtXC2.text(), "1.9900");
+    EXPECT_EQ(f.txtYC2.text(), "2855.7214");
+    EXPECT_EQ(f.Label19.caption(), "1.194 , 1713.433");
+    // The area from the written point: 1.99 x 2855.7214 / 2 + 6155.7214 / 2 x 6.01.
+    EXPECT_EQ(f.lblArea2.caption(), "21339.386");
+    EXPECT_EQ(f.Text12.text(), "21339.3856");
+    // alfa1 = ((3300 - 2855.7214) / 6.01) / (2855.7214 / 1.99) = 0.0515.
+    EXPECT_EQ(f.Text11.text(), "0.05");
+    EXPECT_EQ(f.Text2.text(), "8");
+    EXPECT_EQ(f.Text3.text(), "3300");
+    // Ke = 2855.7214 / 1.99, Te = (1500 / Ke) ^ 0.5 with Ti = 1.
+    EXPECT_EQ(f.txtKE.caption(), "1435.036");
+    EXPECT_EQ(f.Text5.text(), "1435.03587939698");
+    EXPECT_EQ(f.txtTEF.caption(), "1.022");
+    EXPECT_EQ(f.txtKi.text(), "1500");
+    EXPECT_EQ(f.Label10.caption(), "Current Progress , K=1500.000");
+    // 1500 to 1436 yielded once a slope, plus once before the scan.
+    EXPECT_EQ(platform.do_events_calls - events_before, 66);
+    EXPECT_EQ(f.ProgressBar1.max(), 1088.0f);  // 1087.5 rounds to even
+    EXPECT_EQ(f.ProgressBar1.value(), 0.0f);
+    EXPECT_FALSE(f.ProgressBar1.visible());
+    // The bilinear lines go through the yield point to the target.
+    EXPECT_TRUE(f.Line5.visible());
+    EXPECT_EQ(f.Line5.x2(), 1.99f);
+    EXPECT_EQ(f.Line6.x2(), 8.0f);
+    EXPECT_EQ(f.Line6.y2(), 3300.0f);
+    for (forms::Control* c : std::initializer_list<forms::Control*>{&f.Command3, &f.Command4, &f.Command5, &f.Command8,
+                                                                    &f.txtTolerance, &f.txtZarib, &f.txtKi, &f.txtTI,
+                                                                    &f.Text4, &f.Label16, &f.Label17, &f.Check1})
+        EXPECT_TRUE(c->enabled()) << c->name();
+}
+
+TEST_F(PushoverWindowTest, AWorkbookChosenByBrowseGivesTheSameYieldPoint) {
+    const std::string book = write_xlsx("curve.xlsx", {{"0", "0", "0"},
+                                                       {"1", "1", "1500"},
+                                                       {"2", "2", "2600"},
+                                                       {"3", "3", "3000"},
+                                                       {"4", "5", "3200"},
+                                                       {"5", "8", "3300"}});
+    type(f6().txtXC2, "9");
+    platform.file_answers.push_back(book);
+    press(f6().Command1);
+    windows::Form6& f = f6();
+    ASSERT_TRUE(platform.messages.empty()) << platform.messages[0].text;
+    ASSERT_EQ(platform.file_requests.size(), 1u);
+    EXPECT_EQ(platform.file_requests[0].filter, "*.xls");
+    EXPECT_EQ(f.Text1.text(), book);
+    EXPECT_EQ(f.txtXC2.text(), "");  // Browse clears the yield point
+    EXPECT_EQ(f.Fg.rows(), 7);
+    EXPECT_EQ(f.Fg.text(6, 1), "8");
+    press(f.Command3);
+    EXPECT_EQ(f.txtXC2.text(), "1.9900");
+    EXPECT_EQ(f.txtYC2.text(), "2855.7214");
+}
+
+TEST_F(PushoverWindowTest, ACancelledBrowseClearsTheYieldPointAndReadsNothing) {
+    solve_softening();
+    windows::Form6& f = f6();
+    press(f.Command1);
+    EXPECT_EQ(f.txtXC2.text(), "");
+    EXPECT_EQ(f.txtYC2.text(), "");
+    EXPECT_FALSE(f.Check1.enabled());
+    EXPECT_EQ(f.Fg.rows(), 7);
+    EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST_F(PushoverWindowTest, StartAgainKeepsTheYieldPointButHidesTheLines) {
+    solve_softening();
+    windows::Form6& f = f6();
+    press(f.Command2);
+    EXPECT_EQ(f.txtXC2.text(), "1.9900");
+    EXPECT_FALSE(f.Line5.visible());
+    EXPECT_FALSE(f.Line6.visible());
+    // A yield point stands, so the redraw keeps the flag and the slope of Line5.
+    EXPECT_EQ(f.manualYieldFlag, 1.0);
+    EXPECT_NEAR(f.yieldSlope, 2855.7214 / 1.99, 1e-3);
+}
+
+TEST_F(PushoverWindowTest, AnotherRowBecomesTheTarget) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    program.run([&] { f.select_row(4); });
+    EXPECT_EQ(f.selectedStep, 3);
+    EXPECT_EQ(f.kSelected, 1000.0);
+    type(f.Text4, "2");
+    EXPECT_EQ(f.kInitial, 1300.0);
+    EXPECT_EQ(f.txtKi.text(), "1300");
+    EXPECT_EQ(f.Label10.caption(), "Current Progress , K=1300.000");
+    // The heading row fails the strict conversion and changes nothing.
+    program.run([&] { f.select_row(0); });
+    EXPECT_EQ(f.selectedStep, 3);
+    EXPECT_TRUE(platform.runtime_errors.empty());
+}
+
+TEST_F(PushoverWindowTest, APointNumberOutsideTheCurveIsARunTimeError) {
+    start_listing(write("curve.txt", kSofteningListing));
+    type(f6().Text4, "9");
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kSubscript);
+}
+
+TEST_F(PushoverWindowTest, NoSelectedStepLeavesTheWindowHalfDisabled) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    f.Fg.set_selected_rows({});
+    press(f.Command3);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "No Step Selected , Please select one Step !");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_FALSE(f.txtTolerance.enabled());
+    EXPECT_FALSE(f.Command4.enabled());
+    EXPECT_FALSE(f.Check1.enabled());
+    EXPECT_TRUE(f.ProgressBar1.visible());
+    EXPECT_TRUE(f.Command3.enabled());
+    EXPECT_FALSE(f.Command5.enabled());
+    EXPECT_EQ(f.txtXC2.text(), "");
+    EXPECT_EQ(f.Text2.text(), "8");
+
+    f.Fg.set_selected_rows({3, 6});
+    press(f.Command3);
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[1].text, "More than one step Selected , Please select one Step !");
+}
+
+TEST_F(PushoverWindowTest, ATargetWithNoSegmentToExamineCannotBeSolved) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    program.run([&] { f.select_row(2); });  // step 1: the first segment is never examined
+    press(f.Command3);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_EQ(f.lblArea2.caption(), "-1.000");
+    EXPECT_EQ(f.Label19.caption(), "0.000 , 0.000");
+    EXPECT_EQ(f.txtXC2.text(), "");
+    EXPECT_TRUE(f.Command3.enabled());
+    EXPECT_TRUE(f.Command5.enabled());
+    EXPECT_TRUE(f.Command8.enabled());
+    EXPECT_TRUE(f.txtTolerance.enabled());
+    EXPECT_FALSE(f.ProgressBar1.visible());
+}
+
+TEST_F(PushoverWindowTest, AZeroToleranceFindsNoSlope) {
+    start_listing(write("curve.txt", kSofteningListing));
+    type(f6().txtTolerance, "0");
+    press(f6().Command3);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
+    // The last candidate stays: K = 413 meets the last segment at x = (3200 - 500 / 3) /
+    // (413 - 100 / 3) = 7.9895, y = 413 x; over 0.6 that is the yield point written.
+    EXPECT_EQ(f6().Label19.caption(), "7.989 , 3299.649");
+    EXPECT_EQ(f6().txtXC2.text(), "13.3158");
+    EXPECT_EQ(f6().txtYC2.text(), "5499.4147");
+}
+
+TEST_F(PushoverWindowTest, SmallUnitsGiveKiBelowTheScanLimit) {
+    // The same shape in tons: Ki = 1.5, so the step of the scan cannot be formed.
+    start_listing(write_listing("tons.txt", {{0, 0}, {1, 1.5}, {2, 2.6}, {3, 3}, {5, 3.2}, {8, 3.3}}));
+    press(f6().Command3);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error in determining X & Y Yeld !");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(f6().lblArea.caption(), "21.550");  // computed before the failure
+    EXPECT_TRUE(f6().Command3.enabled());
+    EXPECT_TRUE(f6().txtZarib.enabled());
+}
+
+TEST_F(PushoverWindowTest, ARatioOfZeroFailsAtTheFirstCrossing) {
+    // Ki = 1000 is just enough for a step of 1; K = 1000 meets the second segment at (1, 1000)
+    // and the yield force 1 / 0 x 1000 is a division by zero.
+    start_listing(write_listing("k1000.txt", {{0, 0}, {1, 1000}, {2, 1500}, {4, 1700}}));
+    type(f6().txtZarib, "0");
+    press(f6().Command3);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error in determining X & Y Yeld !");
+}
+
+TEST_F(PushoverWindowTest, TheManualRouteTakesTheTypedPoint) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    type(f.txtXC2, "2");
+    EXPECT_EQ(f.Text11.text(), "");  // one box empty: nothing yet
+    type(f.txtYC2, "3000");
+    // Before any search Text2 and Text3 are empty, so alfa1 sees the target at the origin:
+    // (0 - 3000) / (0 - 2) over 3000 / 2 is 1.
+    EXPECT_EQ(f.Text11.text(), "1");
+    // 2 x 3000 / 2 + 6300 / 2 x 6 = 21900; Ke = 1500 = Ki, so Te = Ti.
+    EXPECT_EQ(f.lblArea2.caption(), "21900.000");
+    EXPECT_EQ(f.Text12.text(), "21900");
+    EXPECT_EQ(f.txtKE.caption(), "1500.000");
+    EXPECT_EQ(f.txtTEF.caption(), "1.000");
+    EXPECT_FALSE(f.Command8.enabled());
+    EXPECT_FALSE(f.Command5.enabled());
+    press(f.Command4);
+    EXPECT_EQ(f.manualYieldFlag, 1.0);
+    EXPECT_TRUE(f.Command5.enabled());
+    EXPECT_TRUE(f.Command8.enabled());
+    EXPECT_TRUE(f.Line6.visible());
+    EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST_F(PushoverWindowTest, TheManualRouteWithEmptyBoxesShowsTheFailure) {
+    start_listing(write("curve.txt", kSofteningListing));
+    press(f6().Command4);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Type mismatch");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_TRUE(f6().Command5.enabled());
+}
+
+TEST_F(PushoverWindowTest, ANewTiGivesANewTeAndEmptiesThePeriodResults) {
+    solve_softening();
+    windows::Form6& f = f6();
+    type(f.Text6, "2000");
+    press(f.Command8);
+    ASSERT_EQ(f.Text10.text(), "5");
+    type(f.txtTI, "0.5");
+    // 0.5 x (1500 / 1435.03587939698) ^ 0.5 = 0.5112.
+    EXPECT_EQ(f.txtTEF.caption(), "0.511");
+    EXPECT_EQ(f.Text10.text(), "");
+    EXPECT_EQ(f.Text9.text(), "");
+    EXPECT_EQ(f.Text7.text(), "1.4");  // not period dependent
+    type(f.txtTI, "0");
+    EXPECT_EQ(f.txtTEF.caption(), "0.000");
+}
+
+TEST_F(PushoverWindowTest, TiBeforeAnyYieldPointLeavesTeAlone) {
+    windows::Form6& f = f6();
+    type(f.Text9, "3.9");
+    type(f.txtTI, "0.8");
+    EXPECT_EQ(f.txtTEF.caption(), "0");
+    EXPECT_EQ(f.Text9.text(), "");
+}
+
+// By hand with Vs = 2000, T = 1, du = 8, Xy = 1.99, Yy = 2855.7214, A = 21339.3856:
+// miu = 4.0201; w = 0, e = exp(-0.08), phi = 1 + 1 / (12 - 4.0201) - 0.4 e = 0.75607,
+// Rm2 = 3.0201 / 0.75607 + 1 = 4.994; Rs = 1.42786; d = (2 A / Ke) ^ 0.5 = 5.4535,
+// Rm1 = d Ke / Yy = 2.7404; Ru = 2.7404 x 1.42786 = 3.913.
+TEST_F(PushoverWindowTest, CalculateRByHand) {
+    solve_softening();
+    windows::Form6& f = f6();
+    type(f.Text6, "2000");
+    press(f.Command8);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(f.Text7.text(), "1.4");
+    EXPECT_EQ(f.Text8.text(), "2.7");
+    EXPECT_EQ(f.Text10.text(), "5");
+    EXPECT_EQ(f.Text9.text(), "3.9");
+    EXPECT_EQ(f.Text13.text(), "4");
+    // Stale results go by their inputs.
+    type(f.Text6, "2500");
+    EXPECT_EQ(f.Text9.text(), "");
+    EXPECT_EQ(f.Text7.text(), "");
+    EXPECT_EQ(f.Text8.text(), "2.7");
+    type(f.Text11, "0.1");
+    EXPECT_EQ(f.Text8.text(), "");
+    EXPECT_EQ(f.Text10.text(), "5");
+}
+
+TEST_F(PushoverWindowTest, CalculateRWithoutVsIsAnInputError) {
+    solve_softening();
+    windows::Form6& f = f6();
+    press(f.Command8);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error in Inputs!");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_EQ(f.Text9.text(), "");
+    // An empty area is no input error: Rm1 and so Ru become 0.
+    type(f.Text6, "2000");
+    type(f.Text12, "");
+    press(f.Command8);
+    EXPECT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(f.Text8.text(), "0");
+    EXPECT_EQ(f.Text9.text(), "0");
+}
+
+TEST_F(PushoverWindowTest, CalculateRAtADuctilityOfTwelveDividesByZero) {
+    solve_softening();
+    windows::Form6& f = f6();
+    type(f.Text6, "2000");
+    type(f.txtXC2, "0.5");
+    type(f.Text2, "6");  // miu = 6 / 0.5 = 12
+    press(f.Command8);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kDivisionByZero);
+}
+
+TEST_F(PushoverWindowTest, EveryReadFailureHasOneMessage) {
+    windows::Form6& f = f6();
+    start_listing((dir / "missing.txt").string());
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error Reading Pushover file!");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_TRUE(f.Fg.redraw());
+
+    // A step beyond 16 bits: the rows before it stay, the diagram is not drawn.
+    start_listing(write("big.txt", "Displacement\n 0 0 0 x\n 1 1 1500 x\n 40000 2 2600 x\n 3 3 3000 x\n"));
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[1].text, "Error Reading Pushover file!");
+    EXPECT_EQ(f.Fg.rows(), 3);
+    EXPECT_EQ(f.pushoverPoints.ubound(), 2);
+    EXPECT_EQ(f.pushoverPoints(2).BaseForce, 2600.0);
+    EXPECT_TRUE(f.picDiagram.ops().empty());
+
+    // Not a workbook.
+    platform.file_answers.push_back(write("fake.xls", "not a workbook"));
+    press(f.Command1);
+    ASSERT_EQ(platform.messages.size(), 3u);
+    EXPECT_EQ(platform.messages[2].text, "Error Reading Pushover file!");
+    EXPECT_EQ(f.Fg.rows(), 1);
+}
+
+TEST_F(PushoverWindowTest, AListingWithoutItsHeadingGivesAnEmptyTableAndNoDiagram) {
+    start_listing(write("lower.txt", "Step displacement force x\n 0 0 0 x\n 1 1 1000 x\n"));
+    windows::Form6& f = f6();
+    EXPECT_EQ(f.Fg.rows(), 1);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error Drawing Pushover Diagram!");
+    EXPECT_EQ(f.pushoverPoints.ubound(), 0);
+    EXPECT_FALSE(f.Shape1.visible());
+    EXPECT_TRUE(f.Fg.selected_rows().empty());
+}
+
+TEST_F(PushoverWindowTest, PrintPutsTheDiagramAndTheFinalResultsOnThePage) {
+    solve_softening();
+    windows::Form6& f = f6();
+    program.run([&] { f.xprinter.set_list_index(1); });
+    press(f.Command6);
+    ASSERT_EQ(platform.printed.size(), 1u);
+    const forms::PrintJob& job = platform.printed[0];
+    EXPECT_EQ(job.printer, "PDF Printer");
+    EXPECT_EQ(job.font, "Tahoma");
+    EXPECT_EQ(job.picture, &f.pic1);
+    EXPECT_EQ(job.lines, (std::vector<std::string>{"Final Results", "Pushover Area :  21550.000",
+                                                   "Collision Area : 21339.386", "K-Effective : 1435.036",
+                                                   "Ti (Sec) :  1", "T-Effective : 1.022"}));
+    // The staged copy holds the curve, both strips and the two bilinear lines.
+    const std::size_t expected = f.picDiagram.ops().size() + f.xBar.ops().size() + f.yBar.ops().size() + 2;
+    EXPECT_EQ(f.pic1.ops().size(), expected);
+}
+
+TEST_F(PushoverWindowTest, NoPrinterPrintsNothing) {
+    platform.printer_names.clear();
+    solve_softening();
+    press(f6().Command6);
+    EXPECT_TRUE(platform.printed.empty());
+    EXPECT_TRUE(platform.messages.empty());
+}
+
+}  // namespace
+}  // namespace tv::test

@@ -1,0 +1,261 @@
+// Form8: the hand-over from Form6, the coefficient tables and their check-box chains, the
+// target displacement and Rmax worked by hand, the note window and printing.
+#include "coefficient_fixture.h"
+
+namespace tv::test {
+namespace {
+
+class TargetDisplacementTest : public CoefficientTest {
+protected:
+    /// The softening curve solved (Te = 1.022, dy = 1.99, Vy = 2855.72, limit 8), handed over,
+    /// and the boxes a user fills: 3 stories, W = 10000, Sa = 0.5 g.
+    void hand_over() {
+        solve_softening();
+        press(f6().Command5);
+        type(f8().Text1, "3");
+        type(f8().Text10, "10000");
+        type(f8().Text2, "0.5");
+    }
+};
+
+TEST_F(TargetDisplacementTest, Command5ShowsForm8AndCopiesTheResults) {
+    solve_softening();
+    press(f6().Command5);
+    windows::Form8& f = f8();
+    EXPECT_TRUE(f.visible());
+    EXPECT_EQ(platform.shown.back(), "Form8");
+    EXPECT_EQ(f.caption(), "Calculate Target Displacement");
+    EXPECT_EQ(f.Text7.text(), "1.022");   // the label's three decimals
+    EXPECT_EQ(f.Text16.text(), "1.99");   // 1.9900
+    EXPECT_EQ(f.Text15.text(), "0.05");   // alfa1
+    EXPECT_EQ(f.Text17.text(), "2855.72");  // 2855.7214 to two decimals
+    EXPECT_EQ(f.Text18.text(), "8");      // the largest displacement
+    EXPECT_TRUE(f.Check9.checked());
+}
+
+TEST_F(TargetDisplacementTest, OnlyNonZeroValuesAreCopied) {
+    start_listing(write("curve.txt", kSofteningListing));
+    program.run([&] { f6().select_row(2); });
+    press(f6().Command3);  // cannot be solved: no yield point
+    ASSERT_TRUE(f6().Command5.enabled());
+    type(f8().Text16, "3.1");
+    press(f6().Command5);
+    EXPECT_EQ(f8().Text16.text(), "3.1");
+    EXPECT_EQ(f8().Text17.text(), "");
+    EXPECT_EQ(f8().Text7.text(), "0");
+    EXPECT_EQ(f8().Text18.text(), "8");
+}
+
+// By hand: Alpha = ((3300 - 2855.72) / (8 - 1.99)) / 1500 = 0.0493; C0 = 1.2, Cm = 0.9 for 3
+// stories; R = 0.9 x 0.5 / (2855.72 / 10000) = 1.5758; Te = 1.022 > 1, so C1 = C2 = 1; C3 = 1
+// for a positive alpha; d = 1.2 x 0.5 x 981 x 1.022^2 / (4 x 3.1416^2) = 15.5726;
+// Rmax = 15.5726 / 1.99 = 7.825, and with alpha-e 0.05 used, h = 1 + 0.15 ln 1.022 = 1.00326:
+// 7.825 + 0.05^-1.00326 / 4 = 12.875.
+TEST_F(TargetDisplacementTest, TargetDisplacementWorkedByHand) {
+    hand_over();
+    windows::Form8& f = f8();
+    EXPECT_EQ(f.Text12.text(), "1.2");
+    EXPECT_EQ(f.Text11.text(), "0.9");
+    press(f.Command1);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(f.Text3.text(), "1.2");
+    EXPECT_EQ(f.Text4.text(), "1");
+    EXPECT_EQ(f.Text5.text(), "1");
+    EXPECT_EQ(f.Text6.text(), "1");
+    EXPECT_EQ(f.Text13.text(), "1.58");
+    EXPECT_EQ(f.Label18.caption(), "0.05");
+    EXPECT_EQ(f.Label17.caption(), "");
+    EXPECT_EQ(f.Text9.text(), "15.57");
+    EXPECT_EQ(f.Text14.text(), "7.83");
+
+    click(f.Check10);
+    press(f.Command1);
+    EXPECT_EQ(f.Text14.text(), "12.87");
+    EXPECT_EQ(f.Text9.text(), "15.57");
+}
+
+// Ti = 0.5 gives Te = 0.511: C1 = 1 + 0.5758 / (60 x 0.511^2) = 1.0368, C2 = 1 +
+// (0.5758 / 0.511)^2 / 800 = 1.0016, d = 4.0426; the limit 8 is larger, so Rmax = 8 / 1.99
+// while the displacement shown stays d.
+TEST_F(TargetDisplacementTest, AShortPeriodBringsC1AndC2AndTheLimitGoverns) {
+    hand_over();
+    type(f6().txtTI, "0.5");
+    press(f6().Command5);
+    windows::Form8& f = f8();
+    EXPECT_EQ(f.Text7.text(), "0.511");
+    press(f.Command1);
+    EXPECT_EQ(f.Text4.text(), "1.04");
+    EXPECT_EQ(f.Text5.text(), "1");
+    EXPECT_EQ(f.Text9.text(), "4.04");
+    EXPECT_EQ(f.Text14.text(), "4.02");
+    // Soil I: a = 130, C1 = 1 + 0.5758 / (130 x 0.261121) = 1.017, d = 3.9655.
+    click(f.Check7);
+    EXPECT_FALSE(f.Check9.checked());
+    press(f.Command1);
+    EXPECT_EQ(f.Text4.text(), "1.02");
+    EXPECT_EQ(f.Text9.text(), "3.97");
+}
+
+TEST_F(TargetDisplacementTest, AVeryShortPeriodTakesTheLastBranchOfC1) {
+    hand_over();
+    windows::Form8& f = f8();
+    type(f.Text7, "0.15");
+    press(f.Command1);
+    // C1 = 1 + 25 x 0.5758 / 60 = 1.2399, C2 = 1 + (0.5758 / 0.15)^2 / 800 = 1.0184.
+    EXPECT_EQ(f.Text4.text(), "1.24");
+    EXPECT_EQ(f.Text5.text(), "1.02");
+    EXPECT_EQ(f.Text9.text(), "0.42");
+}
+
+TEST_F(TargetDisplacementTest, ANegativeAlphaWarnsAndRaisesC3) {
+    hand_over();
+    windows::Form8& f = f8();
+    type(f.Text17, "3500");
+    type(f.Text10, "100000");
+    press(f.Command1);
+    // Alpha = (-200 / 6.01) / 1500 = -0.0222; R = 0.9 x 0.5 / 0.035 = 12.857;
+    // C3 = 1 + 0.0222 x 11.857^1.5 / 1.022 = 1.886. C3 does not enter d.
+    EXPECT_EQ(f.Label18.caption(), "-0.02");
+    EXPECT_EQ(f.Label17.caption(), "Alpha < 0 . . . !!");
+    EXPECT_EQ(f.Text13.text(), "12.86");
+    EXPECT_EQ(f.Text6.text(), "1.89");
+    EXPECT_EQ(f.Text9.text(), "15.57");
+    // A typed C3 is kept.
+    click(f.Check15);
+    type(f.Text6, "1.3");
+    press(f.Command1);
+    EXPECT_EQ(f.Text6.text(), "1.3");
+}
+
+TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
+    hand_over();
+    // A new yield point on Form6 changes Alpha, not the copied dy.
+    type(f6().txtXC2, "1");
+    press(f8().Command1);
+    // ((3300 - 2855.72) / (8 - 1)) / 1500 = 0.0423.
+    EXPECT_EQ(f8().Label18.caption(), "0.04");
+    EXPECT_EQ(f8().Text16.text(), "1.99");
+    EXPECT_EQ(f8().Text14.text(), "7.83");
+}
+
+TEST_F(TargetDisplacementTest, MissingInputsAreAskedFor) {
+    solve_softening();
+    press(f6().Command5);
+    press(f8().Command1);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Pleas Input W ,C0 , Cm, dy, Vy");
+    EXPECT_EQ(platform.messages[0].title, "");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::None);
+    EXPECT_EQ(f8().Text9.text(), "");
+}
+
+TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
+    hand_over();
+    type(f6().txtTI, "0");
+    press(f6().Command5);
+    ASSERT_EQ(f8().Text7.text(), "0.000");
+    press(f8().Command1);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kDivisionByZero);
+}
+
+TEST_F(TargetDisplacementTest, TheC0ColumnsFollowTheGroupLogic) {
+    windows::Form8& f = f8();
+    EXPECT_TRUE(f.Check1.checked());
+    EXPECT_EQ(f.Text12.text(), "");
+    type(f.Text1, "3");
+    EXPECT_TRUE(f.Check1.checked());
+    EXPECT_EQ(f.Text12.text(), "1.2");
+    click(f.Check3);
+    EXPECT_TRUE(f.Check3.checked());
+    EXPECT_FALSE(f.Check1.checked());
+    EXPECT_FALSE(f.Check2.checked());
+    EXPECT_EQ(f.Text12.text(), "1.3");
+    // A click on the only box that is on leaves it on.
+    click(f.Check3);
+    EXPECT_TRUE(f.Check3.checked());
+    EXPECT_EQ(f.Text12.text(), "1.3");
+    // A new story count clears the boxes; the one that was on turns itself back on.
+    type(f.Text1, "7");
+    EXPECT_TRUE(f.Check3.checked());
+    EXPECT_EQ(f.Text12.text(), "1.44");
+    type(f.Text1, "10");
+    EXPECT_EQ(f.Text12.text(), "1.5");
+    type(f.Text1, "2.5");
+    EXPECT_EQ(f.Text12.text(), "");
+    click(f.Check2);
+    type(f.Text1, "4");
+    EXPECT_EQ(f.Text12.text(), "1.25");
+}
+
+TEST_F(TargetDisplacementTest, TheCmColumnsAndCheck14) {
+    windows::Form8& f = f8();
+    type(f.Text1, "3");
+    EXPECT_EQ(f.Text11.text(), "0.9");
+    click(f.Check13);
+    EXPECT_TRUE(f.Check13.checked());
+    EXPECT_FALSE(f.Check11.checked());
+    EXPECT_EQ(f.Text11.text(), "0.8");
+    click(f.Check14);
+    EXPECT_EQ(f.Text11.text(), "1");
+    // Check14 is not touched by a new story count, so Cm is not filled anew.
+    type(f.Text11, "0.95");
+    type(f.Text1, "2");
+    EXPECT_TRUE(f.Check14.checked());
+    EXPECT_EQ(f.Text11.text(), "0.95");
+    click(f.Check12);
+    EXPECT_EQ(f.Text11.text(), "1");  // one or two stories
+}
+
+TEST_F(TargetDisplacementTest, SoilAndTheUnreadChoiceAreGroupsToo) {
+    windows::Form8& f = f8();
+    click(f.Check8);
+    EXPECT_TRUE(f.Check8.checked());
+    EXPECT_FALSE(f.Check9.checked());
+    click(f.Check8);
+    EXPECT_TRUE(f.Check8.checked());
+    // A new story count keeps the soil.
+    type(f.Text1, "5");
+    EXPECT_TRUE(f.Check8.checked());
+    click(f.Check6);
+    EXPECT_TRUE(f.Check6.checked());
+    EXPECT_FALSE(f.Check4.checked());
+}
+
+TEST_F(TargetDisplacementTest, CalLeavesSaToTheUser) {
+    hand_over();
+    press(f8().Command3);
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_EQ(f8().Text2.text(), "0.5");
+    // The period goes over as a number: an empty Te is a type mismatch.
+    type(f8().Text7, "");
+    press(f8().Command3);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kTypeMismatch);
+}
+
+TEST_F(TargetDisplacementTest, TheNoteOpensAndCloses) {
+    press(f8().Command2);
+    ASSERT_TRUE(program.is_loaded<windows::Form7>());
+    windows::Form7& note = program.form<windows::Form7>();
+    EXPECT_TRUE(note.visible());
+    EXPECT_FALSE(note.Picture1.ops().empty());
+    press(note.Command1);
+    EXPECT_FALSE(program.is_loaded<windows::Form7>());
+}
+
+TEST_F(TargetDisplacementTest, PrintSendsTheWindowImageAlone) {
+    hand_over();
+    program.run([&] { f6().xprinter.set_list_index(1); });
+    press(f8().print);
+    ASSERT_EQ(platform.printed.size(), 1u);
+    EXPECT_EQ(platform.printed[0].form_image, &f8());
+    EXPECT_EQ(platform.printed[0].printer, "PDF Printer");
+    EXPECT_TRUE(platform.printed[0].lines.empty());
+    platform.printer_names.clear();
+    press(f8().print);
+    EXPECT_EQ(platform.printed.size(), 1u);
+}
+
+}  // namespace
+}  // namespace tv::test
