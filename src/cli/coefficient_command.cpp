@@ -8,6 +8,7 @@
 #include "cli/session.h"
 #include "text/format.h"
 #include "text/number_text.h"
+#include "windows/capacity/sa_window.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/coefficient/target_displacement_window.h"
 #include "windows/project/main_frame_window.h"
@@ -32,7 +33,7 @@ const char* kCoefficientUsage =
     "  --cm-column 1|2|3|4   Cm column\n"
     "  --soil I|II|III-IV    soil of C1 (default III-IV)\n"
     "  --sa TEXT             spectral acceleration at Te, in g\n"
-    "  --sa-code SOIL,HAZARD Sa from the code spectrum (not available yet)\n"
+    "  --sa-code SOIL,HAZARD Sa and Ts from the code spectrum at Te (Form11; SOIL I..IV, HAZARD low|high)\n"
     "  --use-alpha           use alpha-e in Rmax\n"
     "  --c3 TEXT             a typed C3\n"
     "  --report-pdf FILE     the printed page of Form6 (and of Form8 when it ran), to PDF\n";
@@ -66,9 +67,13 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
         return kDone;
     }
     if (o.files.size() != 1) return usage("give one pushover file");
-    if (o.get("sa-code")) {
-        err << "tremorvault-cli coefficient: --sa-code is not available yet\n";
-        return kUsage;
+    std::vector<std::string> sa_code;
+    if (auto v = o.get("sa-code")) {
+        sa_code = split_list(*v);
+        const std::vector<std::string> soils{"I", "II", "III", "IV"}, hazards{"low", "high"};
+        if (sa_code.size() != 2 || std::find(soils.begin(), soils.end(), sa_code[0]) == soils.end() ||
+            std::find(hazards.begin(), hazards.end(), sa_code[1]) == hazards.end())
+            return usage("--sa-code takes SOIL,HAZARD with SOIL one of I II III IV and HAZARD low or high");
     }
     std::vector<std::string> yield;
     if (auto y = o.get("yield")) {
@@ -165,6 +170,16 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
             if (cm_column >= 0) s.step([&] { cm_boxes[cm_column]->user_click(); });
             if (soil >= 0) s.step([&] { soil_boxes[soil]->user_click(); });
             if (auto v = o.get("sa")) s.step([&] { f8.Text2.set_text(*v); });
+            if (!sa_code.empty()) {
+                s.step([&] { f8.Command3.press(); });
+                auto& f11 = s.program.form<windows::Form11>();
+                forms::OptionButton* soils[] = {&f11.Option1, &f11.Option2, &f11.Option3, &f11.Option4};
+                const std::size_t soil_index = sa_code[0] == "I" ? 0 : sa_code[0] == "II" ? 1 : sa_code[0] == "III" ? 2 : 3;
+                s.step([&] { soils[soil_index]->user_click(); });
+                s.step([&] { (sa_code[1] == "low" ? f11.Option5 : f11.Option6).user_click(); });
+                s.step([&] { f11.Command6.press(); });
+                s.step([&] { f11.Command7.press(); });
+            }
             if (o.has("use-alpha")) s.step([&] { f8.Check10.user_click(); });
             if (auto v = o.get("c3")) {
                 s.step([&] { f8.Check15.user_click(); });

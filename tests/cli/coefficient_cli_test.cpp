@@ -128,10 +128,15 @@ TEST_F(CoefficientCliTest, APointNumberOutsideTheCurveIsARunTimeError) {
     EXPECT_EQ(r.err, "run-time error: Overflow\n");
 }
 
-TEST_F(CoefficientCliTest, NotYetAvailableOptionsAndUsageErrors) {
+TEST_F(CoefficientCliTest, SaFromTheCodeSpectrumAndUsageErrors) {
     CliResult r = run_cli({"coefficient", "--sa-code", "II,high", "--weight", "1", curve});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.out.find("\nTs: 0.5000\n"), std::string::npos) << r.out;  // soil II
+    const auto sa = r.out.find("\nSa: ");
+    ASSERT_NE(sa, std::string::npos);
+    EXPECT_EQ(r.out.find('.', sa) - sa, 6u);  // four decimals
+    r = run_cli({"coefficient", "--sa-code", "V,high", "--weight", "1", curve});
     EXPECT_EQ(r.status, 2);
-    EXPECT_EQ(r.err, "tremorvault-cli coefficient: --sa-code is not available yet\n");
     EXPECT_EQ(r.out, "");
 
     EXPECT_EQ(run_cli({"coefficient"}).status, 2);

@@ -1,5 +1,7 @@
 #include "windows/coefficient/target_displacement_window.h"
 
+#include "windows/capacity/sa_window.h"
+
 #include <cmath>
 
 #include "compute/coefficient/target_displacement.h"
@@ -151,7 +153,15 @@ void Form8::Command2_Click() { program().form<Form7>().show(); }
 
 void Form8::Command3_Click() { showForm11(text::to_double(Text7.text())); }
 
-void Form8::showForm11(double requestedPeriod) { (void)requestedPeriod; }
+void Form8::showForm11(double requestedPeriod) {
+    Form11& f = program().form<Form11>();
+    f.requestedPeriod = requestedPeriod;
+    f.writeBack = [this](const std::string& sa, const std::string& ts) {
+        Text2.set_text(sa);
+        Text8.set_text(ts);
+    };
+    f.show(true);
+}
 
 forms::PrintJob Form8::report_page() {
     forms::PrintJob job;

@@ -6,6 +6,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
+#include "windows/capacity/capacity_window.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/project/about_window.h"
 #include "windows/project/record_input_window.h"
@@ -19,9 +20,9 @@ frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", 15360,
     menu_open.Click = [this] { menu_open_Click(); };
     menu_exit.Click = [this] { menu_exit_Click(); };
     help.Click = [this] { help_Click(); };
-    // The capacity window joins its entry once it is built.
+    // The two methods need no record.
     PUSHOVER.Click = [this] { program().form<Form6>().show(); };
-    menu_adrs.set_enabled(false);
+    menu_adrs.Click = [this] { program().form<Form9>().show(); };
 }
 
 frmMain& start(Program& program) {

@@ -1,0 +1,207 @@
+// tremorvault-cli capacity: the capacity spectrum road on the wizard Form9 and the diagram Form10.
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/options.h"
+#include "cli/pdf_report.h"
+#include "cli/session.h"
+#include "windows/capacity/capacity_window.h"
+#include "windows/capacity/diagram_window.h"
+#include "windows/project/main_frame_window.h"
+
+namespace tv::cli {
+
+namespace {
+
+const char* kCapacityUsage =
+    "usage: tremorvault-cli capacity [OPTIONS] CAPACITY_FILE\n"
+    "  The file: title lines, a line holding \"Teff\", then one step per line in nine columns\n"
+    "  (Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi) after a disposable first character.\n"
+    "  --unit mm|cm|m         length unit of the file (default mm)\n"
+    "  --g TEXT               gravity in that unit (default: the unit's, 9810 for mm)\n"
+    "  --t0 TEXT              period T0 between the acceleration and velocity ranges (0.4358)\n"
+    "  --skip TEXT            capacity rows left out at the head (default 0)\n"
+    "  --m TEXT               row offset of the initial slope (default 2)\n"
+    "  --soil I|II|III|IV     soil of the demand spectrum (default I)\n"
+    "  --risk low|high        hazard of the demand spectrum (default low)\n"
+    "  --scale TEXT           scale A of the demand spectrum (default 1)\n"
+    "  --tstart, --tend, --step TEXT   period grid (default 0.01, 4, 0.02)\n"
+    "  --spectrum-file FILE   demand spectrum from a file, period and Sa per line\n"
+    "  --teff-from-capacity   \"Input Teff From Capacity\" after Sa is calculated\n"
+    "  --type A|B|C           structure type (default A)\n"
+    "  --table FILE           the calculation table as Copy to Clipboard gives it\n"
+    "  --report-pdf FILE      the printed page of the diagram, to PDF\n";
+
+// Writes beside the target and renames, so a failure leaves no half file.
+bool write_whole(const std::string& path, const std::string& bytes, std::string& why) {
+    const std::string temp = path + ".tmp";
+    {
+        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+        if (!out) {
+            why = std::strerror(errno);
+            return false;
+        }
+        out << bytes;
+        out.flush();
+        if (!out) {
+            why = std::strerror(errno);
+            out.close();
+            std::remove(temp.c_str());
+            return false;
+        }
+    }
+    std::error_code ec;
+    std::filesystem::rename(temp, path, ec);
+    if (ec) {
+        why = ec.message();
+        std::filesystem::remove(temp, ec);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    OptionSpec spec{{"unit", "g", "t0", "skip", "m", "soil", "risk", "scale", "tstart", "tend", "step", "spectrum-file",
+                     "type", "table", "report-pdf"},
+                    {"teff-from-capacity"}};
+    ParsedOptions o;
+    auto usage = [&](const std::string& why) {
+        err << "tremorvault-cli capacity: " << why << '\n' << kCapacityUsage;
+        return kUsage;
+    };
+    try {
+        o = parse_options(args, spec);
+    } catch (const UsageError& e) {
+        return usage(e.what());
+    }
+    if (o.help) {
+        out << kCapacityUsage;
+        return kDone;
+    }
+    if (o.files.size() != 1) return usage("give one capacity file");
+
+    // The index of an option's value among the allowed ones; the default's when not given.
+    bool bad_choice = false;
+    auto one_of = [&](const char* name, const std::vector<std::string>& allowed) {
+        auto v = o.get(name);
+        if (!v) return 0;
+        auto it = std::find(allowed.begin(), allowed.end(), *v);
+        if (it != allowed.end()) return static_cast<int>(it - allowed.begin());
+        err << "tremorvault-cli capacity: --" << name << " takes one of";
+        for (const auto& a : allowed) err << ' ' << a;
+        err << '\n';
+        bad_choice = true;
+        return 0;
+    };
+    const int unit = one_of("unit", {"mm", "cm", "m"});
+    const int soil = one_of("soil", {"I", "II", "III", "IV"});
+    const int risk = one_of("risk", {"low", "high"});
+    const int type = one_of("type", {"A", "B", "C"});
+    if (bad_choice) {
+        err << kCapacityUsage;
+        return kUsage;
+    }
+
+    const std::string& file = o.files.front();
+    Session s(out, err);
+    try {
+        require_readable(s, file);
+        if (auto f = o.get("spectrum-file")) require_readable(s, *f);
+        s.step([&] { s.program.form<windows::frmMain>().menu_adrs.choose(); });
+        windows::Form9& f9 = s.program.form<windows::Form9>();
+
+        // Page 0: the unit first, since it writes T1; then the boxes; then Start.
+        s.step([&] { f9.Combo1.set_list_index(unit); });
+        s.step([&] {
+            if (auto v = o.get("g")) f9.T1.set_text(*v);
+            if (auto v = o.get("t0")) f9.T2.set_text(*v);
+            if (auto v = o.get("skip")) f9.T3.set_text(*v);
+            if (auto v = o.get("m")) f9.T4.set_text(*v);
+        });
+        s.step([&] { f9.Text1.set_text(file); });
+        s.step([&] { f9.Command2.press(); });
+        s.step([&] { f9.Command3.press(); });
+        if (f9.pageIndex != 1) {
+            err << "tremorvault-cli capacity: the capacity file was not read\n";
+            throw Exit{kFailed};
+        }
+
+        // Page 1: the demand spectrum and Sa at every period.
+        forms::OptionButton* soils[] = {&f9.Option1, &f9.Option2, &f9.Option3, &f9.Option4};
+        forms::OptionButton* risks[] = {&f9.Option5, &f9.Option6};
+        s.step([&] { soils[soil]->user_click(); });
+        s.step([&] { risks[risk]->user_click(); });
+        s.step([&] {
+            if (auto v = o.get("scale")) f9.xscale.set_text(*v);
+            if (auto v = o.get("tstart")) f9.tstart.set_text(*v);
+            if (auto v = o.get("tend")) f9.tend.set_text(*v);
+            if (auto v = o.get("step")) f9.xstep.set_text(*v);
+        });
+        if (auto f = o.get("spectrum-file")) {
+            s.step([&] { f9.Check1.user_click(); });
+            s.platform.file_answers.push_back(*f);
+            s.step([&] { f9.Command4.press(); });
+        } else {
+            s.step([&] { f9.Command6.press(); });
+        }
+        s.step([&] { f9.Command7.press(); });
+        if (o.has("teff-from-capacity")) s.step([&] { f9.Command8.press(); });
+        s.step([&] { f9.Command3.press(); });
+        if (f9.pageIndex != 2) {
+            // Next stays disabled until Sa is calculated: the calculation page is out of reach.
+            err << "tremorvault-cli capacity: no demand spectrum, the calculation page is not reached\n";
+            throw Exit{kFailed};
+        }
+
+        // Page 2: the sweep.
+        forms::OptionButton* types[] = {&f9.Op1, &f9.Op2, &f9.Op3};
+        s.step([&] { types[type]->user_click(); });
+        s.step([&] { f9.Command9.press(); });
+
+        if (auto table = o.get("table")) {
+            s.step([&] { f9.Fg3.set_selected_rows({}); });
+            s.step([&] { f9.copy.choose(); });
+            std::string why;
+            if (!write_whole(*table, s.platform.clipboard, why)) {
+                err << "tremorvault-cli: " << *table << ": " << why << '\n';
+                throw Exit{kFailed};
+            }
+        }
+
+        s.print("target displacement", f9.Re1.text());
+        s.print("unit", f9.vahed.caption());
+        s.print("SRA", f9.Re2.text());
+        s.print("SRV", f9.Re3.text());
+        s.print("Beff", f9.Re4.text());
+
+        if (auto pdf = o.get("report-pdf")) {
+            // Next from the last page shows the diagram; its page is what Print would send.
+            s.step([&] { f9.Command3.press(); });
+            windows::Form10* f10 = s.program.if_loaded<windows::Form10>();
+            if (f10 == nullptr) {
+                err << "tremorvault-cli capacity: the diagram could not be shown\n";
+                throw Exit{kFailed};
+            }
+            std::vector<forms::PrintJob> pages;
+            s.step([&] { pages.push_back(f10->report_page()); });
+            std::string why;
+            if (!write_pdf(*pdf, pages, why)) {
+                err << "tremorvault-cli: " << *pdf << ": " << why << '\n';
+                throw Exit{kFailed};
+            }
+        }
+    } catch (const Exit& e) {
+        return e.status;
+    }
+    return kDone;
+}
+
+}  // namespace tv::cli

@@ -1,0 +1,154 @@
+#include "windows/capacity/diagram_window.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+
+#include "compute/chart/chart_scaling.h"
+#include "text/runtime_error.h"
+#include "windows/capacity/capacity_window.h"
+#include "windows/capacity/grid_table.h"
+
+namespace tv::windows {
+
+namespace cc = compute::chart;
+
+namespace {
+
+ChartOptions diagram_chart(Form10& f) {
+    ChartOptions o;
+    o.range = cc::RangeRule::LargestWide;
+    o.colour = -1;
+    o.time_labels = cc::TimeLabels::EverySecond;
+    // The abscissa is a displacement itself: one unit a tick.
+    o.time_step = [] { return 1.0; };
+    o.value_steps = cc::ValueSteps::PeakRule;
+    o.value_peak = [&f] { return f.state().peakAccel; };
+    o.readout.label = "Label1";
+    o.readout.caption = "";
+    o.readout.x_text = "X: ";
+    o.readout.y_text = ", Y: ";
+    o.readout.x_step = [] { return 1.0; };
+    o.replot = [&f] { f.plot_or_say_so(); };
+    return o;
+}
+
+// Drawing coordinates are single precision; beyond it is an overflow.
+double single(double v) {
+    if (std::isfinite(v) && std::fabs(v) > FLT_MAX) text::raise(text::kOverflow);
+    return static_cast<double>(static_cast<float>(v));
+}
+
+}  // namespace
+
+Form10::Form10(forms::App& app) : Window(app, "Form10", "Diagram", 11000, 6500), chart(*this, diagram_chart(*this)) {
+    pic1.set_visible(false);
+    Command1.Click = [this] { Command1_Click(); };
+    Command2.Click = [this] { Command2_Click(); };
+    chart.Slider1.Change = [this] { chart.slider_changed(); };
+    chart.HScroll1.Change = [this] { chart.scroll(); };
+    chart.HScroll1.Scroll = [this] { chart.scroll(); };
+    chart.picNemodar.MouseMove = [this](int b, int s, double x, double y) { picNemodar_MouseMove(b, s, x, y); };
+}
+
+void Form10::Form_Activate() {
+    if (activated) return;
+    activated = true;
+    xprinter.clear();
+    const std::vector<std::string> names = platform().printers();
+    for (const std::string& n : names) xprinter.add_item(n);
+    const std::string current = platform().current_printer();
+    auto it = std::find(names.begin(), names.end(), current);
+    if (it != names.end())
+        xprinter.set_list_index(static_cast<int>(it - names.begin()));
+    else
+        xprinter.set_text(current);
+    fillarray();
+    plot_or_say_so();
+}
+
+void Form10::plot_or_say_so() {
+    try {
+        plot(true);
+    } catch (const text::RuntimeError&) {
+        platform().message_box("Error Reading File", forms::MsgButtons::Ok, "", forms::MsgIcon::None);
+    }
+}
+
+void Form10::fillarray() { diagram = compute::fillarray(to_table(program().form<Form9>().Fg3)); }
+
+void Form10::plot(bool rescale) {
+    forms::PictureBox& P = chart.picNemodar;
+    const double r = cc::element_range(diagram.maxOrdinate, cc::RangeRule::LargestWide);
+    const double right = cc::element_range(diagram.maxAbscissa, cc::RangeRule::LargestWide);
+    P.cls();
+    if (rescale) {
+        P.set_width(cc::plot_width(chart.Slider1.value()));
+        P.set_left(0);
+        P.set_top(chart.picNemodar1.height() - P.height());
+        chart.HScroll1.set_value(0);
+        chart.HScroll1.set_max(cc::scroll_max(chart.Slider1.value()));
+        P.scale(0, r, right, -r);
+    }
+    for (std::size_t k = 0; k < diagram.series.size(); ++k) {
+        const compute::DiagramSeries& s = diagram.series[k];
+        if (!s.x.allocated() || !s.y.allocated()) continue;
+        const long u = std::min(s.x.ubound(), s.y.ubound());
+        const int colour = compute::kDiagramColors[k];
+        for (long i = 2; i <= u; ++i)
+            P.line(single(s.x(i - 1)), single(s.y(i - 1)), single(s.x(i)), single(s.y(i)), colour);
+    }
+    P.line(0, 0, single(2 * P.width()), 0);
+    P.refresh();
+    chart.drawAxes();
+}
+
+void Form10::picNemodar_MouseMove(int, int, double x, double y) {
+    // The read-out shows the pointer itself.
+    chart.mouse_move(x, y, [y](long) { return y; });
+}
+
+void Form10::Command1_Click() { program().unload(*this); }
+
+forms::PrintJob Form10::report_page() {
+    // Plot and strips side by side, as the chart stands in its container.
+    pic1.cls();
+    auto copy = [this](const forms::PictureBox& from, double dx, double dy) {
+        for (const forms::DrawOp& op : from.ops()) {
+            switch (op.kind) {
+                case forms::DrawOp::Kind::Line:
+                    pic1.line(op.x1 + dx, op.y1 + dy, op.x2 + dx, op.y2 + dy, op.color);
+                    break;
+                case forms::DrawOp::Kind::Point: pic1.pset(op.x1 + dx, op.y1 + dy, op.color); break;
+                case forms::DrawOp::Kind::Text:
+                    pic1.set_current_x(op.x1 + dx);
+                    pic1.set_current_y(op.y1 + dy);
+                    pic1.print(op.text);
+                    break;
+            }
+        }
+    };
+    copy(chart.picNemodar, chart.picNemodar1.left() + chart.picNemodar.left(),
+         chart.picNemodar1.top() + chart.picNemodar.top());
+    copy(chart.PicySxale, chart.PicySxale.left(), chart.PicySxale.top());
+    copy(chart.PicxSxale, chart.PicxSxale.left(), chart.PicxSxale.top());
+
+    const Form9& f9 = program().form<Form9>();
+    forms::PrintJob job;
+    job.printer = xprinter.text();
+    job.title = caption();
+    job.picture = &pic1;
+    job.font = "Tahoma";
+    job.heading = "Diagram & Result";
+    job.lines = {f9.Label16.caption() + " " + f9.Re1.text() + " " + f9.vahed.caption(),
+                 f9.Label17.caption() + " " + f9.Re2.text(), f9.Label18.caption() + " " + f9.Re3.text(),
+                 f9.Label19.caption() + " " + f9.Re4.text()};
+    return job;
+}
+
+void Form10::Command2_Click() {
+    if (platform().printers().empty()) return;
+    platform().print(report_page());
+}
+
+}  // namespace tv::windows

@@ -1,0 +1,51 @@
+#pragma once
+// Form10 ("Diagram"): the result of the capacity spectrum method drawn as five series (demand,
+// reduced demand, capacity curve, bilinear form, reduced points of the sweep), with the
+// read-out and the printed page "Diagram & Result".
+#include "compute/capacity/capacity_results.h"
+#include "forms/platform.h"
+#include "windows/chart/chart.h"
+#include "windows/program.h"
+
+namespace tv::windows {
+
+class Form10 : public Window {
+public:
+    explicit Form10(forms::App& app);
+
+    /// The chart, with its read-out Label1.
+    Chart chart;
+    forms::CommandButton& Command1 = button("Command1", "Close");
+    forms::CommandButton& Command2 = button("Command2", "Print");
+    forms::Label& Label2 = label("Label2", "Select Device :");
+    forms::ComboBox& xprinter = combo("xprinter");
+    /// The page's copy of the chart: plot and strips side by side, as printed.
+    forms::PictureBox& pic1 =
+        picture("pic1", Chart::kValueStripWidth + 9165, Chart::kPlotHeight + Chart::kTimeStripHeight);
+
+    /// The five series read from Form9's Fg3, and the largest values met.
+    compute::CapacityDiagram diagram;
+    /// Form_Activate has run once since the load.
+    bool activated = false;
+
+    /// The first time only: the printers, fillarray, the plot.
+    void Form_Activate() override;
+    /// Close.
+    void Command1_Click();
+    /// Print: the plot and the four result lines of Form9 on the chosen printer.
+    void Command2_Click();
+    void picNemodar_MouseMove(int button, int shift, double x, double y);
+
+    /// The five series from Form9's Fg3.
+    void fillarray();
+    /// Draws the series in their colours (x against y), the base line and the axes. The value
+    /// range is 1.5 x the largest ordinate, the abscissa 1.5 x the largest capacity
+    /// displacement. Failures raise as the arithmetic does.
+    void plot(bool rescale);
+    /// The plot under the window's trap: a failure shows "Error Reading File".
+    void plot_or_say_so();
+    /// The page that Print sends.
+    forms::PrintJob report_page();
+};
+
+}  // namespace tv::windows

@@ -1,0 +1,114 @@
+// Form9's last page: the sweep through the window, its colours, the results and the clipboard.
+#include "capacity_fixture.h"
+
+#include "compute/capacity/text_table.h"
+
+namespace tv::test {
+namespace {
+
+TEST_F(CapacityTest, TheSweepOfTheHandCaseGivesItsTargetPoint) {
+    sweep_hand_case();
+    windows::Form9& f = form9();
+    // The crossing between rows 4 and 5 worked by hand in the sweep's tests.
+    EXPECT_EQ(f.Re1.text(), "5.0169");
+    EXPECT_EQ(f.Re2.text(), "0.4676");
+    EXPECT_EQ(f.Re3.text(), "0.5893");
+    EXPECT_EQ(f.Re4.text(), "26.1787");
+    EXPECT_EQ(f.slopeK0, 0.4);
+    EXPECT_TRUE(f.Command3.enabled());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+
+    ASSERT_EQ(f.Fg3.rows(), 7);
+    EXPECT_EQ(f.Fg3.text(0, 1), "Target");
+    EXPECT_EQ(f.Fg3.text(4, 1), "4.8000");
+    EXPECT_EQ(f.Fg3.text(5, 1), "7.2000");
+    EXPECT_EQ(f.Fg3.text(4, 8), "0.3364");
+    EXPECT_EQ(f.Fg3.text(3, 31), "4.1808");
+    EXPECT_TRUE(f.Fg3.col_hidden(0));
+    EXPECT_TRUE(f.Fg3.col_hidden(12));
+    EXPECT_TRUE(f.Fg3.col_hidden(28));
+}
+
+TEST_F(CapacityTest, StepCellsAreBlueAndRedAtTheCrossing) {
+    sweep_hand_case();
+    windows::Form9& f = form9();
+    for (int r = 1; r <= 3; ++r) EXPECT_EQ(f.Fg3.cell_back_color(r, 2), compute::kBlue) << r;
+    EXPECT_EQ(f.Fg3.cell_back_color(4, 2), compute::kRed);
+    EXPECT_EQ(f.Fg3.cell_back_color(5, 2), compute::kRed);
+    EXPECT_EQ(f.Fg3.cell_back_color(6, 2), -1);
+    EXPECT_EQ(f.Fg3.cell_back_color(4, 3), -1);
+
+    // A second run without a crossing clears the red marks and the results.
+    run([&] {
+        for (int r = 1; r <= 5; ++r) f.FG2.set_text(r, 1, "0");
+    });
+    press(f.Command9);
+    EXPECT_EQ(f.Re1.text(), "");
+    EXPECT_EQ(f.Re4.text(), "");
+    EXPECT_EQ(f.Fg3.cell_back_color(4, 2), compute::kBlue);
+    EXPECT_EQ(f.Fg3.cell_back_color(5, 2), compute::kBlue);
+    EXPECT_EQ(f.Fg3.text(4, 1), "");
+}
+
+TEST_F(CapacityTest, TypeCChangesTheDampingOfTheSweep) {
+    windows::Form9& f = form9();
+    sweep_hand_case();
+    const std::string typeA = f.Re4.text();
+    run([&] { f.Op3.user_click(); });
+    EXPECT_EQ(f.kind(), 3);
+    press(f.Command9);
+    // K is 0.33 from the first row: B0 21.4859 of row 4 gives Beff = 0.33 x 21.4859 + 5.
+    EXPECT_EQ(f.Fg3.text(4, 20), "0.3300");
+    EXPECT_EQ(f.Fg3.text(4, 21), "12.0903");
+    EXPECT_NE(f.Re4.text(), typeA);
+}
+
+TEST_F(CapacityTest, AFailingSweepKeepsTheRowsItWroteAndNextStaysOff) {
+    windows::Form9& f = form9();
+    // m = 0 takes the slope from row 1, where d is 0.
+    run([&] { f.T4.set_text("0"); });
+    sweep_hand_case();
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(f.Fg3.text(1, 2), "1");  // written before the division
+    EXPECT_EQ(f.Fg3.text(0, 2), "step");
+    EXPECT_FALSE(f.Command3.enabled());
+    EXPECT_EQ(f.Re1.text(), "");
+}
+
+TEST_F(CapacityTest, TheClipboardStartsWithTheThirtyVisibleHeadings) {
+    sweep_hand_case();
+    windows::Form9& f = form9();
+    run([&] { f.copy.choose(); });
+    const std::string first = platform.clipboard.substr(0, platform.clipboard.find("\r\n"));
+    EXPECT_EQ(first,
+              "\tTarget\tstep\tS(dpi)\tS(api)\tT\tSa\tSa(Reduce)\tfinal\tSd(Reduce)\tA\tm\tA1\tdy\tay\tEs0\tED\tB0"
+              "\tLambda\tK\tBeff\tSRA\tSRV\tT(Sec)\tSa(demand)\tSd(demand)\tSa(Re)(demand)\tSd(Re)(demand)\tPFPhi"
+              "\tbilinear\tbilinear");
+    // Every row of the table, each line ended by CR LF.
+    std::size_t lines = 0;
+    for (std::size_t p = 0; (p = platform.clipboard.find("\r\n", p)) != std::string::npos; p += 2) ++lines;
+    EXPECT_EQ(lines, 7u);
+
+    run([&] { f.Fg3.set_selected_rows({4}); });
+    run([&] { f.copy.choose(); });
+    const std::string& c = platform.clipboard;
+    const std::size_t second = c.find("\r\n") + 2;
+    EXPECT_EQ(c.substr(second, 12), "\t4.8000\t4\t4.");  // row 4 alone after the headings
+    EXPECT_EQ(c.find("\r\n", second) + 2, c.size());
+}
+
+TEST_F(CapacityTest, TheRightButtonOnTheTableShowsTheFileMenu) {
+    windows::Form9& f = form9();
+    std::vector<std::string> popped;
+    f.PopupMenu = [&](forms::Menu& m) { popped.push_back(m.name()); };
+    run([&] { f.Fg3.MouseUp(1, 0, 10, 10); });
+    EXPECT_TRUE(popped.empty());
+    run([&] { f.Fg3.MouseUp(2, 0, 10, 10); });
+    EXPECT_EQ(popped, std::vector<std::string>{"menu_file"});
+    EXPECT_EQ(f.menu_file.caption(), "File");
+    EXPECT_EQ(f.copy.caption(), "Copy to Clipboard");
+    EXPECT_FALSE(f.menu_file.visible());
+}
+
+}  // namespace
+}  // namespace tv::test

@@ -1,0 +1,113 @@
+// Form11: Sa at one period from the code spectrum or a file, handed back with Ts.
+#include "capacity_fixture.h"
+
+namespace tv::test {
+namespace {
+
+class SaWindowTest : public CapacityTest {
+protected:
+    windows::Form11& form11() { return program.form<windows::Form11>(); }
+    /// Opens Form11 as the target displacement window does, catching what it hands back.
+    windows::Form11& open(double period) {
+        windows::Form11& f = form11();
+        f.requestedPeriod = period;
+        f.writeBack = [this](const std::string& sa, const std::string& ts) {
+            handedSa = sa;
+            handedTs = ts;
+            ++handed;
+        };
+        run([&] { f.show(true); });
+        return f;
+    }
+    std::string handedSa, handedTs;
+    int handed = 0;
+};
+
+TEST_F(SaWindowTest, LoadsWithItsDefaults) {
+    windows::Form11& f = form11();
+    EXPECT_EQ(f.caption(), "Calculate SA");
+    EXPECT_EQ(f.Frisk.caption(), "Hazard");
+    EXPECT_EQ(f.xstep.text(), "0.01");
+    EXPECT_EQ(f.Label5.caption(), "Step =");
+    EXPECT_FALSE(f.Command4.enabled());
+    EXPECT_FALSE(f.Command7.enabled());
+    EXPECT_TRUE(f.Command6.enabled());
+    EXPECT_TRUE(f.Option1.value());
+    EXPECT_TRUE(f.Option5.value());
+}
+
+TEST_F(SaWindowTest, TheCodeSpectrumGivesSaAndTsBackAndTheWindowCloses) {
+    windows::Form11& f = open(1.0);
+    run([&] {
+        f.Option2.user_click();
+        f.Option6.user_click();
+        f.xscale.set_text("0.3");
+    });
+    press(f.Command6);
+    // Soil II, high, A 0.3 at T 1: 2.5 x 0.3 x 0.5 / 1 x (1 + 0.7 x 0.5 / 3.5) = 0.4125.
+    EXPECT_EQ(program.state.specCount, 400);
+    EXPECT_EQ(program.state.designAux(100), 1.0);
+    EXPECT_NEAR(program.state.designSa(100), 0.4125, 1e-12);
+    EXPECT_EQ(f.Ts, 0.5);
+    EXPECT_TRUE(f.Command7.enabled());
+    EXPECT_FALSE(f.chart.picNemodar.ops().empty());
+    press(f.Command7);
+    EXPECT_EQ(handed, 1);
+    EXPECT_EQ(handedSa, "0.4125");
+    EXPECT_EQ(handedTs, "0.5000");
+    EXPECT_FALSE(program.is_loaded<windows::Form11>());
+    EXPECT_FALSE(platform.busy);
+}
+
+TEST_F(SaWindowTest, AFileSpectrumInterpolatesAndTsComesFromTheGreyedOptions) {
+    windows::Form11& f = open(0.75);
+    run([&] { f.Option4.user_click(); });
+    run([&] { f.Option6.user_click(); });
+    run([&] { f.Check1.user_click(); });
+    EXPECT_TRUE(f.Command4.enabled());
+    EXPECT_FALSE(f.Command6.enabled());
+    EXPECT_FALSE(f.fsoil.enabled());
+    EXPECT_FALSE(f.xscale.enabled());
+    EXPECT_FALSE(f.tstart.enabled());
+    EXPECT_FALSE(f.tend.enabled());
+    EXPECT_TRUE(f.xstep.enabled());
+    platform.file_answers.push_back(write("spectrum.txt", "0.5 1.0\n1.0 0.6\n1.5 0.4\n"));
+    press(f.Command4);
+    EXPECT_TRUE(f.fromFile);
+    EXPECT_EQ(f.Ts, 1.0);  // soil IV
+    press(f.Command7);
+    EXPECT_EQ(handedSa, "0.8000");
+    EXPECT_EQ(handedTs, "1.0000");
+}
+
+TEST_F(SaWindowTest, APeriodOutsideTheSpectrumHandsBackZero) {
+    windows::Form11& f = open(9.0);
+    press(f.Command6);
+    press(f.Command7);
+    EXPECT_EQ(handedSa, "0.0000");
+    EXPECT_EQ(handedTs, "0.4000");
+}
+
+TEST_F(SaWindowTest, AZeroStepSaysSoAndStillHandsBack) {
+    windows::Form11& f = open(1.0);
+    press(f.Command6);
+    run([&] { f.xstep.set_text("0"); });
+    press(f.Command7);
+    EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Error Time Step"});
+    EXPECT_EQ(handedSa, "0.0000");
+    EXPECT_EQ(handed, 1);
+}
+
+TEST_F(SaWindowTest, UntickingFromFileGivesTheCodeSpectrumBack) {
+    windows::Form11& f = open(1.0);
+    run([&] { f.Check1.user_click(); });
+    run([&] { f.Check1.user_click(); });
+    EXPECT_TRUE(f.Command6.enabled());
+    EXPECT_FALSE(f.Command4.enabled());
+    EXPECT_TRUE(f.xscale.enabled());
+    EXPECT_TRUE(f.Frisk.enabled());
+    EXPECT_FALSE(f.fromFile);
+}
+
+}  // namespace
+}  // namespace tv::test
