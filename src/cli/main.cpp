@@ -39,10 +39,7 @@ int main(int argc, char** argv) {
     if (command == "spectra") return tv::cli::run_spectra(rest, std::cout, std::cerr);
     if (command == "coefficient") return tv::cli::run_coefficient(rest, std::cout, std::cerr);
     if (command == "capacity") return tv::cli::run_capacity(rest, std::cout, std::cerr);
-    if (command == "fourier") {
-        std::cerr << "tremorvault-cli: the " << command << " command is not in this version yet\n";
-        return tv::cli::kUsage;
-    }
+    if (command == "fourier") return tv::cli::run_fourier(rest, std::cout, std::cerr);
     std::cerr << "tremorvault-cli: unknown command '" << command << "'\n" << kUsage;
     return tv::cli::kUsage;
 }

@@ -6,6 +6,7 @@
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
+#include "windows/fourier/fourier_window.h"
 #include "windows/project/inputs_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/spectra/design_spectrum_window.h"
@@ -327,9 +328,7 @@ void Form1::xBack_Click() {
     setenb(s.currentRecord);
 }
 
-void Form1::Command1_Click() {
-    // The Fourier window opens here, beside this one, once it is built.
-}
+void Form1::Command1_Click() { program().form<Form12>().show(); }
 
 void Form1::Form_Unload(int&) {
     program().unload<Form2>();

@@ -1,0 +1,290 @@
+#include "windows/fourier/fourier_window.h"
+
+#include <cmath>
+
+#include "compute/fourier/fourier_sum.h"
+#include "text/checked.h"
+#include "text/format.h"
+#include "text/number_text.h"
+#include "text/rounding.h"
+#include "windows/project/main_frame_window.h"
+#include "windows/project/record_input_window.h"
+
+namespace tv::windows {
+
+using text::to_text;
+using text::val;
+
+namespace {
+
+ChartOptions fourier_chart(Form12& f) {
+    ChartOptions o;
+    o.range = compute::chart::RangeRule::Largest;
+    o.colour = 255;
+    o.time_step = [&f] { return f.deltaOmega; };
+    o.value_steps = compute::chart::ValueSteps::Fourier;
+    o.readout.label = "";  // this chart has no read-out
+    o.marks.repeat = [&f] { return val(f.Text8.text()); };
+    o.marks.on = [&f] { return f.Check1.checked(); };
+    o.marks.peak = [&f](long p) { return val(f.Grid3.text(static_cast<int>(p), 2)); };
+    o.marks.width = [&f] { return text::round_to(text::div(0.5, val(f.Text2.text())), 1); };
+    o.replot = [&f] { f.chart.plot(f.state().accelX2, f.deltaOmega, true); };
+    return o;
+}
+
+void set_headings(forms::Grid& g, std::initializer_list<const char*> names, std::initializer_list<int> widths) {
+    int c = 0;
+    for (const char* n : names) g.set_text(0, c++, n);
+    c = 0;
+    for (int w : widths) g.set_col_width(c++, w);
+}
+
+}  // namespace
+
+Form12::Form12(forms::App& app) : Window(app, "Form12", "Fourier Transform", 12000, 8200), chart(*this, fourier_chart(*this)) {
+    Picbar.set_visible(false);
+    Text7.set_visible(false);
+    chart.Slider1.Change = [this] { chart.slider_changed(); };
+    Command1.Click = [this] { Command1_Click(); };
+    Command3.Click = [this] { Command3_Click(); };
+    Command4.Click = [this] { Command4_Click(); };
+    Command5.Click = [this] { Command5_Click(); };
+    Command7.Click = [this] { Command7_Click(); };
+    Command8.Click = [this] { Command8_Click(); };
+    Command9.Click = [this] { Command9_Click(); };
+    Check1.Click = [this] { Check1_Click(); };
+}
+
+void Form12::Form_Load() {
+    const Form1& f1 = program().form<Form1>();
+    Text5.set_text(to_text(text::chk(val(f1.xeline.text()) * val(f1.xstep.text()))));
+    for (forms::Control* c : std::initializer_list<forms::Control*>{&Command4, &Command3, &Text5, &Text6, &Text8, &Check1,
+                                                                    &Command5, &Command9})
+        c->set_enabled(false);
+}
+
+void Form12::Check1_Click() {
+    Text8.set_enabled(Check1.checked());
+    Command5.set_enabled(Check1.checked());
+}
+
+void Form12::plot_amplitude() { chart.plot(state().accelX2, deltaOmega, true); }
+
+void Form12::Command1_Click() {
+    ProjectState& s = state();
+    Check1.set_value(0);
+    omegaLim = text::to_double(Text1.text());
+    deltaOmega = text::to_double(Text2.text());
+    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    set_headings(Grid1, {"Real", "Imag", "Amp", "Omega"}, {800, 800, 800, 500});
+    s.accelX1.redim(n);
+    s.accelY1.redim(n);
+    s.accelX2.redim(n);
+    if (n >= compute::kOmegaStepLimit) {
+        platform().message_box("Steps are too many...! Change Omega Lim or Delta Omega", forms::MsgButtons::Ok, "Error",
+                               forms::MsgIcon::Information);
+        return;
+    }
+    Grid1.set_rows(std::max(n, 0) + 1);
+    for (std::int32_t i = 1; i <= n; ++i)
+        for (int c = 0; c < 4; ++c) Grid1.set_text(i, c, "0");
+    Form1& f1 = program().form<Form1>();
+    const double dt = val(f1.xstep.text());
+    Picbar.set_visible(true);
+    pbar.set_max(static_cast<float>(n));
+
+    // The source is record 1's X table as scaled, whatever is drawn.
+    compute::FourierSamples samples;
+    if (n >= 1) {
+        const double first = val(f1.Xfline.text()), last = val(f1.xeline.text());
+        for (double j = first; j <= last; j += 1) {
+            samples.j.push_back(j);
+            samples.x.push_back(val(f1.Grid1.text(static_cast<int>(text::index_of(j)), 1)));
+        }
+    }
+    std::vector<double> re, im, omega;
+    compute::fourier_sums(samples, dt, deltaOmega, n, re, im, omega, [&](std::int32_t i) {
+        const auto u = static_cast<std::size_t>(i);
+        pbar.set_value(static_cast<float>(i));
+        Grid1.set_text(i, 0, to_text(re[u]));
+        s.accelX1(i) = val(Grid1.text(i, 0));
+        Grid1.set_text(i, 1, to_text(im[u]));
+        s.accelY1(i) = val(Grid1.text(i, 1));
+        const double amp = compute::fourier_amplitude(s.accelX1(i), s.accelY1(i));
+        Grid1.set_text(i, 2, to_text(text::round_to(amp, 4)));
+        Grid1.set_text(i, 3, to_text(text::round_to(omega[u], 2)));
+        s.accelX2(i) = val(Grid1.text(i, 2));
+        if (peakAmp < amp) {
+            peakOmega = omega[u];
+            peakAmp = amp;
+        }
+        Grid1.set_text(i, 0, to_text(text::round_to(s.accelX1(i), 5)));
+        Grid1.set_text(i, 1, to_text(text::round_to(s.accelY1(i), 5)));
+        platform().do_events();
+    });
+    Picbar.set_visible(false);
+    Text3.set_text(to_text(text::round_to(peakOmega, 2)));
+    Text4.set_text(to_text(text::round_to(peakAmp, 4)));
+    plot_amplitude();
+    for (forms::Control* c : std::initializer_list<forms::Control*>{&Command3, &Text5, &Text6, &Check1}) c->set_enabled(true);
+    Label11.set_caption(to_text(text::round_to(text::div(compute::kTwoPiRounded, val(Text3.text())), 2)));
+    Command9.set_enabled(true);
+}
+
+void Form12::Command3_Click() {
+    ProjectState& s = state();
+    omegaLim = text::to_double(Text1.text());
+    deltaOmega = text::to_double(Text2.text());
+    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    const double m = text::div(val(Text5.text()), val(Text6.text()));
+    const double dtOut = val(Text6.text());
+    Grid2.set_text(0, 0, "Time");
+    Grid2.set_text(0, 1, "Accel");
+    const long upper = text::index_of(m);
+    s.accelX1.redim(upper);
+    s.accelY1.redim(upper);
+    Grid2.set_rows(static_cast<int>(std::max(upper, 0L)) + 1);
+    for (long k = 1; k <= m; ++k) {
+        Grid2.set_text(static_cast<int>(k), 0, "0");
+        Grid2.set_text(static_cast<int>(k), 1, "0");
+    }
+    Picbar.set_visible(true);
+    pbar.set_max(static_cast<float>(m));
+    const bool picked = Check1.checked();
+    const double spacing = val(Text9.text());
+    double t = 0;
+    for (long k = 1; k <= m; ++k) {
+        const int row = static_cast<int>(k);
+        t = t + dtOut;
+        const double count = picked ? val(Text8.text()) : n;
+        for (long i = 1; i <= count; ++i) {
+            double omega, real, imag, weight = deltaOmega;
+            if (picked) {
+                omega = val(Grid3.text(static_cast<int>(i), 3));
+                real = val(Grid3.text(static_cast<int>(i), 0));
+                imag = val(Grid3.text(static_cast<int>(i), 1));
+                if (spacing > deltaOmega) weight = spacing;
+            } else {
+                omega = static_cast<double>(i) * deltaOmega;
+                real = val(Grid1.text(static_cast<int>(i), 0));
+                imag = val(Grid1.text(static_cast<int>(i), 1));
+            }
+            Grid2.set_text(row, 1, to_text(compute::inverse_term(s.accelX1(k), real, imag, omega, t, weight)));
+            s.accelX1(k) = val(Grid2.text(row, 1));
+        }
+        Grid2.set_text(row, 0, to_text(text::round_to(t, 2)));
+        s.accelY1(k) = text::round_to(t, 2);
+        Grid2.set_text(row, 1, to_text(text::round_to(text::chk(val(Grid2.text(row, 1)) * compute::kInversePi), 5)));
+        pbar.set_value(static_cast<float>(k));
+        platform().do_events();
+    }
+    Picbar.set_visible(false);
+    inverted = 1.0;
+    Command4.set_enabled(true);
+}
+
+void Form12::Command5_Click() {
+    set_headings(Grid3, {"Real", "Imag", "Amp", "Omega", "T(sec)"}, {800, 800, 800, 600, 500});
+    const double rows = val(Text8.text());
+    const long last_row = rows >= 1 ? static_cast<long>(std::floor(rows)) : 0;
+    Grid3.set_rows(static_cast<int>(last_row) + 1);
+    for (long r = 1; r <= last_row; ++r)
+        for (int c = 0; c < 5; ++c) Grid3.set_text(static_cast<int>(r), c, "");
+    omegaLim = text::to_double(Text1.text());
+    deltaOmega = text::to_double(Text2.text());
+    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    const double spacing = val(Text9.text());
+    for (long r = 1; r <= last_row; ++r) {
+        // An omega stands only when it passes against every earlier pick and the empty row r.
+        double bestAmp = 0;
+        std::string bestOmega, bestRe, bestIm;
+        for (std::int32_t i = 1; i <= n; ++i) {
+            const double a = val(Grid1.text(i, 2));
+            if (!(a > bestAmp)) continue;
+            const double keptAmp = bestAmp;
+            const std::string keptOmega = bestOmega, keptRe = bestRe, keptIm = bestIm;
+            const double candidate = text::round_to(deltaOmega * i, 2);
+            bestOmega = to_text(candidate);
+            for (long p = 1; p <= r; ++p) {
+                const double w = val(Grid3.text(static_cast<int>(p), 3));
+                if (candidate != w && std::fabs(w - candidate) > spacing) {
+                    bestAmp = a;
+                    bestRe = Grid1.text(i, 0);
+                    bestIm = Grid1.text(i, 1);
+                } else {
+                    bestAmp = keptAmp;
+                    bestOmega = keptOmega;
+                    bestRe = keptRe;
+                    bestIm = keptIm;
+                    break;
+                }
+            }
+        }
+        const int row = static_cast<int>(r);
+        Grid3.set_text(row, 0, bestRe);
+        Grid3.set_text(row, 1, bestIm);
+        Grid3.set_text(row, 2, to_text(bestAmp));
+        Grid3.set_text(row, 3, bestOmega);
+        // No pick leaves the omega empty, and the period divides by it.
+        Grid3.set_text(row, 4, to_text(text::round_to(text::div(compute::kTwoPiRounded, val(bestOmega)), 2)));
+    }
+    plot_amplitude();
+}
+
+void Form12::export_lines(const std::string& heading, forms::Grid& g, int first_col, int second_col,
+                          text::DoubleArray& first, text::DoubleArray& second) {
+    ProjectState& s = state();
+    std::string name = save_txt_dialog(platform());
+    if (name == "*.txt") return;
+    s.fileName = name;
+    std::vector<std::string> lines{heading};
+    for (int k = 1; k < g.rows(); ++k) {
+        first(k) = val(g.text(k, first_col));
+        second(k) = val(g.text(k, second_col));
+        Text7.set_text(text::format(first(k), "0.00000000") + "    " + text::format(second(k), "0.00000000"));
+        lines.push_back(Text7.text());
+    }
+    write_export(s, s.fileName, lines);
+    platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);
+}
+
+void Form12::Command4_Click() {
+    export_lines("time               accel       ", Grid2, 0, 1, state().accelX1, state().accelY1);
+}
+
+void Form12::Command9_Click() {
+    ProjectState& s = state();
+    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    s.accelX2.redim(n);
+    s.accelY2.redim(n);
+    export_lines("      omega               Amp ", Grid1, 3, 2, s.accelX2, s.accelY2);
+}
+
+void Form12::Command8_Click() {
+    program().form<Form1>().xnext.set_enabled(true);
+    program().unload(*this);
+}
+
+void Form12::Command7_Click() { program().form<Form13>().show(); }
+
+Form13::Form13(forms::App& app) : Window(app, "Form13", "Omega Calculator", 4200, 2400) {
+    Command1.Click = [this] { Command1_Click(); };
+    Command2.Click = [this] { Command2_Click(); };
+    Command3.Click = [this] { program().unload(*this); };
+}
+
+void Form13::Form_Load() { Command2.set_enabled(false); }
+
+void Form13::Command1_Click() {
+    const double T = val(Text1.text());
+    if (T == 0) return;
+    Text2.set_text(to_text(compute::kTwoPiRounded / T));
+    Command2.set_enabled(true);
+}
+
+void Form13::Command2_Click() {
+    program().form<Form12>().Text1.set_text(to_text(text::to_int32(val(Text2.text()))));
+    program().unload(*this);
+}
+
+}  // namespace tv::windows
