@@ -1,0 +1,293 @@
+#include "gui/bind/binder.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTableView>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include "forms/app.h"
+#include "forms/form.h"
+#include "gui/bind/grid_table_model.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "text/runtime_error.h"
+
+namespace tv::gui {
+namespace {
+
+// A window with one control of each kind, and handlers that count.
+class KindsForm : public forms::Form {
+public:
+    explicit KindsForm(forms::App& app) : forms::Form(app, "KindsForm", "Kinds") {
+        Text1.Change = [this] { ++changes; };
+        Check1.Click = [this] { ++check_clicks; };
+        Option2.Click = [this] { ++option_clicks; };
+        Command1.Click = [this] { ++presses; };
+        Command2.Click = [] { text::raise(text::kDivisionByZero); };
+        Combo1.Click = [this] { ++combo_clicks; };
+        Slider1.Change = [this] { ++slider_changes; };
+        HScroll1.Change = [this] { ++scroll_changes; };
+        HScroll1.Scroll = [this] { ++scroll_scrolls; };
+        Timer1.OnTimer = [this] { ++ticks; };
+        mnuGo.Click = [this] { ++menu_clicks; };
+        Label1.Click = [this] { ++label_clicks; };
+        Option1.set_value(true);
+        Combo1.add_item("one");
+        Combo1.add_item("two");
+        HScroll1.set_max(10);
+        Timer1.set_enabled(false);
+    }
+    forms::TextBox& Text1 = text_box("Text1", "0.005");
+    forms::Label& Label1 = label("Label1", "X Axis Scale : 1X");
+    forms::CheckBox& Check1 = check_box("Check1", "Show");
+    forms::Frame& Frame1 = frame("Frame1", "Draw");
+    forms::OptionButton& Option1 = option("Option1", "Acceleration X", &Frame1);
+    forms::OptionButton& Option2 = option("Option2", "Acceleration Y", &Frame1);
+    forms::CommandButton& Command1 = button("Command1", "Show Diagram");
+    forms::CommandButton& Command2 = button("Command2", "Divide");
+    forms::ComboBox& Combo1 = combo("Combo1");
+    forms::Slider& Slider1 = slider("Slider1", 1, 10, 1);
+    forms::HScrollBar& HScroll1 = hscroll("HScroll1");
+    forms::ProgressBar& Bar1 = progress("Bar1");
+    forms::Timer& Timer1 = timer("Timer1", 10);
+    forms::Grid& Grid1 = grid("Grid1", 5, 2);
+    forms::Menu& mnuGo = menu("mnuGo", "Go");
+
+    int changes = 0, check_clicks = 0, option_clicks = 0, presses = 0, combo_clicks = 0, slider_changes = 0,
+        scroll_changes = 0, scroll_scrolls = 0, ticks = 0, menu_clicks = 0, label_clicks = 0;
+};
+
+// Where a click hits a check box or an option: on its box, at the left.
+QPoint on_box(QWidget* w) { return {8, w->height() / 2}; }
+
+template <class W>
+W* add(QWidget& parent, const char* name) {
+    auto* w = new W(&parent);
+    w->setObjectName(name);
+    if (parent.layout()) parent.layout()->addWidget(w);
+    return w;
+}
+
+class BinderTest : public ::testing::Test {
+protected:
+    BinderTest() : app(platform), form(app.form<KindsForm>()) {
+        new QVBoxLayout(&view);
+        text = add<QLineEdit>(view, "Text1");
+        label = add<QLabel>(view, "Label1");
+        check = add<QCheckBox>(view, "Check1");
+        frame = add<QGroupBox>(view, "Frame1");
+        auto* fl = new QVBoxLayout(frame);
+        option1 = new QRadioButton(frame);
+        option1->setObjectName("Option1");
+        option2 = new QRadioButton(frame);
+        option2->setObjectName("Option2");
+        fl->addWidget(option1);
+        fl->addWidget(option2);
+        command1 = add<QPushButton>(view, "Command1");
+        command2 = add<QPushButton>(view, "Command2");
+        combo = add<QComboBox>(view, "Combo1");
+        slider = add<QSlider>(view, "Slider1");
+        scroll = add<QScrollBar>(view, "HScroll1");
+        bar = add<QProgressBar>(view, "Bar1");
+        table = add<QTableView>(view, "Grid1");
+        action = new QAction(&view);
+        action->setObjectName("mnuGo");
+        view.addAction(action);
+        binder = bind::all(view, form, app);
+        view.show();
+        test::settle();
+    }
+
+    test::FakePlatform platform;
+    forms::App app;
+    KindsForm& form;
+    QWidget view;
+    QLineEdit* text;
+    QLabel* label;
+    QCheckBox* check;
+    QGroupBox* frame;
+    QRadioButton *option1, *option2;
+    QPushButton *command1, *command2;
+    QComboBox* combo;
+    QSlider* slider;
+    QScrollBar* scroll;
+    QProgressBar* bar;
+    QTableView* table;
+    QAction* action;
+    bind::Binder* binder;
+};
+
+TEST_F(BinderTest, EveryControlFindsItsWidget) {
+    EXPECT_TRUE(binder->unbound().empty());
+    EXPECT_EQ(binder->target(form.Text1), text);
+    EXPECT_EQ(binder->target(form.mnuGo), action);
+    EXPECT_EQ(bind::binder_of(option1), binder);
+}
+
+TEST_F(BinderTest, WidgetsStartWithTheModelsState) {
+    EXPECT_EQ(text->text(), "0.005");
+    EXPECT_EQ(label->text(), "X Axis Scale : 1X");
+    EXPECT_EQ(frame->title(), "Draw");
+    EXPECT_EQ(option1->text(), "Acceleration X");
+    EXPECT_TRUE(option1->isChecked());
+    EXPECT_FALSE(option2->isChecked());
+    EXPECT_EQ(command1->text(), "Show Diagram");
+    EXPECT_EQ(combo->count(), 2);
+    EXPECT_EQ(slider->minimum(), 1);
+    EXPECT_EQ(slider->maximum(), 10);
+    EXPECT_EQ(scroll->maximum(), 10);
+    EXPECT_EQ(action->text(), "Go");
+}
+
+TEST_F(BinderTest, TypingReachesTheModelAndFiresChangePerKey) {
+    text->setFocus();
+    text->end(false);
+    QTest::keyClicks(text, "12");
+    EXPECT_EQ(form.Text1.text(), "0.00512");
+    EXPECT_EQ(form.changes, 2);
+}
+
+TEST_F(BinderTest, ModelTextReachesTheWidgetWithoutAnEcho) {
+    form.Text1.set_text("0.01");
+    EXPECT_EQ(text->text(), "0.01");
+    EXPECT_EQ(form.changes, 1);
+    form.Label1.set_caption("X Axis Scale :3X");
+    EXPECT_EQ(label->text(), "X Axis Scale :3X");
+}
+
+TEST_F(BinderTest, CheckBoxClick) {
+    QTest::mouseClick(check, Qt::LeftButton, {}, on_box(check));
+    EXPECT_EQ(form.Check1.value(), 1);
+    EXPECT_EQ(form.check_clicks, 1);
+    form.Check1.set_value(0);
+    EXPECT_FALSE(check->isChecked());
+}
+
+TEST_F(BinderTest, OptionsAreExclusiveByTheModel) {
+    QTest::mouseClick(option2, Qt::LeftButton, {}, on_box(option2));
+    EXPECT_TRUE(form.Option2.value());
+    EXPECT_FALSE(form.Option1.value());
+    EXPECT_TRUE(option2->isChecked());
+    EXPECT_FALSE(option1->isChecked());
+    EXPECT_EQ(form.option_clicks, 1);
+    // A click on the option already set leaves it set and fires nothing.
+    QTest::mouseClick(option2, Qt::LeftButton, {}, on_box(option2));
+    EXPECT_TRUE(option2->isChecked());
+    EXPECT_EQ(form.option_clicks, 1);
+}
+
+TEST_F(BinderTest, ButtonPressGoesThroughTheDispatcher) {
+    QTest::mouseClick(command1, Qt::LeftButton);
+    EXPECT_EQ(form.presses, 1);
+    // An untrapped run-time error is reported and the program goes on.
+    QTest::mouseClick(command2, Qt::LeftButton);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 11);
+    QTest::mouseClick(command1, Qt::LeftButton);
+    EXPECT_EQ(form.presses, 2);
+}
+
+TEST_F(BinderTest, DisabledAndHiddenFollowTheModel) {
+    form.Command1.set_enabled(false);
+    EXPECT_FALSE(command1->isEnabled());
+    QTest::mouseClick(command1, Qt::LeftButton);
+    EXPECT_EQ(form.presses, 0);
+    form.Command1.set_enabled(true);
+    EXPECT_TRUE(command1->isEnabled());
+    form.Grid1.set_visible(false);
+    EXPECT_TRUE(table->isHidden());
+    form.Frame1.set_enabled(false);
+    EXPECT_FALSE(option1->isEnabled());
+    form.mnuGo.set_enabled(false);
+    EXPECT_FALSE(action->isEnabled());
+}
+
+TEST_F(BinderTest, ComboSliderScrollAndProgress) {
+    emit combo->activated(1);  // what a user's choice emits
+    EXPECT_EQ(form.Combo1.list_index(), 1);
+    EXPECT_EQ(form.Combo1.text(), "two");
+    EXPECT_EQ(form.combo_clicks, 1);
+
+    slider->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(form.Slider1.value(), 2);
+    EXPECT_EQ(form.slider_changes, 1);
+    form.Slider1.set_value(4);
+    EXPECT_EQ(slider->value(), 4);
+    EXPECT_EQ(form.slider_changes, 2);  // the model's own change, not an echo
+
+    scroll->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(form.HScroll1.value(), 1);
+    EXPECT_EQ(form.scroll_changes, 1);
+    scroll->setSliderDown(true);
+    scroll->setSliderPosition(5);
+    scroll->setSliderDown(false);
+    EXPECT_EQ(form.HScroll1.value(), 5);
+    EXPECT_EQ(form.scroll_scrolls, 1);
+
+    form.Bar1.set_value(25);
+    EXPECT_EQ(bar->value(), 250);
+}
+
+TEST_F(BinderTest, MenuAndLabelClicks) {
+    action->trigger();
+    EXPECT_EQ(form.menu_clicks, 1);
+    QTest::mouseClick(label, Qt::LeftButton);
+    EXPECT_EQ(form.label_clicks, 1);
+}
+
+TEST_F(BinderTest, TimerTicksWhileEnabled) {
+    test::settle();
+    QTest::qWait(40);
+    EXPECT_EQ(form.ticks, 0);
+    form.Timer1.set_enabled(true);
+    QTest::qWait(80);
+    EXPECT_GT(form.ticks, 0);
+    form.Timer1.set_enabled(false);
+    const int ticks = form.ticks;
+    QTest::qWait(40);
+    EXPECT_EQ(form.ticks, ticks);
+}
+
+TEST_F(BinderTest, TableSelectionAndCurrentRowBothWays) {
+    for (int r = 1; r < 5; ++r) form.Grid1.set_text(r, 0, std::to_string(r));
+    int row_changes = 0;
+    form.Grid1.RowColChange = [&] { ++row_changes; };
+    test::settle();
+    auto* m = qobject_cast<GridTableModel*>(table->model());
+    ASSERT_NE(m, nullptr);
+    table->setCurrentIndex(m->index(2, 1));  // as a click on line 3 does
+    EXPECT_EQ(form.Grid1.row(), 3);
+    EXPECT_EQ(form.Grid1.col(), 1);
+    EXPECT_GE(row_changes, 1);
+    EXPECT_EQ(form.Grid1.selected_rows(), (std::set<int>{3}));
+    form.Grid1.set_selected_rows({1, 4});
+    test::settle();
+    std::set<int> shown;
+    for (const QModelIndex& i : table->selectionModel()->selectedIndexes()) shown.insert(m->grid_row(i.row()));
+    EXPECT_EQ(shown, (std::set<int>{1, 4}));
+}
+
+TEST_F(BinderTest, DetachedBinderNeitherListensNorTouches) {
+    binder->detach();
+    form.Text1.set_text("9");
+    EXPECT_EQ(text->text(), "0.005");
+    QTest::mouseClick(command1, Qt::LeftButton);
+    EXPECT_EQ(form.presses, 0);
+    EXPECT_FALSE(form.Text1.changed);
+}
+
+}  // namespace
+}  // namespace tv::gui

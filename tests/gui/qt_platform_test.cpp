@@ -1,0 +1,232 @@
+#include "gui/platform/qt_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "forms/app.h"
+#include "forms/form.h"
+#include "gui/bind/binder.h"
+#include "gui/platform/view_registry.h"
+#include "gui_fixture.h"
+
+namespace tv::gui {
+namespace {
+
+using forms::MsgButtons;
+using forms::MsgIcon;
+using forms::MsgResult;
+
+TEST(QtPlatformBoxes, MessageBoxKeepsTitleButtonsAndIcon) {
+    auto box = QtPlatform::make_message_box("enter File y", MsgButtons::Ok, "Error", MsgIcon::Critical);
+    EXPECT_EQ(box->windowTitle(), "Error");
+    EXPECT_EQ(box->text(), "enter File y");
+    EXPECT_EQ(box->icon(), QMessageBox::Critical);
+    EXPECT_EQ(box->standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
+
+    auto question = QtPlatform::make_message_box("Save?", MsgButtons::YesNoCancel, "", MsgIcon::Question);
+    // No title given: none shown, not the program's name.
+    EXPECT_EQ(question->windowTitle(), "");
+    EXPECT_EQ(question->icon(), QMessageBox::Question);
+    EXPECT_EQ(question->standardButtons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+
+    auto warn = QtPlatform::make_message_box("x", MsgButtons::AbortRetryIgnore, "t", MsgIcon::Exclamation);
+    EXPECT_EQ(warn->icon(), QMessageBox::Warning);
+    EXPECT_EQ(warn->standardButtons(), QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore);
+}
+
+TEST(QtPlatformBoxes, AnswersMapToTheOldResults) {
+    EXPECT_EQ(QtPlatform::result_of(QMessageBox::Yes), MsgResult::Yes);
+    EXPECT_EQ(QtPlatform::result_of(QMessageBox::No), MsgResult::No);
+    EXPECT_EQ(QtPlatform::result_of(QMessageBox::Retry), MsgResult::Retry);
+    EXPECT_EQ(QtPlatform::result_of(QMessageBox::Ok), MsgResult::Ok);
+}
+
+TEST(QtPlatformBoxes, RuntimeErrorBox) {
+    auto box = QtPlatform::make_runtime_error_box(11, "Division by zero");
+    EXPECT_EQ(box->windowTitle(), "Run-time error");
+    EXPECT_EQ(box->text(), "Division by zero");
+    EXPECT_EQ(box->icon(), QMessageBox::Critical);
+}
+
+TEST(QtPlatformBoxes, MessageBoxRunsAndReturnsTheButtonPressed) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        box->button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(platform.message_box("Overwrite?", MsgButtons::YesNo, "Save", MsgIcon::Question), MsgResult::No);
+}
+
+TEST(QtPlatformMetrics, TextWidthGrowsWithTheText) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    const double one = platform.text_width_twips("8", "Tahoma", 8.25);
+    const double four = platform.text_width_twips("8888", "Tahoma", 8.25);
+    EXPECT_GT(one, 30);
+    EXPECT_NEAR(four, 4 * one, one * 0.3);
+    // An 8-point line is some 11 to 16 points high: 220 to 320 twips.
+    const double h = platform.text_height_twips("Tahoma", 8.25);
+    EXPECT_GT(h, 180);
+    EXPECT_LT(h, 340);
+    EXPECT_GT(platform.text_width_twips("8", "Arial", 16), one);
+}
+
+TEST(QtPlatformMisc, BusyPointerIsAStateNotAStack) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    platform.set_busy(true);
+    platform.set_busy(true);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    platform.set_busy(false);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(QtPlatformMisc, Clipboard) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    platform.set_clipboard_text("T\tSa\r\n0.1\t2.5");
+    if (QGuiApplication::clipboard()->text().isEmpty()) GTEST_SKIP() << "no clipboard on this platform";
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "T\tSa\r\n0.1\t2.5");
+}
+
+class PageForm : public forms::Form {
+public:
+    explicit PageForm(forms::App& app) : forms::Form(app, "PageForm", "Page", 4000, 2000) {
+        pic1.scale(0, 1, 10, -1);
+        for (int i = 0; i < 10; ++i) pic1.line(i, (i % 2) ? 0.8 : -0.8, i + 1, (i % 2) ? -0.8 : 0.8, 0x0000FF);
+        pic1.line(0, 0, 10, 0);
+    }
+    forms::PictureBox& pic1 = picture("pic1", 6000, 3000);
+    forms::Label& Label1 = label("Label1", "Final Results");
+    int unloads = 0;
+    int cancel_next = 0;
+    void Form_Unload(int& cancel) override {
+        ++unloads;
+        cancel = cancel_next;
+    }
+};
+
+TEST(QtPlatformPrint, PageGoesToAPdfFile) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    forms::App app(platform);
+    PageForm& form = app.form<PageForm>();
+    forms::PrintJob job;
+    job.title = "Pushover";
+    job.picture = &form.pic1;
+    job.heading = "Final Results";
+    job.lines = {"Pushover Area :  12.5", "K-Effective : 3.1"};
+    job.pdf_path = (QDir::tempPath() + "/tv_gui_page_test.pdf").toStdString();
+    QFile::remove(QString::fromStdString(job.pdf_path));
+    ASSERT_TRUE(platform.print(job));
+    QFile pdf(QString::fromStdString(job.pdf_path));
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.read(5).startsWith("%PDF"));
+    EXPECT_GT(pdf.size(), 1000);
+    pdf.close();
+    QFile::remove(pdf.fileName());
+}
+
+// A window with a view of its own, shown without a frame.
+class PageView : public QWidget {
+public:
+    PageView(PageForm& model, forms::App& app) {
+        auto* l = new QVBoxLayout(this);
+        auto* label = new QLabel(this);
+        label->setObjectName("Label1");
+        l->addWidget(label);
+        bind::all(*this, model, app);
+    }
+};
+
+class QtPlatformWindows : public ::testing::Test {
+protected:
+    QtPlatformWindows() : platform(views), app(platform) { views.add<PageForm, PageView>("PageForm"); }
+    ~QtPlatformWindows() override { platform.release_views(); }
+    ViewRegistry views;
+    QtPlatform platform;
+    forms::App app;
+};
+
+TEST_F(QtPlatformWindows, CaptionAndVisibilityFollowTheModel) {
+    PageForm& form = app.form<PageForm>();
+    form.show();
+    QWidget* window = platform.window_of(form);
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->windowTitle(), "Page");
+    form.set_caption("Page 2");
+    EXPECT_EQ(window->windowTitle(), "Page 2");
+    form.hide();
+    EXPECT_FALSE(window->isVisible());
+    form.show();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(platform.window_of(form), window);  // the same view again
+}
+
+TEST_F(QtPlatformWindows, ClosingIsAnUnloadTheWindowMayRefuse) {
+    PageForm& form = app.form<PageForm>();
+    form.show();
+    QPointer<QWidget> window = platform.window_of(form);
+    form.cancel_next = 1;
+    window->close();
+    EXPECT_EQ(form.unloads, 1);
+    EXPECT_TRUE(app.is_loaded<PageForm>());
+    EXPECT_TRUE(window->isVisible());
+    form.cancel_next = 0;
+    window->close();
+    EXPECT_FALSE(app.is_loaded<PageForm>());
+    test::settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(QtPlatformWindows, WindowImageGoesToAPdfFile) {
+    PageForm& form = app.form<PageForm>();
+    form.show();
+    forms::PrintJob job;
+    job.title = "Page";
+    job.form_image = &form;
+    job.pdf_path = (QDir::tempPath() + "/tv_gui_window_test.pdf").toStdString();
+    QFile::remove(QString::fromStdString(job.pdf_path));
+    ASSERT_TRUE(platform.print(job));
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(job.pdf_path)));
+    QFile::remove(QString::fromStdString(job.pdf_path));
+}
+
+TEST_F(QtPlatformWindows, ModalShowWaitsUntilTheWindowGoes) {
+    PageForm& form = app.form<PageForm>();
+    bool waited = false;
+    QTimer::singleShot(20, [&] {
+        waited = true;
+        app.run([&] { app.unload(form); });
+    });
+    form.show(true);
+    EXPECT_TRUE(waited);
+    EXPECT_FALSE(app.is_loaded<PageForm>());
+}
+
+TEST_F(QtPlatformWindows, WindowWithoutAViewIsIgnored) {
+    class Bare : public forms::Form {
+    public:
+        explicit Bare(forms::App& a) : forms::Form(a, "Bare", "Bare") {}
+    };
+    Bare& bare = app.form<Bare>();
+    bare.show(true);  // nothing to wait for
+    EXPECT_EQ(platform.view_of(bare), nullptr);
+}
+
+}  // namespace
+}  // namespace tv::gui

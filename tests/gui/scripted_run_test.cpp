@@ -1,0 +1,224 @@
+// The program as a user drives it: the main frame, "Open/Add Record" for both files of a real
+// record, Show Diagram, the chart's gestures, About, Exit. Dialogs are answered from queues;
+// everything else is the real views on the offscreen platform.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include "gui/bind/picture_view.h"
+#include "gui/platform/twips.h"
+#include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "windows/program.h"
+#include "windows/project/about_window.h"
+#include "windows/project/main_frame_window.h"
+#include "windows/project/record_input_window.h"
+
+namespace tv::gui {
+namespace {
+
+class ScriptedRun : public ::testing::Test {
+protected:
+    ScriptedRun() : platform(views), program(platform) { register_views(views); }
+    ~ScriptedRun() override { platform.release_views(); }
+
+    void SetUp() override {
+        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
+        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
+        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
+        program.run([this] { windows::start(program); });
+        frame = platform.frame();
+        ASSERT_NE(frame, nullptr);
+        frame->resize(1360, 900);
+        test::settle();
+    }
+
+    void choose(const char* action) {
+        QAction* a = frame->findChild<QAction*>(action);
+        ASSERT_NE(a, nullptr) << action;
+        a->trigger();
+        test::settle();
+    }
+
+    /// "Open/Add Record" for both files of the record, answering "1" and "1" to the prompts.
+    void open_record() {
+        platform.inputs = {"1", "1"};
+        platform.files = {x_file, y_file};
+        choose("menu_open");
+        choose("menu_open");
+    }
+
+    template <class W>
+    W* in_form1(const char* name) {
+        QWidget* v = platform.view_of(program.form<windows::Form1>());
+        return v ? v->findChild<W*>(name) : nullptr;
+    }
+
+    ViewRegistry views;
+    test::ScriptedPlatform platform;
+    windows::Program program;
+    std::string x_file, y_file;
+    QMainWindow* frame = nullptr;
+};
+
+TEST_F(ScriptedRun, MainFrameComesUpWithItsCaption) {
+    EXPECT_EQ(frame->windowTitle(), "Tremorvault");
+    EXPECT_TRUE(frame->isVisible());
+    test::save_shot(*frame, "run_0_frame");
+}
+
+TEST_F(ScriptedRun, OpenAddRecordFillsBothTablesOfForm1) {
+    open_record();
+    EXPECT_EQ(platform.prompts,
+              (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
+    windows::Form1* f1 = program.if_loaded<windows::Form1>();
+    ASSERT_NE(f1, nullptr);
+    QWidget* window = platform.window_of(*f1);
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(platform.mdi_area()->subWindowList().contains(qobject_cast<QMdiSubWindow*>(window)));
+    EXPECT_EQ(window->windowTitle(), "Input file parameters (1)");
+
+    auto* grid1 = in_form1<QTableView>("Grid1");
+    auto* grid2 = in_form1<QTableView>("Grid2");
+    ASSERT_NE(grid1, nullptr);
+    ASSERT_NE(grid2, nullptr);
+    // One table row per line of the file (the heading row is the header).
+    EXPECT_EQ(grid1->model()->rowCount(), f1->Grid1.rows() - 1);
+    EXPECT_GT(grid1->model()->rowCount(), 1000);
+    EXPECT_EQ(grid2->model()->rowCount(), f1->Grid2.rows() - 1);
+    EXPECT_EQ(grid1->model()->headerData(0, Qt::Horizontal).toString(), "Acceleration");
+    EXPECT_EQ(grid1->model()->headerData(1, Qt::Horizontal).toString(), "Acceleration with Scale");
+    EXPECT_EQ(grid1->model()->index(0, 0).data().toString().toStdString(), f1->Grid1.text(1, 0));
+    // The first column is 2500 twips wide, as the reader sets it.
+    EXPECT_EQ(grid1->horizontalHeader()->sectionSize(0), twips_to_px(2500, grid1));
+    EXPECT_FALSE(in_form1<QLineEdit>("Text1")->text().isEmpty());
+    EXPECT_FALSE(in_form1<QLineEdit>("Text2")->text().isEmpty());
+    EXPECT_EQ(in_form1<QLineEdit>("xeline")->text().toStdString(), f1->xeline.text());
+    EXPECT_EQ(in_form1<QLineEdit>("Xfline")->text(), "1");
+    test::save_shot(*frame, "run_1_record_open");
+}
+
+TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
+    open_record();
+    windows::Form1& f1 = program.form<windows::Form1>();
+    auto* first = in_form1<QLineEdit>("Xfline");
+    ASSERT_NE(first, nullptr);
+    first->selectAll();
+    QTest::keyClicks(first, "5");
+    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_GT(f1.chart.picNemodar.ops().size(), 1000u);
+    EXPECT_TRUE(in_form1<QPushButton>("xnext")->isEnabled());
+    // Lines 1 to 4 are the file's header: hidden in the tables now.
+    EXPECT_EQ(in_form1<QTableView>("Grid1")->model()->headerData(0, Qt::Vertical).toInt(), 5);
+    QWidget* view = platform.view_of(f1);
+    test::save_shot(*view, "run_2_diagram_window");
+    test::save_shot(*frame, "run_2_diagram_frame");
+
+    // The slider widens the plot; the scroll bar slides it under the viewport.
+    auto* slider = in_form1<QSlider>("Slider1");
+    slider->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    slider->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    test::settle();
+    EXPECT_EQ(f1.chart.Slider1.value(), 3);
+    EXPECT_EQ(in_form1<QLabel>("Label6")->text(), "X Axis Scale :3X");
+    auto* plot = in_form1<PictureView>("picNemodar");
+    auto* viewport = in_form1<PictureView>("picNemodar1");
+    EXPECT_EQ(plot->width(), twips_to_px(3 * 9165, plot));
+    auto* scroll = in_form1<QScrollBar>("HScroll1");
+    EXPECT_TRUE(scroll->isEnabled());
+    scroll->setValue(50);
+    test::settle();
+    EXPECT_EQ(plot->x(), -twips_to_px(5000, plot));
+    test::save_shot(*view, "run_3_scrolled");
+
+    // The read-out follows the mouse over the plot.
+    const QPointF at(viewport->width() / 2.0 - plot->x(), viewport->height() / 3.0);
+    QMouseEvent move(QEvent::MouseMove, at, plot->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(plot, &move);
+    EXPECT_TRUE(in_form1<QLabel>("Label8")->text().startsWith("t: ")) << in_form1<QLabel>("Label8")->text().toStdString();
+    EXPECT_TRUE(f1.chart.Line2.visible());
+    test::save_shot(*view, "run_4_readout");
+}
+
+TEST_F(ScriptedRun, NextOnTheLastRecordOpensTheNextWindowBeside) {
+    open_record();
+    auto* first = in_form1<QLineEdit>("Xfline");
+    first->selectAll();
+    QTest::keyClicks(first, "5");
+    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
+    QTest::mouseClick(in_form1<QPushButton>("xnext"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    const auto windows = platform.mdi_area()->subWindowList();
+    ASSERT_EQ(windows.size(), 2);
+    EXPECT_TRUE(windows[0]->isVisible());  // Form1 stays behind
+    EXPECT_TRUE(windows[1]->isVisible());
+    EXPECT_EQ(platform.mdi_area()->activeSubWindow(), windows[1]);
+    test::save_shot(*frame, "run_5_next");
+}
+
+TEST_F(ScriptedRun, ClosingForm1EndsTheRecordRoad) {
+    open_record();
+    windows::Form1* f1 = program.if_loaded<windows::Form1>();
+    ASSERT_NE(f1, nullptr);
+    EXPECT_EQ(program.state.recordCount, 1);
+    platform.window_of(*f1)->close();
+    test::settle();
+    EXPECT_FALSE(program.is_loaded<windows::Form1>());
+    EXPECT_EQ(program.state.recordCount, 0);
+    EXPECT_EQ(program.state.componentLetter, "X");
+    EXPECT_TRUE(platform.mdi_area()->subWindowList().isEmpty() ||
+                !platform.mdi_area()->subWindowList().front()->isVisible());
+}
+
+TEST_F(ScriptedRun, AboutWaitsUntilItIsClosed) {
+    bool seen = false;
+    QTimer::singleShot(30, [&] {
+        windows::xhelp* about = program.if_loaded<windows::xhelp>();
+        ASSERT_NE(about, nullptr);
+        QWidget* v = platform.view_of(*about);
+        ASSERT_NE(v, nullptr);
+        EXPECT_TRUE(v->isWindow());
+        EXPECT_EQ(v->windowTitle(), "About");
+        EXPECT_TRUE(v->isModal());
+        test::save_shot(*v, "run_about");
+        seen = true;
+        QTest::mouseClick(v->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    choose("help");
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(program.is_loaded<windows::xhelp>());
+}
+
+TEST_F(ScriptedRun, ExitEndsTheProgram) {
+    choose("menu_exit");
+    EXPECT_TRUE(program.ended());
+    EXPECT_TRUE(platform.program_ended());
+}
+
+TEST_F(ScriptedRun, ClosingTheFrameEndsTheProgram) {
+    frame->close();
+    test::settle();
+    EXPECT_TRUE(program.ended());
+}
+
+}  // namespace
+}  // namespace tv::gui

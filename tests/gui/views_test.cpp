@@ -1,0 +1,223 @@
+// Each window's view: every control of the model has a widget of its kind, and the views
+// look as they should (screenshots under <build>/gui-screenshots).
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTableView>
+#include <QTest>
+#include <memory>
+
+#include "gui/bind/binder.h"
+#include "gui/bind/picture_view.h"
+#include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "windows/coefficient/pushover_window.h"
+#include "windows/program.h"
+#include "windows/project/about_window.h"
+#include "windows/project/inputs_window.h"
+#include "windows/project/main_frame_window.h"
+#include "windows/project/record_input_window.h"
+#include "windows/spectra/design_spectrum_window.h"
+
+namespace tv::gui {
+namespace {
+
+using forms::ControlKind;
+
+// Whether the object bound to a control is of the control's kind.
+bool right_kind(const forms::Control& c, QObject* o) {
+    switch (c.kind()) {
+        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
+        case ControlKind::Label: return qobject_cast<QLabel*>(o);
+        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
+        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
+        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
+        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
+        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
+        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
+        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
+        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
+        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
+        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
+        case ControlKind::Menu: return qobject_cast<QAction*>(o);
+        case ControlKind::Timer:
+        case ControlKind::Line:
+        case ControlKind::Shape: return true;
+    }
+    return false;
+}
+
+class ViewsTest : public ::testing::Test {
+protected:
+    ViewsTest() : program(platform) { register_views(views); }
+    ~ViewsTest() override { view.reset(); }
+
+    /// The view of a window model, bound, shown at its own size.
+    template <class F>
+    QWidget& open() {
+        F& model = program.form<F>();
+        view.reset(views.create(model, program));
+        view->show();
+        test::settle();
+        return *view;
+    }
+
+    /// Every control of the window finds an object of its kind; lines stand on a bound picture.
+    void expect_all_bound(const forms::Form& model) {
+        bind::Binder* b = bind::binder_of(view.get());
+        ASSERT_NE(b, nullptr);
+        for (const auto& c : model.controls()) {
+            const auto kind = c->kind();
+            if (kind == ControlKind::Timer) continue;
+            if (kind == ControlKind::Line || kind == ControlKind::Shape) {
+                ASSERT_NE(c->container(), nullptr) << c->name();
+                EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
+                continue;
+            }
+            QObject* o = b->target(*c);
+            ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
+            EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
+                                           << o->metaObject()->className();
+        }
+        EXPECT_TRUE(b->unbound().empty());
+    }
+
+    test::FakePlatform platform;
+    windows::Program program;
+    ViewRegistry views;
+    std::unique_ptr<QWidget> view;
+};
+
+TEST_F(ViewsTest, RegisteredWindows) {
+    for (const char* name : {"frmMain", "xhelp", "Form1", "Form14"}) EXPECT_TRUE(views.has(name)) << name;
+}
+
+TEST_F(ViewsTest, MainFrame) {
+    auto& frame = program.form<windows::frmMain>();
+    auto& w = open<windows::frmMain>();
+    expect_all_bound(frame);
+    auto* main = qobject_cast<QMainWindow*>(&w);
+    ASSERT_NE(main, nullptr);
+    EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
+    const QList<QAction*> top = main->menuBar()->actions();
+    ASSERT_EQ(top.size(), 2);
+    EXPECT_EQ(top[0]->text(), "Project");
+    EXPECT_EQ(top[1]->text(), "About");
+    QStringList entries;
+    for (QAction* a : top[0]->menu()->actions()) entries << (a->isSeparator() ? QStringLiteral("-") : a->text());
+    EXPECT_EQ(entries, QStringList({"Open/Add Record", "-", "Coefficient Method", "-", "Capacity Spec Method", "-",
+                                    "Exit"}));
+    main->resize(900, 560);
+    test::save_shot(w, "frmMain");
+}
+
+TEST_F(ViewsTest, About) {
+    auto& about = program.form<windows::xhelp>();
+    auto& w = open<windows::xhelp>();
+    expect_all_bound(about);
+    auto* version = w.findChild<QLabel*>("lblVersion");
+    ASSERT_NE(version, nullptr);
+    EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
+    test::save_shot(w, "xhelp");
+}
+
+TEST_F(ViewsTest, Inputs) {
+    auto& inputs = program.form<windows::Form14>();
+    auto& w = open<windows::Form14>();
+    expect_all_bound(inputs);
+    auto* box = w.findChild<QLineEdit*>("Xfline");
+    ASSERT_NE(box, nullptr);
+    box->setFocus();
+    QTest::keyClicks(box, "5");
+    EXPECT_EQ(inputs.Xfline.text(), "5");
+    test::save_shot(w, "Form14");
+}
+
+TEST_F(ViewsTest, RecordInput) {
+    auto& f1 = program.form<windows::Form1>();
+    auto& w = open<windows::Form1>();
+    expect_all_bound(f1);
+    // Only record 1's tables at first.
+    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(w.findChild<QTableView*>(shown)->isHidden()) << shown;
+    for (const char* hidden : {"Grid3", "grid4", "grid5", "grid6"})
+        EXPECT_TRUE(w.findChild<QTableView*>(hidden)->isHidden()) << hidden;
+    EXPECT_EQ(w.findChild<QLineEdit*>("xeline")->text(), "3500");
+    EXPECT_EQ(w.findChild<QLineEdit*>("xstep")->text(), "0.005");
+    EXPECT_TRUE(w.findChild<QRadioButton*>("Option1")->isChecked());
+    EXPECT_TRUE(w.findChild<QRadioButton*>("Option3")->isChecked());
+    EXPECT_EQ(w.findChild<QLabel*>("Label6")->text(), "X Axis Scale : 1X");
+
+    // Typing and clicking reach the model.
+    auto* step = w.findChild<QLineEdit*>("xstep");
+    step->selectAll();
+    QTest::keyClicks(step, "0.02");
+    EXPECT_EQ(f1.xstep.text(), "0.02");
+    QTest::mouseClick(w.findChild<QRadioButton*>("Option2"), Qt::LeftButton);
+    EXPECT_TRUE(f1.Option2.value());
+    EXPECT_FALSE(f1.Option1.value());
+    // Show Diagram before the Y file: the window's own message.
+    QTest::mouseClick(w.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+    ASSERT_FALSE(platform.messages.empty());
+    EXPECT_EQ(platform.messages.back().text, "enter File y");
+    // The plot sits in its viewport, the strips beside and below it.
+    auto* viewport = w.findChild<PictureView*>("picNemodar1");
+    auto* plot = w.findChild<PictureView*>("picNemodar");
+    EXPECT_EQ(plot->parentWidget(), viewport);
+    EXPECT_EQ(plot->size(), viewport->size());
+    test::save_shot(w, "Form1_empty");
+}
+
+// Windows further down the roads: a view of their own or the plain one, every control bound.
+TEST_F(ViewsTest, LaterWindowsHaveAView) {
+    {
+        auto& f2 = program.form<windows::Form2>();
+        auto& w = open<windows::Form2>();
+        expect_all_bound(f2);
+        test::save_shot(w, "Form2");
+    }
+    {
+        auto& f6 = program.form<windows::Form6>();
+        auto& w = open<windows::Form6>();
+        expect_all_bound(f6);
+        test::save_shot(w, "Form6");
+    }
+}
+
+TEST_F(ViewsTest, WindowsWithoutTheirOwnViewGetAPlainOne) {
+    class Sketch : public forms::Form {
+    public:
+        explicit Sketch(forms::App& a) : forms::Form(a, "Sketch", "Sketch") {}
+        forms::TextBox& Text1 = text_box("Text1", "1");
+        forms::Frame& Frame1 = frame("Frame1", "Frame");
+        forms::OptionButton& Option1 = option("Option1", "A", &Frame1);
+        forms::Grid& Fg = grid("Fg", 3, 2);
+        forms::PictureBox& outer = picture("outer", 3000, 1500);
+        forms::PictureBox& inner = picture("inner", 6000, 1500, &outer);
+        forms::LineShape& Line1 = line_shape("Line1", &inner);
+    };
+    auto& sketch = program.form<Sketch>();
+    view.reset(views.create(sketch, program));
+    ASSERT_NE(view, nullptr);
+    expect_all_bound(sketch);
+}
+
+}  // namespace
+}  // namespace tv::gui
