@@ -72,21 +72,10 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
     OptionSpec spec{{"unit", "g", "t0", "skip", "m", "soil", "risk", "scale", "tstart", "tend", "step", "spectrum-file",
                      "type", "table", "report-pdf"},
                     {"teff-from-capacity"}};
+    const std::string usage = kCapacityUsage;
     ParsedOptions o;
-    auto usage = [&](const std::string& why) {
-        err << "tremorvault-cli capacity: " << why << '\n' << kCapacityUsage;
-        return kUsage;
-    };
-    try {
-        o = parse_options(args, spec);
-    } catch (const UsageError& e) {
-        return usage(e.what());
-    }
-    if (o.help) {
-        out << kCapacityUsage;
-        return kDone;
-    }
-    if (o.files.size() != 1) return usage("give one capacity file");
+    if (auto done = parse_command(args, spec, "capacity", usage, o, out, err)) return *done;
+    if (o.files.size() != 1) return usage_error(err, "capacity", "give one capacity file", usage);
 
     // The index of an option's value among the allowed ones; the default's when not given.
     bool bad_choice = false;

@@ -52,33 +52,23 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
     OptionSpec spec{{"step", "ki-point", "ratio", "tolerance", "yield", "ti", "vs", "weight", "stories", "c0-column",
                      "cm-column", "soil", "sa", "sa-code", "c3", "report-pdf"},
                     {"use-alpha"}};
+    const std::string usage = kCoefficientUsage;
     ParsedOptions o;
-    auto usage = [&](const std::string& why) {
-        err << "tremorvault-cli coefficient: " << why << '\n' << kCoefficientUsage;
-        return kUsage;
-    };
-    try {
-        o = parse_options(args, spec);
-    } catch (const UsageError& e) {
-        return usage(e.what());
-    }
-    if (o.help) {
-        out << kCoefficientUsage;
-        return kDone;
-    }
-    if (o.files.size() != 1) return usage("give one pushover file");
+    if (auto done = parse_command(args, spec, "coefficient", usage, o, out, err)) return *done;
+    if (o.files.size() != 1) return usage_error(err, "coefficient", "give one pushover file", usage);
     std::vector<std::string> sa_code;
     if (auto v = o.get("sa-code")) {
         sa_code = split_list(*v);
         const std::vector<std::string> soils{"I", "II", "III", "IV"}, hazards{"low", "high"};
         if (sa_code.size() != 2 || std::find(soils.begin(), soils.end(), sa_code[0]) == soils.end() ||
             std::find(hazards.begin(), hazards.end(), sa_code[1]) == hazards.end())
-            return usage("--sa-code takes SOIL,HAZARD with SOIL one of I II III IV and HAZARD low or high");
+            return usage_error(err, "coefficient",
+                               "--sa-code takes SOIL,HAZARD with SOIL one of I II III IV and HAZARD low or high", usage);
     }
     std::vector<std::string> yield;
     if (auto y = o.get("yield")) {
         yield = split_list(*y);
-        if (yield.size() != 2) return usage("--yield takes X,Y");
+        if (yield.size() != 2) return usage_error(err, "coefficient", "--yield takes X,Y", usage);
     }
     // The index of an option's value among the allowed ones; -1 when it is not given.
     bool bad_choice = false;

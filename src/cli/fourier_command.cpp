@@ -30,22 +30,11 @@ int run_fourier(const std::vector<std::string>& args, std::ostream& out, std::os
                      "export-history"},
                     {}};
     spec.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
+    const std::string usage = std::string(kFourierUsage) + kRecordUsage;
     ParsedOptions o;
-    auto usage = [&](const std::string& why) {
-        err << "tremorvault-cli fourier: " << why << '\n' << kFourierUsage << kRecordUsage;
-        return kUsage;
-    };
-    try {
-        o = parse_options(args, spec);
-    } catch (const UsageError& e) {
-        return usage(e.what());
-    }
-    if (o.help) {
-        out << kFourierUsage << kRecordUsage;
-        return kDone;
-    }
-    if (o.files.size() != 2) return usage("give one record, an X and a Y file");
-    if (!o.get("omega-lim")) return usage("--omega-lim is required");
+    if (auto done = parse_command(args, spec, "fourier", usage, o, out, err)) return *done;
+    if (o.files.size() != 2) return usage_error(err, "fourier", "give one record, an X and a Y file", usage);
+    if (!o.get("omega-lim")) return usage_error(err, "fourier", "--omega-lim is required", usage);
     Session s(out, err);
     try {
         run_record_steps(s, o, o.files, false);

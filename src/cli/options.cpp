@@ -1,5 +1,7 @@
 #include "cli/options.h"
 
+#include <ostream>
+
 namespace tv::cli {
 
 std::optional<std::string> ParsedOptions::get(const std::string& name) const {
@@ -40,6 +42,26 @@ ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSp
         out.files.push_back(a);
     }
     return out;
+}
+
+int usage_error(std::ostream& err, const std::string& command, const std::string& why, const std::string& usage) {
+    err << "tremorvault-cli " << command << ": " << why << '\n' << usage;
+    return 2;
+}
+
+std::optional<int> parse_command(const std::vector<std::string>& args, const OptionSpec& spec,
+                                 const std::string& command, const std::string& usage, ParsedOptions& o,
+                                 std::ostream& out, std::ostream& err) {
+    try {
+        o = parse_options(args, spec);
+    } catch (const UsageError& e) {
+        return usage_error(err, command, e.what(), usage);
+    }
+    if (o.help) {
+        out << usage;
+        return 0;
+    }
+    return std::nullopt;
 }
 
 std::vector<std::string> split_list(const std::string& text) {

@@ -1,5 +1,6 @@
 #pragma once
 // Command-line options of one command: "--name VALUE", "--name=VALUE" or a flag.
+#include <iosfwd>
 #include <map>
 #include <optional>
 #include <set>
@@ -30,6 +31,16 @@ struct ParsedOptions {
 
 /// Throws UsageError on an unknown option or a missing value.
 ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSpec& spec);
+
+/// A command's command line: parses it into `o`, answers --help with `usage` on standard output,
+/// and reports a bad line with the reason and `usage` on standard error. Returns the exit status
+/// when the command should stop here (0 after --help, 2 after a bad line), nullopt to go on.
+std::optional<int> parse_command(const std::vector<std::string>& args, const OptionSpec& spec,
+                                 const std::string& command, const std::string& usage, ParsedOptions& o,
+                                 std::ostream& out, std::ostream& err);
+
+/// Prints "tremorvault-cli COMMAND: WHY" and the usage on standard error; returns 2.
+int usage_error(std::ostream& err, const std::string& command, const std::string& why, const std::string& usage);
 
 /// Splits "T1,T2,T3" into its texts (a value without commas is one text).
 std::vector<std::string> split_list(const std::string& text);

@@ -40,20 +40,11 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
                      "export-spectra", "rule", "sa-scale", "band-start", "band-end", "export-comparison"},
                     {"compare"}};
     spec.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
+    const std::string usage = std::string(kSpectraUsage) + kRecordUsage;
     ParsedOptions o;
-    try {
-        o = parse_options(args, spec);
-    } catch (const UsageError& e) {
-        err << "tremorvault-cli spectra: " << e.what() << '\n' << kSpectraUsage << kRecordUsage;
-        return kUsage;
-    }
-    if (o.help) {
-        out << kSpectraUsage << kRecordUsage;
-        return kDone;
-    }
+    if (auto done = parse_command(args, spec, "spectra", usage, o, out, err)) return *done;
     if (o.files.empty() || o.files.size() % 2 != 0 || o.files.size() > 6) {
-        err << "tremorvault-cli spectra: give one to three records, an X and a Y file each\n" << kSpectraUsage;
-        return kUsage;
+        return usage_error(err, "spectra", "give one to three records, an X and a Y file each", usage);
     }
     const std::string hazard = o.get("hazard").value_or("low");
     const std::string soil = o.get("soil").value_or("I");
@@ -66,7 +57,7 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
         if (std::find(allowed.begin(), allowed.end(), v) != allowed.end()) return true;
         err << "tremorvault-cli spectra: --" << name << " takes one of";
         for (const auto& a : allowed) err << ' ' << a;
-        err << '\n' << kSpectraUsage;
+        err << '\n' << usage;
         return false;
     };
     if (!one_of(hazard, hazards, "hazard") || !one_of(soil, soils, "soil") || !one_of(measure, measures, "measure") ||
