@@ -1,5 +1,6 @@
 #include "compute/fourier/fast_round15.h"
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
 
@@ -9,21 +10,20 @@ namespace tv::compute {
 
 namespace {
 
-// The exact powers of ten of a double.
-constexpr double kPow10[23] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                               1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+using detail::kExactPow10;
 
-// x * 10^k as an exact sum hi + lo (k from -22 to 22; for negative k the quotient's remainder
-// gives the low part, which only has to carry the right sign and the exact zero).
+// x * 10^k (k from -22 to 22) as hi plus an exact remainder part lo. For k >= 0, hi + lo is the
+// product exactly. For k < 0, hi is the rounded quotient and lo = x - hi * 10^-k exactly: it has
+// the sign of the quotient's remainder and is zero when hi is exact, which is all that is used.
 inline void scaled(double x, int k, double& hi, double& lo) {
     if (k >= 0) {
-        const double p = kPow10[k];
+        const double p = kExactPow10[k];
         hi = x * p;
         lo = std::fma(x, p, -hi);
     } else {
-        const double p = kPow10[-k];
+        const double p = kExactPow10[-k];
         hi = x / p;
-        lo = -std::fma(hi, p, -x);  // x - hi * p, exactly; its sign tells which side x / p lies
+        lo = -std::fma(hi, p, -x);
     }
 }
 
@@ -31,30 +31,35 @@ inline void scaled(double x, int k, double& hi, double& lo) {
 
 double round15_fast(double x) {
     const double a = std::fabs(x);
-    if (!(a >= 1e-8 && a < 1e36)) return text::round15(x);
-    // Decimal exponent, possibly one too small; corrected below.
-    int e = static_cast<int>(std::floor(std::ilogb(a) * 0.30102999566398120));
-    int k = 14 - e;
+    // Also sends 0, NaN and infinities to the text conversion.
+    if (!(a >= 0x1p-26 && a < 1e36)) return text::round15(x);
+    // floor(log10 a) or one less: the binary exponent E times log10(2), rounded down, as
+    // (E * 78913) >> 18 (78913 / 2^18 lies just below log10(2); exact over this range of E).
+    // In this range k starts within -21..22 and ends within -22..22.
+    const int e2 = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023;
+    int k = 14 - ((e2 * 78913) >> 18);
     double hi, lo;
     scaled(a, k, hi, lo);
     if (hi >= 1e15) {
         --k;
         scaled(a, k, hi, lo);
-    } else if (hi < 1e14) {
-        ++k;
-        scaled(a, k, hi, lo);
     }
-    if (k < -22 || k > 22 || hi >= 1e15 || hi < 1e14) return text::round15(x);
-    // hi lies in [1e14, 1e15), so its spacing is at least 2^-6 and at most 1/8: hi - r is exact,
-    // and only a hi exactly half-way between integers needs the low part to decide.
-    double m = std::nearbyint(hi);
+    // hi may have rounded onto a bound; the text conversion settles those cases.
+    if (!(hi >= 1e14 && hi < 1e15)) return text::round15(x);
+    // In [1e14, 1e15) the spacing of doubles is 2^-6 to 2^-3, so hi - m is exact, a hi that is
+    // not half-way lies on the same side of the half as the exact value, and only a hi exactly
+    // half-way needs the remainder to decide; an exact half goes to even (nearbyint).
+    // Adding and taking away 1.5 * 2^52 rounds hi (below 2^51) to an integer, halves to even.
+    double m = (hi + 0x1.8p52) - 0x1.8p52;
     if (std::fabs(hi - m) == 0.5) {
         if (lo > 0)
             m = hi + 0.5;
         else if (lo < 0)
             m = hi - 0.5;
     }
-    const double r = k >= 0 ? m / kPow10[k] : m * kPow10[-k];
+    // m has at most 15 digits and 10^|k| is exact: one correctly rounded operation gives the
+    // double nearest to m * 10^-k, which is what reading the 15 digits back gives.
+    const double r = k >= 0 ? m / kExactPow10[k] : m * kExactPow10[-k];
     return x < 0 ? -r : r;
 }
 

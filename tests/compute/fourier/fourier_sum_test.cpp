@@ -1,96 +1,230 @@
-// The direct Fourier sum and its inverse on signals whose transform is known.
+// The direct Fourier sum: step count, known transforms, the peak, the table texts, threads
+// against the plain loop, callbacks and failures.
+#include "compute/fourier/fourier_sum.h"
+
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <thread>
 
-#include "compute/fourier/fast_round15.h"
-#include "compute/fourier/fourier_sum.h"
+#include "support/fake_platform.h"
 #include "text/number_text.h"
+#include "text/rounding.h"
 #include "text/runtime_error.h"
 
 namespace tv::compute {
 namespace {
 
-FourierSamples sine(double omega0, double dt, int lines) {
-    FourierSamples s;
-    for (int j = 1; j <= lines; ++j) {
-        s.j.push_back(j);
-        s.x.push_back(std::sin(omega0 * j * dt));
+int error_of(const auto& f) {
+    try {
+        f();
+    } catch (const text::RuntimeError& e) {
+        return e.number();
     }
-    return s;
+    return 0;
 }
 
-TEST(FourierSum, StepLimitCountsOmegasHalfToEven) {
+FourierSamples sine(double omega0, double dt, int lines, double amplitude = 1) {
+    return fourier_samples(1, lines, [&](double j) { return text::round15(amplitude * std::sin(omega0 * j * dt)); });
+}
+
+TEST(FourierSum, StepCountIsTheRoundedQuotientAndTheLimitIs12001) {
     EXPECT_EQ(omega_steps(100, 0.05), 2000);
-    EXPECT_EQ(omega_steps(600.05, 0.05), 12001);
-    EXPECT_LT(omega_steps(600.05, 0.05), kOmegaStepLimit);
+    EXPECT_EQ(omega_steps(600.05, 0.05), 12001);  // 12000.999999999998
+    EXPECT_TRUE(omega_steps_accepted(omega_steps(600.05, 0.05)));
     EXPECT_EQ(omega_steps(600.1, 0.05), 12002);
-    EXPECT_EQ(omega_steps(0.25, 0.1), 2);  // 2.5 to even
-    EXPECT_THROW(omega_steps(1, 0), text::RuntimeError);
+    EXPECT_FALSE(omega_steps_accepted(omega_steps(600.1, 0.05)));
+    EXPECT_EQ(omega_steps(0.25, 0.1), 2);  // 2.5 goes to even
+    EXPECT_EQ(omega_steps(0.45, 0.1), 4);  // 4.5 to even
+    EXPECT_EQ(omega_steps(0.35, 0.1), 3);  // 3.4999999999999996, just below the half
+    EXPECT_EQ(error_of([] { omega_steps(1, 0); }), text::kDivisionByZero);
+    EXPECT_EQ(error_of([] { omega_steps(0, 0); }), text::kOverflow);
+    EXPECT_EQ(error_of([] { omega_steps(1e12, 1e-3); }), text::kOverflow);
+}
+
+TEST(FourierSum, SamplesFollowTheLineLoop) {
+    const FourierSamples s = fourier_samples(5, 8, [](double j) { return j * 10; });
+    EXPECT_EQ(s.j, (std::vector<double>{5, 6, 7, 8}));
+    EXPECT_EQ(s.x, (std::vector<double>{50, 60, 70, 80}));
+    EXPECT_EQ(fourier_samples(5.5, 7, [](double) { return 1.0; }).j, (std::vector<double>{5.5, 6.5}));
+    EXPECT_TRUE(fourier_samples(9, 8, [](double) { return 1.0; }).j.empty());
 }
 
 TEST(FourierSum, APureSinePeaksAtItsOwnOmega) {
-    const double omega0 = 2 * M_PI * 2.0;  // 2 Hz
-    FourierSamples s = sine(omega0, 0.01, 2000);
-    std::vector<double> re, im, om;
+    // 10 rad/s over 20 s: |sum of dt sin(w0 t) e^(-i w0 t)| is about T / 2 = 10 at w0.
+    const FourierSamples s = sine(10.0, 0.01, 2000);
+    FourierSpectrum out;
+    FourierPeak peak;
     const std::int32_t n = omega_steps(40, 0.05);
     std::int32_t reported = 0;
-    fourier_sums(s, 0.01, 0.05, n, re, im, om, [&](std::int32_t i) { EXPECT_EQ(i, ++reported); });
+    const auto caller = std::this_thread::get_id();
+    fourier_transform(s, 0.01, 0.05, n, out, peak, [&](std::int32_t i) {
+        EXPECT_EQ(i, ++reported);
+        EXPECT_EQ(std::this_thread::get_id(), caller);
+        EXPECT_NE(out.amp[static_cast<std::size_t>(i)], 0.0);  // the row is complete when reported
+    });
     EXPECT_EQ(reported, n);
-    std::int32_t best = 1;
-    for (std::int32_t i = 1; i <= n; ++i)
-        if (fourier_amplitude(re[i], im[i]) > fourier_amplitude(re[best], im[best])) best = i;
-    EXPECT_NEAR(om[best], omega0, 0.05);
-    // |X(omega0)| of a sine over T seconds is T / 2.
-    EXPECT_NEAR(fourier_amplitude(re[best], im[best]), 20.0 / 2, 0.6);
+    EXPECT_EQ(text::to_text(text::round_to(peak.omega, 2)), "10");
+    EXPECT_NEAR(peak.amp, 10.0, 0.05);
+    EXPECT_EQ(out.real.size(), 801u);
+    EXPECT_EQ(out.real[0], 0.0);
+    EXPECT_EQ(out.amp[0], 0.0);
+    // Far from the peak the amplitude is small.
+    EXPECT_LT(out.amp[400], 0.1);
 }
 
-TEST(FourierSum, ThreadedSumsEqualThePlainLoopBitForBit) {
-    FourierSamples s = sine(7.3, 0.02, 700);
-    for (auto& x : s.x) x *= 0.37;
-    std::vector<double> re, im, om;
+TEST(FourierSum, TheFirstOfEqualPeaksStandsAndThePeakIsKeptAcrossRuns) {
+    const FourierSamples s = sine(10.0, 0.01, 2000);
+    FourierSpectrum out;
+    FourierPeak peak;
+    fourier_transform(s, 0.01, 0.05, 800, out, peak);
+    const FourierPeak first = peak;
+    // A weaker record does not displace it; neither does an equal amplitude.
+    fourier_transform(sine(20.0, 0.01, 2000, 0.5), 0.01, 0.05, 800, out, peak);
+    EXPECT_EQ(peak.omega, first.omega);
+    FourierPeak equal = first;
+    fourier_transform(s, 0.01, 0.05, 800, out, equal);
+    EXPECT_EQ(equal.omega, first.omega);
+    // A stronger one does.
+    fourier_transform(sine(20.0, 0.01, 2000, 3), 0.01, 0.05, 800, out, peak);
+    EXPECT_EQ(text::to_text(text::round_to(peak.omega, 2)), "20");
+}
+
+TEST(FourierSum, RowTextsRoundForTheTableOnly) {
+    FourierSpectrum s;
+    s.real = {0, 0.123456789};
+    s.imag = {0, -0.0000025};
+    s.amp = {0, 12.345678};
+    s.omega = {0, 0.15000000000000002};  // 0.05 added three times
+    const FourierRowTexts t = fourier_row_texts(s, 1);
+    EXPECT_EQ(t.real, "0.12346");
+    EXPECT_EQ(t.imag, "0");  // -0.0000025 rounds to 0 (no minus zero)
+    EXPECT_EQ(t.amp, "12.3457");
+    EXPECT_EQ(t.omega, "0.15");
+    EXPECT_EQ(fourier_row_texts(s, 0).real, "0");
+}
+
+TEST(FourierSum, AmplitudeIsThePowerAsWritten) {
+    EXPECT_EQ(fourier_amplitude(3, 4), 5.0);
+    EXPECT_EQ(fourier_amplitude(0, 0), 0.0);
+    EXPECT_EQ(fourier_amplitude(1e-3, 0), std::pow(1e-6, 0.5));
+    EXPECT_EQ(error_of([] { fourier_amplitude(1e200, 0); }), text::kOverflow);
+}
+
+TEST(FourierSum, ThreadedRowsEqualThePlainLoopBitForBit) {
+    FourierSamples s = sine(7.3, 0.02, 700, 0.37);
     const std::int32_t n = 333;
-    fourier_sums(s, 0.02, 0.07, n, re, im, om);
+    FourierSpectrum out;
+    FourierPeak peak;
+    fourier_transform(s, 0.02, 0.07, n, out, peak);
     double omega = 0;
+    FourierPeak want;
     for (std::int32_t i = 1; i <= n; ++i) {
+        const auto u = static_cast<std::size_t>(i);
         omega = omega + 0.07;
         double r = 0, m = 0;
         for (std::size_t k = 0; k < s.j.size(); ++k) {
             r = text::val(text::to_text(r + 0.02 * s.x[k] * std::cos(s.j[k] * omega * 0.02)));
             m = text::val(text::to_text(m + 0.02 * s.x[k] * std::sin(s.j[k] * omega * 0.02)));
         }
-        ASSERT_EQ(re[i], r) << i;
-        ASSERT_EQ(im[i], m) << i;
-        ASSERT_EQ(om[i], omega);
+        const double amp = std::pow(m * m + r * r, 0.5);
+        if (want.amp < amp) want = {omega, amp};
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(out.real[u]), std::bit_cast<std::uint64_t>(r)) << i;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(out.imag[u]), std::bit_cast<std::uint64_t>(m)) << i;
+        ASSERT_EQ(out.omega[u], omega) << i;
+        ASSERT_EQ(out.amp[u], amp) << i;
     }
-    EXPECT_EQ(re[0], 0.0);
+    EXPECT_EQ(peak.omega, want.omega);
+    EXPECT_EQ(peak.amp, want.amp);
+    // The sums alone, as the older entry point gives them.
+    std::vector<double> re, im, om;
+    fourier_sums(s, 0.02, 0.07, n, re, im, om);
+    EXPECT_EQ(re, out.real);
+    EXPECT_EQ(im, out.imag);
+    EXPECT_EQ(om, out.omega);
 }
 
-TEST(FourierSum, AllTermsRebuildTheRecordTimesPi) {
-    // x(t) = sum over omega of (Re cos + Im sin) dOmega / pi, for a record band-limited below
-    // the omega limit and sampled finely enough.
-    const double dt = 0.01, dOmega = 0.05;
-    FourierSamples s;
-    for (int j = 1; j <= 1000; ++j) {
-        s.j.push_back(j);
-        s.x.push_back(std::sin(3.0 * j * dt) * std::exp(-0.3 * j * dt) * j * dt);
-    }
-    std::vector<double> re, im, om;
-    const std::int32_t n = omega_steps(60, dOmega);
-    fourier_sums(s, dt, dOmega, n, re, im, om);
-    for (int k : {200, 350, 500}) {
-        const double t = k * dt;
-        double a = 0;
-        for (std::int32_t i = 1; i <= n; ++i) a = inverse_term(a, re[i], im[i], i * dOmega, t, dOmega);
-        EXPECT_NEAR(a * kInversePi, s.x[static_cast<std::size_t>(k - 1)], 0.02) << t;
-        EXPECT_NEAR(a, M_PI * s.x[static_cast<std::size_t>(k - 1)], 0.07) << "without the factor";
-    }
+TEST(FourierSum, NoOmegasNoRows) {
+    FourierSpectrum out;
+    FourierPeak peak{1, 2};
+    int calls = 0;
+    fourier_transform(sine(1, 0.01, 10), 0.01, 0.05, 0, out, peak, [&](std::int32_t) { ++calls; });
+    fourier_transform(sine(1, 0.01, 10), 0.01, 0.05, -1, out, peak, [&](std::int32_t) { ++calls; });
+    EXPECT_EQ(out.real.size(), 1u);
+    EXPECT_EQ(calls, 0);
+    EXPECT_EQ(peak.amp, 2.0);
+    // No samples: every sum is 0 and no row beats a zero peak.
+    FourierPeak zero;
+    fourier_transform(FourierSamples{}, 0.01, 0.05, 5, out, zero);
+    EXPECT_EQ(out.amp[5], 0.0);
+    EXPECT_EQ(zero.omega, 0.0);
 }
 
-TEST(FourierSum, OverflowIsRaisedAtItsOmega) {
-    FourierSamples s{{1, 2}, {1e308, 1e308}};
+TEST(FourierSum, AnOverflowIsRaisedAtItsOmegaWithTheRowsBeforeItDone) {
+    // Two terms of 1.5E308: the cosine sums stay finite at omega 2 and 4 and overflow at 6.
+    const FourierSamples s{{1, 2}, {1.5e308, 1.5e308}};
     std::vector<double> re, im, om;
-    EXPECT_THROW(fourier_sums(s, 10, 0.1, 3, re, im, om), text::RuntimeError);
+    std::vector<std::int32_t> reported;
+    EXPECT_EQ(error_of([&] { fourier_sums(s, 1, 2, 5, re, im, om, [&](std::int32_t i) { reported.push_back(i); }); }),
+              text::kOverflow);
+    EXPECT_EQ(reported, (std::vector<std::int32_t>{1, 2}));
+    EXPECT_EQ(re[3], text::round15(1.5e308 * std::cos(6.0)));  // the first term of row 3 stands
+    EXPECT_EQ(im[3], text::round15(1.5e308 * std::sin(6.0)));
+    // dt * x beyond the range fails at the first omega, before any row.
+    FourierSpectrum out;
+    FourierPeak peak;
+    reported.clear();
+    EXPECT_EQ(error_of([&] {
+                  fourier_transform(FourierSamples{{1}, {1e308}}, 10, 0.1, 3, out, peak,
+                                    [&](std::int32_t i) { reported.push_back(i); });
+              }),
+              text::kOverflow);
+    EXPECT_TRUE(reported.empty());
+    EXPECT_EQ(out.real[1], 0.0);
+    // Huge but finite sums are settled by the checked loop, not refused.
+    fourier_sums(FourierSamples{{1, 2, 3}, {1e300, 1e300, 1e300}}, 1, 0.1, 2, re, im, om);
+    double r = 0;
+    for (double j : {1.0, 2.0, 3.0}) r = text::round15(r + 1 * 1e300 * std::cos(j * 0.1 * 1));
+    EXPECT_EQ(re[1], r);
+}
+
+TEST(FourierSum, AnErrorInTheCallbackStopsTheRun) {
+    const FourierSamples s = sine(10.0, 0.01, 2000);
+    FourierSpectrum out;
+    FourierPeak peak;
+    std::int32_t last = 0;
+    EXPECT_THROW(fourier_transform(s, 0.01, 0.05, 2000, out, peak,
+                                   [&](std::int32_t i) {
+                                       last = i;
+                                       if (i == 40) throw std::runtime_error("stop");
+                                   }),
+                 std::runtime_error);
+    EXPECT_EQ(last, 40);
+}
+
+TEST(FourierSum, ElCentroPeaksInItsStrongBand) {
+    const std::string path = test::data_path("records/imperialvalley1940_elcentro_NS.txt");
+    if (path.empty()) GTEST_SKIP() << "record not found";
+    std::ifstream in(path, std::ios::binary);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    // First line 5, last line 1563, dt 0.02, in g.
+    const FourierSamples s = fourier_samples(5, 1563, [&](double j) { return text::val(lines.at(static_cast<std::size_t>(j) - 1)); });
+    FourierSpectrum out;
+    FourierPeak peak;
+    fourier_transform(s, 0.02, 0.05, omega_steps(100, 0.05), out, peak);
+    // The record's energy lies between about 1 and 4 Hz.
+    EXPECT_GT(peak.omega, 5.0);
+    EXPECT_LT(peak.omega, 25.0);
+    EXPECT_GT(peak.amp, 0.1);
+    // The amplitude cell read back is the array value of the amplitude export.
+    const FourierRowTexts t = fourier_row_texts(out, 2000);
+    EXPECT_EQ(t.omega, "100");
+    EXPECT_EQ(text::val(t.amp), text::round_to(out.amp[2000], 4));
 }
 
 }  // namespace
