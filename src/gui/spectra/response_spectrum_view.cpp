@@ -1,0 +1,16 @@
+#include "gui/spectra/response_spectrum_view.h"
+
+#include "gui/bind/binder.h"
+#include "gui/spectra/chart_card.h"
+#include "windows/spectra/response_spectrum_window.h"
+
+namespace tv::gui {
+
+ResponseSpectrumView::ResponseSpectrumView(windows::Form3& model, forms::App& app, QWidget* parent)
+    : QWidget(parent) {
+    ui_.setupUi(this);
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
+    bind::all(*this, model, app);
+}
+
+}  // namespace tv::gui

@@ -1,0 +1,420 @@
+// The views of Form2, Form3 and Form4: every control has a widget of its kind, the captions
+// beside the boxes stand in the view, the Persian texts run right to left, and the windows as
+// the record road leaves them (screenshots under <build>/gui-screenshots).
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRawFont>
+#include <QScrollBar>
+#include <QSlider>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QTableView>
+#include <QTest>
+#include <QTextLayout>
+#include <memory>
+
+#include "gui/bind/binder.h"
+#include "gui/bind/picture_view.h"
+#include "gui/platform/qt_platform.h"
+#include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "windows/program.h"
+#include "windows/project/main_frame_window.h"
+#include "windows/project/record_input_window.h"
+#include "windows/spectra/comparison_window.h"
+#include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/response_spectrum_window.h"
+
+namespace tv::gui {
+namespace {
+
+using forms::ControlKind;
+
+bool right_kind(const forms::Control& c, QObject* o) {
+    switch (c.kind()) {
+        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
+        case ControlKind::Label: return qobject_cast<QLabel*>(o);
+        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
+        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
+        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
+        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
+        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
+        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
+        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
+        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
+        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
+        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
+        case ControlKind::Menu: return qobject_cast<QAction*>(o);
+        case ControlKind::Timer:
+        case ControlKind::Line:
+        case ControlKind::Shape: return true;
+    }
+    return false;
+}
+
+/// A click on the box of a check box or option, where a user aims: a click in the empty room
+/// beside its text is no click.
+void tick(QAbstractButton* box) {
+    ASSERT_NE(box, nullptr);
+    QStyleOptionButton option;
+    option.initFrom(box);
+    const auto element =
+        qobject_cast<QRadioButton*>(box) ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator;
+    const QRect indicator = box->style()->subElementRect(element, &option, box);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
+}
+
+/// The texts of the view's plain labels, those no control owns.
+QStringList label_texts(const QWidget& view) {
+    QStringList out;
+    for (const QLabel* l : view.findChildren<QLabel*>()) out << l->text();
+    return out;
+}
+
+/// Whether every character of `text` finds a glyph in the font `widget` paints with, fallbacks
+/// included.
+bool all_glyphs_found(const QString& text, const QWidget& widget) {
+    QTextLayout layout(text, widget.font());
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    int glyphs = 0;
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        for (quint32 g : run.glyphIndexes()) {
+            if (g == 0) return false;
+            ++glyphs;
+        }
+    }
+    return glyphs > 0;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Each view by itself, over the model alone.
+
+class SpectraViews : public ::testing::Test {
+protected:
+    SpectraViews() : program(platform) { register_views(views); }
+    ~SpectraViews() override { view.reset(); }
+
+    template <class F>
+    QWidget& open() {
+        F& model = program.form<F>();
+        view.reset(views.create(model, program));
+        view->show();
+        test::settle();
+        return *view;
+    }
+
+    void expect_all_bound(const forms::Form& model) {
+        bind::Binder* b = bind::binder_of(view.get());
+        ASSERT_NE(b, nullptr);
+        for (const auto& c : model.controls()) {
+            const auto kind = c->kind();
+            if (kind == ControlKind::Timer) continue;
+            if (kind == ControlKind::Line || kind == ControlKind::Shape) {
+                ASSERT_NE(c->container(), nullptr) << c->name();
+                EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
+                continue;
+            }
+            QObject* o = b->target(*c);
+            ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
+            EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
+                                           << o->metaObject()->className();
+            // A hidden control has a hidden widget; the others can be seen.
+            if (auto* w = qobject_cast<QWidget*>(o)) {
+                EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
+            }
+        }
+        EXPECT_TRUE(b->unbound().empty());
+    }
+
+    template <class W>
+    W* find(const char* name) {
+        return view->findChild<W*>(name);
+    }
+
+    /// The window fits the main frame's document area, and what it is given beyond its own
+    /// size goes to the chart.
+    void expect_chart_takes_spare_room() {
+        const QSize own = view->sizeHint();
+        EXPECT_LE(own.width(), 1200);
+        EXPECT_LE(own.height(), 780);
+        view->resize(own);
+        test::settle();
+        auto* card = find<QWidget>("chartPanel");
+        ASSERT_NE(card, nullptr);
+        const QSize before = card->size();
+        view->resize(own + QSize(200, 120));
+        test::settle();
+        EXPECT_EQ(card->size(), before + QSize(200, 120));
+    }
+
+    test::FakePlatform platform;
+    windows::Program program;
+    ViewRegistry views;
+    std::unique_ptr<QWidget> view;
+};
+
+TEST_F(SpectraViews, EachWindowHasItsOwnView) {
+    for (const char* name : {"Form2", "Form3", "Form4"}) EXPECT_TRUE(views.has(name)) << name;
+}
+
+TEST_F(SpectraViews, DesignSpectrum) {
+    auto& f2 = program.form<windows::Form2>();
+    auto& w = open<windows::Form2>();
+    expect_all_bound(f2);
+    const QStringList labels = label_texts(w);
+    for (const char* text : {"Scale (A) :", "T (start) :", "T (end) :", "Step :", "sec", "X Axis Scale : 1X"})
+        EXPECT_TRUE(labels.contains(text)) << text;
+    EXPECT_EQ(find<QGroupBox>("Frame2")->title(), "Soil");
+    EXPECT_EQ(find<QGroupBox>("Frame3")->title(), "Hazard");
+    EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0.2");
+    EXPECT_TRUE(find<QRadioButton>("Option1")->isChecked());
+    EXPECT_TRUE(find<QRadioButton>("Option5")->isChecked());
+
+    // A hazard puts its scale into the box; "From File" greys the options out.
+    tick(find<QRadioButton>("Option6"));
+    EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0.3");
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_EQ(f2.Check1.value(), 1);
+    EXPECT_FALSE(find<QGroupBox>("Frame2")->isEnabled());
+    EXPECT_FALSE(find<QRadioButton>("Option3")->isEnabled());
+    EXPECT_TRUE(find<QPushButton>("Command3")->isEnabled());
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_TRUE(find<QRadioButton>("Option3")->isEnabled());
+
+    // The scroll bar stands under the plot's viewport, no wider.
+    auto* viewport = find<PictureView>("picNemodar1");
+    auto* scroll = find<QScrollBar>("HScroll1");
+    EXPECT_EQ(scroll->width(), viewport->width());
+    EXPECT_EQ(scroll->mapTo(&w, QPoint()).x(), viewport->mapTo(&w, QPoint()).x());
+    test::save_shot(w, "Form2_view");
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(SpectraViews, ResponseSpectrum) {
+    auto& f3 = program.form<windows::Form3>();
+    auto& w = open<windows::Form3>();
+    expect_all_bound(f3);
+    const QStringList labels = label_texts(w);
+    for (const char* text : {" Damping :", "Select earthquake :", "(Default : Pseudo.Acceleration)"})
+        EXPECT_TRUE(labels.contains(text)) << text;
+    EXPECT_EQ(find<QGroupBox>("Frame1")->title(), "Input");
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "0.05");
+    EXPECT_FALSE(find<QPushButton>("Command4")->isEnabled());
+
+    // The ticks exclude each other through the model.
+    tick(find<QCheckBox>("Check1"));
+    tick(find<QCheckBox>("Check2"));
+    EXPECT_FALSE(find<QCheckBox>("Check1")->isChecked());
+    EXPECT_TRUE(find<QCheckBox>("Check2")->isChecked());
+
+    // The progress panel lies over the chart, hiding it, and leaves the buttons free.
+    auto* panel = find<QGroupBox>("Picbar");
+    auto* card = find<QWidget>("chartPanel");
+    EXPECT_TRUE(panel->isHidden());
+    f3.Picbar.set_visible(true);
+    f3.pbar.set_max(10);
+    f3.pbar.set_value(4);
+    test::settle();
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(panel->parentWidget(), card);
+    EXPECT_EQ(panel->geometry(), card->contentsRect());
+    EXPECT_EQ(find<QLabel>("Label3")->text(), "Please Wait...............");
+    EXPECT_EQ(find<QProgressBar>("pbar")->value(), 400);
+    test::save_shot(w, "Form3_busy");
+    f3.Picbar.set_visible(false);
+    EXPECT_TRUE(panel->isHidden());
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(SpectraViews, Comparison) {
+    auto& f4 = program.form<windows::Form4>();
+    auto& w = open<windows::Form4>();
+    expect_all_bound(f4);
+    const QStringList labels = label_texts(w);
+    for (const char* text : {"Sa Scale :", "T (start) :", "T (end) :", "Scale Factor :", "speed :", "sec"})
+        EXPECT_TRUE(labels.contains(text)) << text;
+    EXPECT_EQ(find<QGroupBox>("Frame4")->title(), "Result");
+    EXPECT_EQ(find<QGroupBox>("Frame1")->title(), "Setting");
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.17");
+    EXPECT_EQ(find<QLineEdit>("xzarib")->text(), "1.0");
+
+    // The Persian caption reads right to left, its box at its right end, and every letter has a
+    // glyph to show.
+    auto* rule = find<QCheckBox>("Check2");
+    EXPECT_EQ(rule->text(), QString::fromUtf8("\u0646\u0634\u0631\u064a\u0647 360"));
+    EXPECT_TRUE(rule->text().isRightToLeft());
+    EXPECT_EQ(rule->layoutDirection(), Qt::RightToLeft);
+    EXPECT_TRUE(all_glyphs_found(rule->text(), *rule));
+    tick(rule);
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.3");
+
+    // The read-outs wear the colours of their marker lines.
+    auto* red = find<QLabel>("LabelRed");
+    auto* blue = find<QLabel>("LabelBlue");
+    EXPECT_EQ(red->palette().color(red->foregroundRole()), QColor(255, 0, 0));
+    EXPECT_EQ(blue->palette().color(blue->foregroundRole()), QColor(0, 0, 255));
+    test::save_shot(w, "Form4_view");
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(SpectraViews, BandEndMessageReadsRightToLeft) {
+    const QString text = QString::fromUtf8(windows::kBandEndMessage);
+    EXPECT_TRUE(text.isRightToLeft());
+    auto box = QtPlatform::make_message_box(windows::kBandEndMessage, forms::MsgButtons::Ok, "", forms::MsgIcon::None);
+    box->show();
+    test::settle();
+    QLabel* shown = nullptr;
+    for (QLabel* l : box->findChildren<QLabel*>())
+        if (l->text() == text) shown = l;
+    ASSERT_NE(shown, nullptr);
+    EXPECT_TRUE(all_glyphs_found(text, *shown));
+    test::save_shot(*box, "Form4_band_message");
+}
+
+// ---------------------------------------------------------------------------------------------
+// The record road on the real platform, with a real record: Form1 to Form2, Form3 and Form4.
+
+class SpectraRoad : public ::testing::Test {
+protected:
+    SpectraRoad() : platform(views), program(platform) { register_views(views); }
+    ~SpectraRoad() override { platform.release_views(); }
+
+    void SetUp() override {
+        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
+        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
+        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
+        program.run([this] { windows::start(program); });
+        frame = platform.frame();
+        ASSERT_NE(frame, nullptr);
+        frame->resize(1360, 900);
+        test::settle();
+    }
+
+    /// The widget of a window's view by name.
+    template <class W>
+    W* in(const forms::Form& form, const char* name) {
+        QWidget* v = platform.view_of(form);
+        return v ? v->findChild<W*>(name) : nullptr;
+    }
+
+    void click(const forms::Form& form, const char* name) {
+        auto* b = in<QPushButton>(form, name);
+        ASSERT_NE(b, nullptr) << name;
+        ASSERT_TRUE(b->isEnabled()) << name;
+        QTest::mouseClick(b, Qt::LeftButton);
+        test::settle();
+    }
+
+    /// One record read, drawn from line 5, and passed on to Form2.
+    void to_form2() {
+        platform.inputs = {"1", "1"};
+        platform.files = {x_file, y_file};
+        for (int i = 0; i < 2; ++i) {
+            frame->findChild<QAction*>("menu_open")->trigger();
+            test::settle();
+        }
+        auto* first = in<QLineEdit>(f1(), "Xfline");
+        ASSERT_NE(first, nullptr);
+        first->selectAll();
+        QTest::keyClicks(first, "5");
+        click(f1(), "Command2");
+        click(f1(), "xnext");
+        ASSERT_TRUE(program.is_loaded<windows::Form2>());
+    }
+
+    /// The mouse moved to a third of the plot's viewport.
+    void hover(const forms::Form& form) {
+        auto* plot = in<PictureView>(form, "picNemodar");
+        auto* viewport = in<PictureView>(form, "picNemodar1");
+        const QPointF at(viewport->width() / 3.0 - plot->x(), viewport->height() / 2.0);
+        QMouseEvent move(QEvent::MouseMove, at, plot->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(plot, &move);
+        test::settle();
+    }
+
+    windows::Form1& f1() { return program.form<windows::Form1>(); }
+    windows::Form2& f2() { return program.form<windows::Form2>(); }
+    windows::Form3& f3() { return program.form<windows::Form3>(); }
+    windows::Form4& f4() { return program.form<windows::Form4>(); }
+
+    ViewRegistry views;
+    test::ScriptedPlatform platform;
+    windows::Program program;
+    std::string x_file, y_file;
+    QMainWindow* frame = nullptr;
+};
+
+TEST_F(SpectraRoad, DesignResponseAndComparison) {
+    to_form2();
+    // Form2: the design spectrum.
+    click(f2(), "Command1");
+    EXPECT_GT(f2().chart.picNemodar.ops().size(), 100u);
+    hover(f2());
+    EXPECT_TRUE(in<QLabel>(f2(), "Label7")->text().startsWith("T(Period): "));
+    test::save_shot(*platform.view_of(f2()), "Form2_spectrum");
+    click(f2(), "xnext");
+
+    // Form3: the response spectra of the record.
+    ASSERT_TRUE(program.is_loaded<windows::Form3>());
+    auto* record = in<QComboBox>(f3(), "Combo1");
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->count(), 1);
+    EXPECT_EQ(record->currentText(), "1");
+    click(f3(), "Command1");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_GT(f3().chart.picNemodar.ops().size(), 100u);
+    EXPECT_TRUE(in<QGroupBox>(f3(), "Picbar")->isHidden());
+    EXPECT_EQ(in<QLabel>(f3(), "Label4")->text(), "(Pseudo.Acceleration)");
+    EXPECT_TRUE(in<QPushButton>(f3(), "Command5")->isEnabled());
+    hover(f3());
+    EXPECT_TRUE(in<QLabel>(f3(), "Label8")->text().startsWith("T(Period): "));
+    test::save_shot(*platform.view_of(f3()), "Form3_spectrum");
+    test::save_shot(*frame, "Form3_spectrum_frame");
+    click(f3(), "Command4");
+
+    // Form4: average against target, and the factor.
+    ASSERT_TRUE(program.is_loaded<windows::Form4>());
+    EXPECT_EQ(in<QLineEdit>(f4(), "tend")->text().toStdString(), f4().tend.text());
+    click(f4(), "Command1");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(in<QLineEdit>(f4(), "xzarib")->text().toStdString(), f4().xzarib.text());
+    EXPECT_GT(f4().chart.picNemodar.ops().size(), 100u);
+    tick(in<QCheckBox>(f4(), "Check1"));
+    hover(f4());
+    EXPECT_TRUE(in<QLabel>(f4(), "LabelBlue")->text().startsWith("SRSS : "));
+    EXPECT_TRUE(in<QLabel>(f4(), "LabelRed")->text().startsWith("Spa(st): "));
+    EXPECT_TRUE(in<QLabel>(f4(), "Label12")->text().startsWith("T(Period) : "));
+    EXPECT_TRUE(f4().LineRed.visible());
+    test::save_shot(*platform.view_of(f4()), "Form4_calculated");
+
+    // A band past the spectrum's end is refused with the Persian message.
+    auto* end = in<QLineEdit>(f4(), "tend");
+    end->selectAll();
+    QTest::keyClicks(end, "99");
+    ASSERT_FALSE(platform.messages.empty());
+    EXPECT_EQ(platform.messages.back(), windows::kBandEndMessage);
+    EXPECT_EQ(end->text().toStdString(), f4().tend.text());
+}
+
+}  // namespace
+}  // namespace tv::gui
