@@ -1,0 +1,26 @@
+#pragma once
+// The view of Form12 ("Fourier Transform"): the transform and its table beside the amplitude
+// chart; the picked omegas and the rebuilt history below the chart.
+#include <QWidget>
+
+#include "ui_fourier_view.h"
+
+namespace tv::forms {
+class App;
+}
+namespace tv::windows {
+class Form12;
+}
+
+namespace tv::gui {
+
+class FourierView : public QWidget {
+    Q_OBJECT
+public:
+    FourierView(windows::Form12& model, forms::App& app, QWidget* parent = nullptr);
+
+private:
+    Ui::FourierView ui_;
+};
+
+}  // namespace tv::gui

@@ -1,0 +1,315 @@
+// The views of Form12 and Form13: every control has a widget of its kind, the captions beside
+// the boxes stand in the view, and the transform, the picked omegas and the rebuilt history of
+// a real record (screenshots under <build>/gui-screenshots).
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QTableView>
+#include <QTest>
+#include <memory>
+
+#include "gui/bind/binder.h"
+#include "gui/bind/picture_view.h"
+#include "gui/platform/twips.h"
+#include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "windows/fourier/fourier_window.h"
+#include "windows/program.h"
+#include "windows/project/main_frame_window.h"
+#include "windows/project/record_input_window.h"
+
+namespace tv::gui {
+namespace {
+
+using forms::ControlKind;
+
+bool right_kind(const forms::Control& c, QObject* o) {
+    switch (c.kind()) {
+        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
+        case ControlKind::Label: return qobject_cast<QLabel*>(o);
+        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
+        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
+        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
+        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
+        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
+        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
+        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
+        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
+        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
+        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
+        case ControlKind::Menu: return qobject_cast<QAction*>(o);
+        case ControlKind::Timer:
+        case ControlKind::Line:
+        case ControlKind::Shape: return true;
+    }
+    return false;
+}
+
+/// A click on the box of a check box or option, where a user aims: a click in the empty room
+/// beside its text is no click.
+void tick(QAbstractButton* box) {
+    ASSERT_NE(box, nullptr);
+    QStyleOptionButton option;
+    option.initFrom(box);
+    const auto element =
+        qobject_cast<QRadioButton*>(box) ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator;
+    const QRect indicator = box->style()->subElementRect(element, &option, box);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
+}
+
+QStringList label_texts(const QWidget& view) {
+    QStringList out;
+    for (const QLabel* l : view.findChildren<QLabel*>()) out << l->text();
+    return out;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Each view by itself, over the model alone.
+
+class FourierViews : public ::testing::Test {
+protected:
+    FourierViews() : program(platform) { register_views(views); }
+    ~FourierViews() override { view.reset(); }
+
+    template <class F>
+    QWidget& open() {
+        F& model = program.form<F>();
+        view.reset(views.create(model, program));
+        view->show();
+        test::settle();
+        return *view;
+    }
+
+    void expect_all_bound(const forms::Form& model) {
+        bind::Binder* b = bind::binder_of(view.get());
+        ASSERT_NE(b, nullptr);
+        for (const auto& c : model.controls()) {
+            const auto kind = c->kind();
+            if (kind == ControlKind::Timer) continue;
+            if (kind == ControlKind::Line || kind == ControlKind::Shape) {
+                ASSERT_NE(c->container(), nullptr) << c->name();
+                EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
+                continue;
+            }
+            QObject* o = b->target(*c);
+            ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
+            EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
+                                           << o->metaObject()->className();
+            if (auto* w = qobject_cast<QWidget*>(o)) {
+                EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
+            }
+        }
+        EXPECT_TRUE(b->unbound().empty());
+    }
+
+    template <class W>
+    W* find(const char* name) {
+        return view->findChild<W*>(name);
+    }
+
+    /// The window fits the main frame's document area, and what it is given beyond its own
+    /// size goes to the chart.
+    void expect_chart_takes_spare_room() {
+        const QSize own = view->sizeHint();
+        EXPECT_LE(own.width(), 1200);
+        EXPECT_LE(own.height(), 780);
+        view->resize(own);
+        test::settle();
+        auto* card = find<QWidget>("chartPanel");
+        ASSERT_NE(card, nullptr);
+        const QSize before = card->size();
+        view->resize(own + QSize(200, 120));
+        test::settle();
+        EXPECT_EQ(card->size(), before + QSize(200, 120));
+    }
+
+    test::FakePlatform platform;
+    windows::Program program;
+    ViewRegistry views;
+    std::unique_ptr<QWidget> view;
+};
+
+TEST_F(FourierViews, EachWindowHasItsOwnView) {
+    for (const char* name : {"Form12", "Form13"}) EXPECT_TRUE(views.has(name)) << name;
+}
+
+TEST_F(FourierViews, FourierTransform) {
+    auto& f12 = program.form<windows::Form12>();
+    auto& w = open<windows::Form12>();
+    expect_all_bound(f12);
+    const QStringList labels = label_texts(w);
+    for (const char* text : {"Omega Lim=", "Delta omega=", "Omega1=", "F.Amp=", "Rad/Sec,T(s)=", "Time(Sec)=",
+                             "Delta t =", "Omega Stp=", "Rad/Sec", "X Axis Scale : 1X"})
+        EXPECT_TRUE(labels.contains(text)) << text;
+    EXPECT_EQ(find<QCheckBox>("Check1")->text(), "No. Omega=");
+    EXPECT_EQ(find<QPushButton>("Command1")->text(), "GO--!");
+    EXPECT_EQ(find<QLineEdit>("Text2")->text(), "0.05");
+    EXPECT_EQ(find<QLineEdit>("Text8")->text(), "5");
+    // Until a transform ran only GO and the omega calculator can be used.
+    for (const char* off : {"Command3", "Command4", "Command5", "Command9"})
+        EXPECT_FALSE(find<QPushButton>(off)->isEnabled()) << off;
+    EXPECT_FALSE(find<QCheckBox>("Check1")->isEnabled());
+
+    // "No. Omega=" opens the count and Find Omega.
+    f12.Check1.set_enabled(true);
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_TRUE(find<QLineEdit>("Text8")->isEnabled());
+    EXPECT_TRUE(find<QPushButton>("Command5")->isEnabled());
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_FALSE(find<QLineEdit>("Text8")->isEnabled());
+
+    // The checkbox stands in the caption column, right-aligned like the captions below it.
+    auto* tick = find<QCheckBox>("Check1");
+    auto* caption = find<QLabel>("captionText9");
+    EXPECT_LE(std::abs(tick->geometry().right() - caption->geometry().right()), 2);
+    test::save_shot(w, "Form12_view");
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(FourierViews, OmegaCalculator) {
+    auto& f13 = program.form<windows::Form13>();
+    auto& w = open<windows::Form13>();
+    expect_all_bound(f13);
+    const QStringList labels = label_texts(w);
+    for (const char* text : {"T (sec) =", "Rad/Sec"}) EXPECT_TRUE(labels.contains(text)) << text;
+    EXPECT_FALSE(find<QPushButton>("Command2")->isEnabled());
+    auto* period = find<QLineEdit>("Text1");
+    period->setFocus();
+    QTest::keyClicks(period, "0.5");
+    QTest::mouseClick(find<QPushButton>("Command1"), Qt::LeftButton);
+    EXPECT_EQ(find<QLineEdit>("Text2")->text(), "12.5664");
+    EXPECT_TRUE(find<QPushButton>("Command2")->isEnabled());
+    test::save_shot(w, "Form13_view");
+}
+
+// ---------------------------------------------------------------------------------------------
+// On the real platform, with a real record: Fourier from Form1, then the omega calculator.
+
+class FourierRoad : public ::testing::Test {
+protected:
+    FourierRoad() : platform(views), program(platform) { register_views(views); }
+    ~FourierRoad() override { platform.release_views(); }
+
+    void SetUp() override {
+        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
+        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
+        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
+        program.run([this] { windows::start(program); });
+        frame = platform.frame();
+        ASSERT_NE(frame, nullptr);
+        frame->resize(1360, 900);
+        test::settle();
+    }
+
+    /// The widget of a window's view by name.
+    template <class W>
+    W* in(const forms::Form& form, const char* name) {
+        QWidget* v = platform.view_of(form);
+        return v ? v->findChild<W*>(name) : nullptr;
+    }
+
+    void click(const forms::Form& form, const char* name) {
+        auto* b = in<QPushButton>(form, name);
+        ASSERT_NE(b, nullptr) << name;
+        ASSERT_TRUE(b->isEnabled()) << name;
+        QTest::mouseClick(b, Qt::LeftButton);
+        test::settle();
+    }
+
+    void type(const forms::Form& form, const char* name, const char* text) {
+        auto* box = in<QLineEdit>(form, name);
+        ASSERT_NE(box, nullptr) << name;
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    }
+
+    windows::Form1& f1() { return program.form<windows::Form1>(); }
+    windows::Form12& f12() { return program.form<windows::Form12>(); }
+    windows::Form13& f13() { return program.form<windows::Form13>(); }
+
+    ViewRegistry views;
+    test::ScriptedPlatform platform;
+    windows::Program program;
+    std::string x_file, y_file;
+    QMainWindow* frame = nullptr;
+};
+
+TEST_F(FourierRoad, TransformPicksAndHistory) {
+    platform.inputs = {"1", "1"};
+    platform.files = {x_file, y_file};
+    for (int i = 0; i < 2; ++i) {
+        frame->findChild<QAction*>("menu_open")->trigger();
+        test::settle();
+    }
+    type(f1(), "Xfline", "5");
+    click(f1(), "Command2");
+    click(f1(), "Command1");
+    ASSERT_TRUE(program.is_loaded<windows::Form12>());
+    QWidget* view = platform.view_of(f12());
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(view->isVisible());
+
+    // GO over omegas 0.05 to 30: 600 rows, the peak and its period.
+    type(f12(), "Text1", "30");
+    click(f12(), "Command1");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(platform.messages.empty());
+    auto* table = in<QTableView>(f12(), "Grid1");
+    EXPECT_EQ(table->model()->rowCount(), 600);
+    EXPECT_EQ(table->model()->headerData(3, Qt::Horizontal).toString(), "Omega");
+    // The table's columns are as wide as the window sets them.
+    EXPECT_EQ(table->horizontalHeader()->sectionSize(0), twips_to_px(800, table));
+    EXPECT_FALSE(in<QLineEdit>(f12(), "Text3")->text().isEmpty());
+    EXPECT_FALSE(in<QLineEdit>(f12(), "Text4")->text().isEmpty());
+    EXPECT_EQ(in<QLabel>(f12(), "Label11")->text().toStdString(), f12().Label11.caption());
+    EXPECT_FALSE(f12().Label11.caption().empty());
+    EXPECT_TRUE(in<QGroupBox>(f12(), "Picbar")->isHidden());
+    EXPECT_GT(f12().chart.picNemodar.ops().size(), 100u);
+    test::save_shot(*view, "Form12_transform");
+
+    // Five picked omegas, and the history rebuilt from them.
+    tick(in<QCheckBox>(f12(), "Check1"));
+    click(f12(), "Command5");
+    EXPECT_EQ(in<QTableView>(f12(), "Grid3")->model()->rowCount(), 5);
+    type(f12(), "Text6", "0.1");
+    click(f12(), "Command3");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    auto* history = in<QTableView>(f12(), "Grid2");
+    EXPECT_GT(history->model()->rowCount(), 50);
+    EXPECT_EQ(history->model()->headerData(1, Qt::Horizontal).toString(), "Accel");
+    EXPECT_TRUE(in<QPushButton>(f12(), "Command4")->isEnabled());
+    test::save_shot(*view, "Form12_history");
+
+    // The omega calculator opens beside it and hands an omega back.
+    click(f12(), "Command7");
+    ASSERT_TRUE(program.is_loaded<windows::Form13>());
+    type(f13(), "Text1", "0.5");
+    click(f13(), "Command1");
+    test::save_shot(*frame, "Form13_beside_Form12");
+    click(f13(), "Command2");
+    EXPECT_FALSE(program.is_loaded<windows::Form13>());
+    EXPECT_EQ(in<QLineEdit>(f12(), "Text1")->text(), "13");
+}
+
+}  // namespace
+}  // namespace tv::gui
