@@ -1,0 +1,407 @@
+// The views of the coefficient method: Form6 "Calculate T-Effective", its note Form7 and Form8
+// "Calculate Target Displacement". Every control has a widget of its kind, the worked curve is
+// fitted and handed on through the widgets, and screenshots go under <build>/gui-screenshots.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTableView>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <unistd.h>
+
+#include "gui/bind/binder.h"
+#include "gui/bind/picture_view.h"
+#include "gui/platform/twips.h"
+#include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "windows/coefficient/note_window.h"
+#include "windows/coefficient/pushover_window.h"
+#include "windows/coefficient/target_displacement_window.h"
+#include "windows/program.h"
+#include "windows/project/main_frame_window.h"
+
+namespace tv::gui {
+namespace {
+
+using forms::ControlKind;
+
+// The softening curve worked by hand in the window's tests, in kg and cm: the scan stops at
+// K = 1435, so the yield point is (1.99, 2855.7214) and Te = 1.022 with Ti = 1.
+const char* kSofteningListing =
+    "Pushover curve, case PUSH\n"
+    "Step  Displacement  BaseForce  Hinges\n"
+    " 0  0  0  0\n"
+    " 1  1  1500  0\n"
+    " 2  2  2600  0\n"
+    " 3  3  3000  0\n"
+    " 4  5  3200  0\n"
+    " 5  8  3300  0\n";
+
+bool right_kind(const forms::Control& c, QObject* o) {
+    switch (c.kind()) {
+        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
+        case ControlKind::Label: return qobject_cast<QLabel*>(o);
+        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
+        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
+        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
+        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
+        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
+        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
+        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
+        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
+        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
+        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
+        case ControlKind::Menu: return qobject_cast<QAction*>(o);
+        case ControlKind::Timer:
+        case ControlKind::Line:
+        case ControlKind::Shape: return true;
+    }
+    return false;
+}
+
+/// Every control of the window finds an object of its kind; lines stand on a bound picture.
+void expect_all_bound(const QWidget& view, const forms::Form& model) {
+    bind::Binder* b = bind::binder_of(&view);
+    ASSERT_NE(b, nullptr);
+    for (const auto& c : model.controls()) {
+        const auto kind = c->kind();
+        if (kind == ControlKind::Timer) continue;
+        if (kind == ControlKind::Line || kind == ControlKind::Shape) {
+            ASSERT_NE(c->container(), nullptr) << c->name();
+            EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
+            continue;
+        }
+        QObject* o = b->target(*c);
+        ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
+        EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a " << o->metaObject()->className();
+    }
+    EXPECT_TRUE(b->unbound().empty());
+}
+
+/// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
+bool inside(const QWidget& inner, const QWidget& outer) {
+    const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
+    return outer.rect().contains(r);
+}
+
+class CoefficientViewsTest : public ::testing::Test {
+protected:
+    CoefficientViewsTest() : program(platform) {
+        register_views(views);
+        dir = std::filesystem::temp_directory_path() /
+              ("tv_coefficient_views_" + std::to_string(::getpid()) + "_" +
+               ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::create_directories(dir);
+        platform.printer_names = {"Office Laser", "PDF Printer"};
+    }
+    ~CoefficientViewsTest() override {
+        opened.clear();
+        std::filesystem::remove_all(dir);
+    }
+
+    /// The view of a window model, bound and shown at its own size.
+    template <class F>
+    QWidget& open() {
+        F& model = program.form<F>();
+        opened.emplace_back(views.create(model, program));
+        QWidget& w = *opened.back();
+        w.show();
+        test::settle();
+        return w;
+    }
+
+    std::string write(const std::string& name, const std::string& content) {
+        std::ofstream(dir / name, std::ios::binary) << content;
+        return (dir / name).string();
+    }
+
+    template <class W>
+    static W& child(QWidget& view, const char* name) {
+        W* w = view.findChild<W*>(name);
+        EXPECT_NE(w, nullptr) << name;
+        if (w == nullptr) throw std::runtime_error(name);
+        return *w;
+    }
+
+    static void type_into(QWidget& view, const char* name, const QString& text) {
+        auto& box = child<QLineEdit>(view, name);
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+
+    static void click(QWidget& view, const char* name) {
+        QTest::mouseClick(&child<QAbstractButton>(view, name), Qt::LeftButton);
+        test::settle();
+    }
+
+    /// The worked curve read by Start and its yield point found by Auto Yeld Point, all through
+    /// the widgets of Form6's view.
+    QWidget& fitted_form6() {
+        QWidget& w = open<windows::Form6>();
+        type_into(w, "Text1", QString::fromStdString(write("curve.txt", kSofteningListing)));
+        click(w, "Command2");
+        click(w, "Command3");
+        return w;
+    }
+
+    test::FakePlatform platform;
+    windows::Program program;
+    ViewRegistry views;
+    std::filesystem::path dir;
+    std::vector<std::unique_ptr<QWidget>> opened;
+};
+
+// A window of a work area of 1280 x 800 holds each of them whole.
+const QSize kWorkArea(1280, 800);
+
+TEST_F(CoefficientViewsTest, EachWindowHasItsOwnViewThatFits) {
+    for (const char* name : {"Form6", "Form7", "Form8"}) EXPECT_TRUE(views.has(name)) << name;
+    QWidget& v6 = open<windows::Form6>();
+    EXPECT_STREQ(v6.metaObject()->className(), "tv::gui::PushoverView");
+    EXPECT_EQ(v6.windowTitle(), "Calculate T-Effective");
+    QWidget& v7 = open<windows::Form7>();
+    EXPECT_STREQ(v7.metaObject()->className(), "tv::gui::NoteView");
+    QWidget& v8 = open<windows::Form8>();
+    EXPECT_STREQ(v8.metaObject()->className(), "tv::gui::TargetDisplacementView");
+    for (QWidget* v : {&v6, &v7, &v8}) {
+        const QSize least = v->minimumSizeHint();
+        EXPECT_TRUE(least.width() <= kWorkArea.width() && least.height() <= kWorkArea.height())
+            << v->windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
+    }
+}
+
+TEST_F(CoefficientViewsTest, TEffectiveWindowAtLoad) {
+    windows::Form6& f6 = program.form<windows::Form6>();
+    QWidget& w = open<windows::Form6>();
+    expect_all_bound(w, f6);
+    // The diagram and its strips stand inside the printed area, at the model's size.
+    auto& area = child<PictureView>(w, "Picture1");
+    for (const char* part : {"picDiagram", "xBar", "yBar"}) {
+        auto& p = child<PictureView>(w, part);
+        EXPECT_EQ(p.parentWidget(), &area) << part;
+        EXPECT_TRUE(inside(p, area)) << part;
+    }
+    EXPECT_EQ(area.width(), twips_to_px(f6.Picture1.width(), &area));
+    EXPECT_EQ(area.height(), twips_to_px(f6.Picture1.height(), &area));
+    // Hidden at load: the sample sheet, the progress bar and the staging picture.
+    EXPECT_TRUE(child<QGroupBox>(w, "Frame2").isHidden());
+    EXPECT_TRUE(child<QProgressBar>(w, "ProgressBar1").isHidden());
+    EXPECT_TRUE(child<PictureView>(w, "pic1").isHidden());
+    EXPECT_FALSE(child<QPushButton>(w, "Command5").isEnabled());
+    EXPECT_FALSE(child<QPushButton>(w, "Command8").isEnabled());
+    EXPECT_EQ(child<QLabel>(w, "lblStep1").text(),
+              "Step 1 : Selecting Pushover File ( Unit Must be : Kg.cm , Kg.mm or Ton.m )");
+    EXPECT_EQ(child<QLabel>(w, "lblStep3").text(), "Step 3 : Determine Yeld Point");
+    EXPECT_EQ(child<QGroupBox>(w, "Frame1").title(), "Final Results");
+    EXPECT_EQ(child<QLineEdit>(w, "txtZarib").text(), "0.6");
+
+    // "Excel table" toggles the sample sheet, and Text4 with it.
+    click(w, "Command7");
+    EXPECT_FALSE(child<QGroupBox>(w, "Frame2").isHidden());
+    EXPECT_FALSE(child<QLineEdit>(w, "Text4").isEnabled());
+    EXPECT_TRUE(inside(child<PictureView>(w, "Picture2"), child<QGroupBox>(w, "Frame2")));
+    test::save_shot(w, "Form6_sample_sheet");
+    click(w, "Command7");
+    EXPECT_TRUE(child<QGroupBox>(w, "Frame2").isHidden());
+    EXPECT_TRUE(child<QLineEdit>(w, "Text4").isEnabled());
+    test::save_shot(w, "Form6_empty");
+}
+
+TEST_F(CoefficientViewsTest, TheWorkedCurveIsFittedThroughTheWidgets) {
+    QWidget& w = fitted_form6();
+    windows::Form6& f6 = program.form<windows::Form6>();
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    // The table shows the six steps; the last one stands selected.
+    auto& table = child<QTableView>(w, "Fg");
+    ASSERT_NE(table.model(), nullptr);
+    EXPECT_EQ(f6.Fg.rows(), 7);
+    EXPECT_EQ(f6.Fg.row(), 6);
+    // The yield point, Ke and Te of the hand-worked case, as the widgets show them.
+    EXPECT_EQ(child<QLineEdit>(w, "txtXC2").text(), "1.9900");
+    EXPECT_EQ(child<QLineEdit>(w, "txtYC2").text(), "2855.7214");
+    EXPECT_EQ(child<QLabel>(w, "lblArea").text(), "21550.000");
+    EXPECT_EQ(child<QLabel>(w, "txtKE").text(), "1435.036");
+    EXPECT_EQ(child<QLabel>(w, "txtTEF").text(), "1.022");
+    EXPECT_EQ(child<QLabel>(w, "Label19").text(), "1.194 , 1713.433");
+    EXPECT_EQ(child<QLineEdit>(w, "Text14").text(), "8");
+    EXPECT_TRUE(child<QProgressBar>(w, "ProgressBar1").isHidden());
+    EXPECT_TRUE(child<QPushButton>(w, "Command5").isEnabled());
+    EXPECT_TRUE(f6.Line5.visible());
+    EXPECT_TRUE(f6.Line6.visible());
+
+    // "Set Default" is a label that answers a click.
+    type_into(w, "txtZarib", "0.5");
+    EXPECT_EQ(f6.txtZarib.text(), "0.5");
+    QTest::mouseClick(&child<QLabel>(w, "Label16"), Qt::LeftButton);
+    test::settle();
+    EXPECT_EQ(child<QLineEdit>(w, "txtZarib").text(), "0.6");
+
+    // The Ki line drawn over the curve.
+    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(f6.Line3.visible());
+    const QSize fitted = w.size();
+    test::save_shot(w, "Form6_fitted");
+    // The window grows and shrinks; its minimum still holds every control.
+    w.resize(w.minimumSizeHint());
+    test::settle();
+    for (const char* name : {"Command3", "Command4", "Command5", "Command8", "Command6"})
+        EXPECT_TRUE(inside(child<QWidget>(w, name), w)) << name;
+    w.resize(fitted);
+}
+
+TEST_F(CoefficientViewsTest, TargetDisplacementAfterCalculate) {
+    fitted_form6();
+    windows::Form8& f8 = program.form<windows::Form8>();
+    QWidget& v6 = *opened.front();
+    click(v6, "Command5");  // the results go over to Form8
+    EXPECT_EQ(f8.Text7.text(), "1.022");
+    QWidget& w = open<windows::Form8>();
+    expect_all_bound(w, f8);
+    EXPECT_EQ(child<QLineEdit>(w, "Text16").text(), "1.99");
+    EXPECT_EQ(child<QLineEdit>(w, "Text17").text(), "2855.72");
+    EXPECT_TRUE(child<QCheckBox>(w, "Check9").isChecked());
+    // The choices of the coefficient tables stand in their pictures, each wholly seen.
+    const std::pair<const char*, std::vector<const char*>> tables[] = {
+        {"Picture2", {"Check1", "Check2", "Check3"}},
+        {"Picture4", {"Check11", "Check12", "Check13", "Check14"}},
+        {"Picture3", {"Check4", "Check5", "Check6"}},
+    };
+    for (const auto& [picture, boxes] : tables) {
+        auto& p = child<PictureView>(w, picture);
+        for (const char* box : boxes) {
+            auto& b = child<QCheckBox>(w, box);
+            EXPECT_TRUE(p.isAncestorOf(&b)) << box;
+            EXPECT_TRUE(inside(b, p)) << box << " is cut off in " << picture;
+        }
+    }
+
+    type_into(w, "Text1", "3");
+    EXPECT_EQ(child<QLineEdit>(w, "Text12").text(), "1.2");
+    EXPECT_EQ(child<QLineEdit>(w, "Text11").text(), "0.9");
+    type_into(w, "Text10", "10000");
+    type_into(w, "Text2", "0.5");
+    click(w, "Command1");
+    EXPECT_TRUE(platform.messages.empty());
+    // The worked case: d = 15.57 cm and Rmax = 7.83, alpha 0.05 and no warning.
+    EXPECT_EQ(child<QLineEdit>(w, "Text9").text(), "15.57");
+    EXPECT_EQ(child<QLineEdit>(w, "Text14").text(), "7.83");
+    EXPECT_EQ(child<QLineEdit>(w, "Text13").text(), "1.58");
+    EXPECT_EQ(child<QLabel>(w, "Label18").text(), "0.05");
+    EXPECT_EQ(child<QLabel>(w, "Label17").text(), "");
+    EXPECT_TRUE(child<PictureView>(w, "pic1").isHidden());
+    EXPECT_EQ(child<QGroupBox>(w, "Frame1").title(), "Output");
+    EXPECT_EQ(child<QGroupBox>(w, "fraSoil").title(), "Soil");
+    test::save_shot(w, "Form8_calculated");
+
+    // A click on the box that stands on leaves it on; another box of the group takes over.
+    QTest::mouseClick(&child<QCheckBox>(w, "Check9"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(child<QCheckBox>(w, "Check9").isChecked());
+    QTest::mouseClick(&child<QCheckBox>(w, "Check7"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(child<QCheckBox>(w, "Check7").isChecked());
+    EXPECT_FALSE(child<QCheckBox>(w, "Check9").isChecked());
+}
+
+TEST_F(CoefficientViewsTest, TheNote) {
+    windows::Form7& f7 = program.form<windows::Form7>();
+    QWidget& w = open<windows::Form7>();
+    expect_all_bound(w, f7);
+    auto& picture = child<PictureView>(w, "Picture1");
+    EXPECT_EQ(picture.width(), twips_to_px(f7.Picture1.width(), &picture));
+    EXPECT_EQ(child<QPushButton>(w, "Command1").text(), "OK !");
+    EXPECT_TRUE(child<QPushButton>(w, "Command1").isDefault());
+    test::save_shot(w, "Form7");
+}
+
+// The same road on the real platform: the windows come up in the main frame's area, and the
+// note closes with OK.
+class CoefficientRun : public ::testing::Test {
+protected:
+    CoefficientRun() : platform(views), program(platform) { register_views(views); }
+    ~CoefficientRun() override {
+        platform.release_views();
+        if (!listing.empty()) std::filesystem::remove(listing);
+    }
+
+    template <class W>
+    W* in(const forms::Form& form, const char* name) {
+        QWidget* v = platform.view_of(form);
+        return v ? v->findChild<W*>(name) : nullptr;
+    }
+
+    ViewRegistry views;
+    test::ScriptedPlatform platform;
+    windows::Program program;
+    std::string listing;
+};
+
+TEST_F(CoefficientRun, FromTheMenuToTheNote) {
+    program.run([this] { windows::start(program); });
+    QMainWindow* frame = platform.frame();
+    ASSERT_NE(frame, nullptr);
+    frame->resize(1400, 960);
+    test::settle();
+    QAction* menu = frame->findChild<QAction*>("PUSHOVER");
+    ASSERT_NE(menu, nullptr);
+    menu->trigger();
+    test::settle();
+    windows::Form6& f6 = program.form<windows::Form6>();
+    ASSERT_NE(platform.view_of(f6), nullptr);
+    EXPECT_NE(qobject_cast<QMdiSubWindow*>(platform.window_of(f6)), nullptr);
+
+    listing = (std::filesystem::temp_directory_path() / ("tv_coefficient_run_" + std::to_string(::getpid()) + ".txt"))
+                  .string();
+    std::ofstream(listing, std::ios::binary) << kSofteningListing;
+    QLineEdit* path = in<QLineEdit>(f6, "Text1");
+    ASSERT_NE(path, nullptr);
+    path->setFocus();
+    QTest::keyClicks(path, QString::fromStdString(listing));
+    QTest::mouseClick(in<QPushButton>(f6, "Command2"), Qt::LeftButton);
+    test::settle();
+    QTest::mouseClick(in<QPushButton>(f6, "Command3"), Qt::LeftButton);
+    test::settle();
+    EXPECT_EQ(in<QLabel>(f6, "txtTEF")->text(), "1.022");
+    QTest::mouseClick(in<QPushButton>(f6, "Command5"), Qt::LeftButton);
+    test::settle();
+
+    windows::Form8& f8 = program.form<windows::Form8>();
+    ASSERT_NE(platform.view_of(f8), nullptr);
+    EXPECT_EQ(in<QLineEdit>(f8, "Text7")->text(), "1.022");
+    QTest::mouseClick(in<QPushButton>(f8, "Command2"), Qt::LeftButton);
+    test::settle();
+    ASSERT_TRUE(program.is_loaded<windows::Form7>());
+    windows::Form7& f7 = program.form<windows::Form7>();
+    QWidget* note = platform.view_of(f7);
+    ASSERT_NE(note, nullptr);
+    EXPECT_TRUE(note->isVisible());
+    QTest::mouseClick(in<QPushButton>(f7, "Command1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_FALSE(program.is_loaded<windows::Form7>());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    test::save_shot(*frame, "coefficient_run");
+}
+
+}  // namespace
+}  // namespace tv::gui
