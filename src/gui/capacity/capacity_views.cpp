@@ -1,8 +1,18 @@
+#include "gui/capacity/capacity_view.h"
+#include "gui/capacity/diagram_view.h"
+#include "gui/capacity/sa_view.h"
+#include "gui/platform/view_registry.h"
 #include "gui/views.h"
+#include "windows/capacity/capacity_window.h"
+#include "windows/capacity/diagram_window.h"
+#include "windows/capacity/sa_window.h"
 
 namespace tv::gui {
 
-// The windows of this area use the plain view until they have their own.
-void register_capacity_views(ViewRegistry&) {}
+void register_capacity_views(ViewRegistry& registry) {
+    registry.add<windows::Form9, CapacityView>("Form9");
+    registry.add<windows::Form10, DiagramView>("Form10");
+    registry.add<windows::Form11, SaView>("Form11");
+}
 
 }  // namespace tv::gui

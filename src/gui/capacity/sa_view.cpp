@@ -1,0 +1,15 @@
+#include "gui/capacity/sa_view.h"
+
+#include "gui/bind/binder.h"
+#include "gui/capacity/chart_panel.h"
+#include "windows/capacity/sa_window.h"
+
+namespace tv::gui {
+
+SaView::SaView(windows::Form11& model, forms::App& app, QWidget* parent) : QWidget(parent) {
+    ui_.setupUi(this);
+    fit_chart_panel(model.chart, *ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1);
+    bind::all(*this, model, app);
+}
+
+}  // namespace tv::gui
