@@ -35,4 +35,8 @@ void BatchPlatform::report_runtime_error(int, const std::string& description) {
     if (!runtime_error) runtime_error = description;
 }
 
+void BatchPlatform::report_file_error(int, const std::string&, const std::string& path, const std::string& reason) {
+    if (!file_error && !runtime_error) file_error = path + ": " + reason;
+}
+
 }  // namespace tv::cli

@@ -23,6 +23,8 @@ public:
     bool failed = false;
     /// A run-time error that nothing trapped.
     std::optional<std::string> runtime_error;
+    /// A file that could not be read or written: "NAME: the system's reason".
+    std::optional<std::string> file_error;
 
     forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
                                  forms::MsgIcon icon) override;
@@ -40,6 +42,8 @@ public:
     void unload_form(forms::Form&) override {}
     void end_program() override {}
     void report_runtime_error(int number, const std::string& description) override;
+    void report_file_error(int number, const std::string& description, const std::string& path,
+                           const std::string& reason) override;
 
 private:
     std::ostream& err_;

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <ostream>
 
@@ -15,6 +16,10 @@ Session::Session(std::ostream& o, std::ostream& e) : platform(e), program(platfo
 
 void Session::step(const std::function<void()>& action) {
     program.run(action);
+    if (platform.file_error) {
+        err << "tremorvault-cli: " << *platform.file_error << '\n';
+        throw Exit{kFailed};
+    }
     if (platform.runtime_error) {
         err << "run-time error: " << *platform.runtime_error << '\n';
         throw Exit{kRuntimeError};
@@ -25,11 +30,16 @@ void Session::step(const std::function<void()>& action) {
 void Session::print(const std::string& key, const std::string& value) { out << key << ": " << value << '\n'; }
 
 void require_readable(Session& s, const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        s.err << "tremorvault-cli: " << path << ": " << std::strerror(errno) << '\n';
+    auto refuse = [&](int why) {
+        s.err << "tremorvault-cli: " << path << ": " << std::strerror(why) << '\n';
         throw Exit{kFailed};
-    }
+    };
+    // A folder opens for reading but holds no lines.
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) refuse(EISDIR);
+    errno = 0;
+    std::ifstream in(path, std::ios::binary);
+    if (!in) refuse(errno != 0 ? errno : EIO);
 }
 
 }  // namespace tv::cli

@@ -26,13 +26,14 @@ public:
     std::ostream& err;
 
     /// Runs one user action as the window would; a run-time error ends the command with 3,
-    /// a critical message box with 1.
+    /// a critical message box or a file that cannot be read or written with 1.
     void step(const std::function<void()>& action);
     /// Prints "key: value".
     void print(const std::string& key, const std::string& value);
 };
 
-/// Ends with status 1 naming the file when it cannot be read.
+/// Ends with status 1 naming the file and the system's reason when it cannot be read (a folder
+/// cannot).
 void require_readable(Session& s, const std::string& path);
 
 }  // namespace tv::cli

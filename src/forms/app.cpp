@@ -63,6 +63,9 @@ void App::run(const std::function<void()>& handler) {
     ++depth_;
     try {
         handler();
+    } catch (const text::FileError& e) {
+        platform_->set_busy(false);
+        platform_->report_file_error(e.number(), e.description(), e.path(), e.reason());
     } catch (const text::RuntimeError& e) {
         platform_->set_busy(false);
         platform_->report_runtime_error(e.number(), e.description());

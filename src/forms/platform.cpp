@@ -9,4 +9,9 @@ double Platform::text_width_twips(const std::string& text, const std::string&, d
 
 double Platform::text_height_twips(const std::string&, double size) { return size * 23.5; }
 
+void Platform::report_file_error(int number, const std::string& description, const std::string&,
+                                 const std::string&) {
+    report_runtime_error(number, description);
+}
+
 }  // namespace tv::forms

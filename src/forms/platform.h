@@ -67,6 +67,10 @@ public:
 
     /// A run-time error that nothing trapped: "Run-time error" with the description.
     virtual void report_runtime_error(int number, const std::string& description) = 0;
+    /// The same for a file that could not be read or written; `path` is the name as given and
+    /// `reason` the system's. By default it is shown as any run-time error.
+    virtual void report_file_error(int number, const std::string& description, const std::string& path,
+                                   const std::string& reason);
 
     /// Text metrics in twips for the pictures' fonts.
     virtual double text_width_twips(const std::string& text, const std::string& font, double size);

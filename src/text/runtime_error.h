@@ -3,6 +3,7 @@
 // message box "Run-time error" carrying the description.
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace tv::text {
 
@@ -30,6 +31,22 @@ public:
 private:
     int number_;
     std::string description_;
+};
+
+/// A file that could not be read or written. The window shows it as any run-time error; the
+/// batch front end reports the file's name and the system's reason instead.
+class FileError : public RuntimeError {
+public:
+    FileError(int number, std::string description, std::string path, std::string reason)
+        : RuntimeError(number, std::move(description)), path_(std::move(path)), reason_(std::move(reason)) {}
+    /// The name as the user gave it.
+    const std::string& path() const { return path_; }
+    /// The system's reason ("No such file or directory", "Is a directory", ...).
+    const std::string& reason() const { return reason_; }
+
+private:
+    std::string path_;
+    std::string reason_;
 };
 
 /// The standard description of an error number ("Overflow", "Division by zero", ...).

@@ -1,5 +1,11 @@
-// The batch front end: its command line, exit statuses and the spectra command's record steps.
+// The batch front end: its command line, exit statuses, file failures and the spectra command's record steps.
 #include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "cli_run.h"
 #include "support/fake_platform.h"
@@ -61,6 +67,72 @@ TEST(CliTest, AnUnreadableFileIsStatusOneWithItsName) {
     EXPECT_EQ(r.status, 1);
     EXPECT_NE(r.err.find("/nonexistent/x.txt"), std::string::npos);
     EXPECT_NE(r.err.find("No such file"), std::string::npos);
+}
+
+TEST(CliTest, AFolderGivenAsARecordFileIsStatusOneWithItsName) {
+    const auto folder = std::filesystem::temp_directory_path() / ("tv_cli_folder_" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder);
+    CliResult r = run_cli({"spectra", folder.string(), kSamples + "synthetic_Y.txt"});
+    std::filesystem::remove_all(folder);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "tremorvault-cli: " + folder.string() + ": Is a directory\n");
+    EXPECT_EQ(r.out, "");
+}
+
+// An export that cannot be written ends the run as a file error, not as a run-time error.
+class CliExportTest : public ::testing::Test {
+protected:
+    CliExportTest() {
+        dir = std::filesystem::temp_directory_path() / ("tv_cli_export_" + std::to_string(::getpid()));
+        std::filesystem::create_directories(dir / "taken.txt");  // a folder where the file should go
+    }
+    ~CliExportTest() override { std::filesystem::remove_all(dir); }
+    std::vector<std::string> record() const {
+        return {"--first-line", "5", kSamples + "synthetic_X.txt", kSamples + "synthetic_Y.txt"};
+    }
+    std::filesystem::path dir;
+};
+
+TEST_F(CliExportTest, SpectraExportIntoAMissingFolder) {
+    const std::string name = (dir / "missing" / "spectra.txt").string();
+    std::vector<std::string> args{"spectra", "--export-spectra", name};
+    for (const auto& a : record()) args.push_back(a);
+    CliResult r = run_cli(args);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "tremorvault-cli: " + name + ": No such file or directory\n");
+    EXPECT_NE(r.out.find("measure: (Pseudo.Acceleration)\n"), std::string::npos);  // the results before stand
+    EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
+}
+
+TEST_F(CliExportTest, ComparisonExportOntoAFolder) {
+    const std::string name = (dir / "taken.txt").string();
+    std::vector<std::string> args{"spectra", "--compare", "--export-comparison", name};
+    for (const auto& a : record()) args.push_back(a);
+    CliResult r = run_cli(args);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "tremorvault-cli: " + name + ": Is a directory\n");
+    EXPECT_NE(r.out.find("scale factor: "), std::string::npos);
+    EXPECT_TRUE(std::filesystem::is_directory(name));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir), {}), 1);  // no temporary left behind
+}
+
+TEST_F(CliExportTest, FourierExportUnderAFileNotAFolder) {
+    // A plain file stands where the folder should be; the name rule adds ".txt" first.
+    const std::string name = (dir / "plain").string();
+    std::ofstream(dir / "plain") << "x\n";
+    std::vector<std::string> args{"fourier", "--omega-lim", "20", "--delta-omega", "1", "--export-fft", name + "/fft"};
+    for (const auto& a : record()) args.push_back(a);
+    CliResult r = run_cli(args);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "tremorvault-cli: " + name + "/fft.txt: Not a directory\n");
+    EXPECT_NE(r.out.find("peak omega: "), std::string::npos);
+
+    const std::string history = (dir / "missing" / "history.txt").string();
+    args = {"fourier", "--omega-lim", "20", "--delta-omega", "1", "--export-history", history};
+    for (const auto& a : record()) args.push_back(a);
+    CliResult h = run_cli(args);
+    EXPECT_EQ(h.status, 1);
+    EXPECT_EQ(h.err, "tremorvault-cli: " + history + ": No such file or directory\n");
 }
 
 TEST(CliTest, ARunTimeErrorIsStatusThree) {

@@ -9,6 +9,7 @@ struct TextFile {
     std::vector<std::string> lines;
     int error = 0;            // 0 when read; else the old run-time error number
     std::string description;  // the error's description with the file's name
+    std::string reason;       // the system's reason for the failure
     bool ok() const { return error == 0; }
 };
 

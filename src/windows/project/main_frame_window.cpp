@@ -71,7 +71,7 @@ std::string save_txt_dialog(forms::Platform& platform) {
 
 void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines) {
     compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), lines);
-    if (!written.ok()) throw text::RuntimeError(written.error, written.description);
+    if (!written.ok()) throw text::FileError(written.error, written.description, name, written.reason);
 }
 
 std::string resolve_in_workdir(const ProjectState& state, const std::string& name) {

@@ -10,6 +10,8 @@
 #include "windows/project/inputs_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/comparison_window.h"
+#include "windows/spectra/response_spectrum_window.h"
 #include "windows/spectra/peak_boxes.h"
 
 namespace tv::windows {
@@ -97,7 +99,7 @@ void Form1::Form_Activate() {
     platform().set_busy(true);
     ProjectState& s = state();
     compute::TextFile file = compute::read_text_file(resolve_in_workdir(s, s.fileName));
-    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
+    if (!file.ok()) throw text::FileError(file.error, file.description, s.fileName, file.reason);
     openLines = std::move(file.lines);
     set_caption_for_record();
     setenb(s.currentRecord);
@@ -135,11 +137,11 @@ void Form1::fillgrid(forms::Grid& gridXRef, forms::Grid& gridYRef) {
     g.set_rows(static_cast<int>(lines.size()) + 1);
     std::int32_t i = 1;
     for (std::string& line : lines) {
-        const double v = std::fabs(val(line));
+        // Header lines before the first data line are never read as numbers, so an odd one can't fail.
         if (i == 1)
-            maximum = v;
+            maximum = std::fabs(val(line));
         else if (i > s.dataFirstLine - 1)
-            maximum = std::max(maximum, v);
+            maximum = std::max(maximum, std::fabs(val(line)));
         g.set_text(i, 1, line);
         g.set_text(i, 0, std::move(line));
         ++i;
@@ -331,7 +333,10 @@ void Form1::xBack_Click() {
 void Form1::Command1_Click() { program().form<Form12>().show(); }
 
 void Form1::Form_Unload(int&) {
+    // Every later window goes, each by itself: a Form4 that refused its question is asked again.
     program().unload<Form2>();
+    program().unload<Form3>();
+    program().unload<Form4>();
     state().reset();
 }
 

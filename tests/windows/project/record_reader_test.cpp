@@ -97,6 +97,51 @@ TEST_F(ProjectTest, ANumberTooLargeForADoubleIsAnOverflowAndTheProgramGoesOn) {
     EXPECT_EQ(platform.runtime_errors.size(), 1u);
 }
 
+TEST_F(ProjectTest, AnOverflowingHeaderBeforeTheFirstDataLineIsNeverRead) {
+    // Lines 2 and 3 stand before the data: their leading numbers would overflow a double.
+    std::string x = write("x.txt", "title\n1D999 sec\n9E400\n0.2\n-0.5\n");
+    std::string y = write("y.txt", "title\n1D999\n1E999\n0.25\n");
+    platform.input_answers = {"1", "4"};
+    open_record(x, y);
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    windows::Form1& f = form1();
+    EXPECT_EQ(f.Grid1.rows(), 6);
+    EXPECT_EQ(f.Grid1.text(2, 0), "1D999 sec");
+    EXPECT_EQ(f.Text1.text(), "0.5");
+    EXPECT_EQ(f.Text2.text(), "0.25");
+    EXPECT_EQ(state().componentLetter, "Z");
+}
+
+TEST_F(ProjectTest, AnOverflowingNumberOnLineOneOrInTheDataIsStillAnOverflow) {
+    std::string x = write("x.txt", "1D999\n0.2\n");
+    platform.input_answers = {"1", "3"};
+    platform.file_answers = {x};
+    open();
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");
+
+    // Read again, now with the overflow among the data.
+    std::string x2 = write("x2.txt", "title\n0.1\n1D999\n");
+    platform.file_answers = {x2};
+    open();
+    ASSERT_EQ(platform.runtime_errors.size(), 2u);
+    EXPECT_EQ(platform.runtime_errors[1].second, "Overflow");
+}
+
+TEST_F(ProjectTest, AnExportThatCannotBeWrittenIsARunTimeErrorNamingTheFile) {
+    std::filesystem::create_directories(dir / "taken.txt");
+    program.run([&] { windows::write_export(state(), "missing/out.txt", {"a"}); });
+    program.run([&] { windows::write_export(state(), "taken.txt", {"a"}); });
+    ASSERT_EQ(platform.runtime_errors.size(), 2u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 76);
+    EXPECT_EQ(platform.runtime_errors[0].second, "Path not found: " + (dir / "missing/out.txt").string());
+    EXPECT_EQ(platform.runtime_errors[1].first, 75);
+    EXPECT_EQ(platform.runtime_errors[1].second, "Path/File access error: " + (dir / "taken.txt").string());
+    program.run([&] { windows::write_export(state(), "fine.txt", {"a", "b"}); });
+    EXPECT_EQ(platform.runtime_errors.size(), 2u);
+    EXPECT_EQ(compute::read_text_file((dir / "fine.txt").string()).lines, (std::vector<std::string>{"a", "b"}));
+}
+
 TEST(TextFileTest, LinesEndAtLfCrLfOrALoneCr) {
     EXPECT_EQ(compute::split_lines("a\nb\r\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
     EXPECT_EQ(compute::split_lines("a\n\n"), (std::vector<std::string>{"a", ""}));
@@ -104,6 +149,10 @@ TEST(TextFileTest, LinesEndAtLfCrLfOrALoneCr) {
     compute::TextFile missing = compute::read_text_file("/nonexistent/tv/file.txt");
     EXPECT_EQ(missing.error, 53);
     EXPECT_NE(missing.description.find("/nonexistent/tv/file.txt"), std::string::npos);
+    EXPECT_EQ(missing.reason, "No such file or directory");
+    compute::TextFile folder = compute::read_text_file(std::filesystem::temp_directory_path().string());
+    EXPECT_EQ(folder.error, 75);
+    EXPECT_EQ(folder.reason, "Is a directory");
 }
 
 }  // namespace
