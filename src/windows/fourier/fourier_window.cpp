@@ -1,6 +1,7 @@
 #include "windows/fourier/fourier_window.h"
 
 #include <cmath>
+#include <optional>
 
 #include "compute/fourier/fourier_sum.h"
 #include "text/checked.h"
@@ -41,6 +42,26 @@ void set_headings(forms::Grid& g, std::initializer_list<const char*> names, std:
 
 }  // namespace
 
+// While a loop runs the pointer is the hourglass and the window's buttons do nothing.
+class Form12::Busy {
+public:
+    explicit Busy(Form12& f) : f_(f) {
+        f_.looping_ = true;
+        f_.platform().set_busy(true);
+        if (f_.looping_changed) f_.looping_changed(true);
+    }
+    ~Busy() {
+        f_.looping_ = false;
+        f_.platform().set_busy(false);
+        if (f_.looping_changed) f_.looping_changed(false);
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    Form12& f_;
+};
+
 Form12::Form12(forms::App& app) : Window(app, "Form12", "Fourier Transform", 12000, 8200), chart(*this, fourier_chart(*this)) {
     Picbar.set_visible(false);
     Text7.set_visible(false);
@@ -63,6 +84,10 @@ void Form12::Form_Load() {
         c->set_enabled(false);
 }
 
+void Form12::Form_Unload(int& cancel) {
+    if (looping_) cancel = 1;
+}
+
 void Form12::Check1_Click() {
     Text8.set_enabled(Check1.checked());
     Command5.set_enabled(Check1.checked());
@@ -71,6 +96,7 @@ void Form12::Check1_Click() {
 void Form12::plot_amplitude() { chart.plot(state().accelX2, deltaOmega, true); }
 
 void Form12::Command1_Click() {
+    if (looping_) return;
     ProjectState& s = state();
     Check1.set_value(0);
     omegaLim = text::to_double(Text1.text());
@@ -92,6 +118,7 @@ void Form12::Command1_Click() {
     const double dt = val(f1.xstep.text());
     Picbar.set_visible(true);
     pbar.set_max(static_cast<float>(n));
+    Busy busy(*this);
 
     // The source is record 1's X table as scaled, whatever is drawn.
     compute::FourierSamples samples;
@@ -132,6 +159,7 @@ void Form12::Command1_Click() {
 }
 
 void Form12::Command3_Click() {
+    if (looping_) return;
     ProjectState& s = state();
     omegaLim = text::to_double(Text1.text());
     deltaOmega = text::to_double(Text2.text());
@@ -150,33 +178,69 @@ void Form12::Command3_Click() {
     }
     Picbar.set_visible(true);
     pbar.set_max(static_cast<float>(m));
+    Busy busy(*this);
+    // The rows run while k <= m: a fraction of a step gives no row.
+    const std::int32_t rows = m >= 1 ? static_cast<std::int32_t>(std::floor(m)) : 0;
     const bool picked = Check1.checked();
     const double spacing = val(Text9.text());
-    double t = 0;
-    for (long k = 1; k <= m; ++k) {
-        const int row = static_cast<int>(k);
-        t = t + dtOut;
-        const double count = picked ? val(Text8.text()) : n;
-        for (long i = 1; i <= count; ++i) {
-            double omega, real, imag, weight = deltaOmega;
-            if (picked) {
-                omega = val(Grid3.text(static_cast<int>(i), 3));
-                real = val(Grid3.text(static_cast<int>(i), 0));
-                imag = val(Grid3.text(static_cast<int>(i), 1));
-                if (spacing > deltaOmega) weight = spacing;
-            } else {
-                omega = static_cast<double>(i) * deltaOmega;
-                real = val(Grid1.text(static_cast<int>(i), 0));
-                imag = val(Grid1.text(static_cast<int>(i), 1));
+    const double count = picked ? val(Text8.text()) : n;
+
+    // The terms come from the tables as the first row reads them; a row beyond a table fails
+    // there, after the terms before it were summed into row 1.
+    std::vector<double> omega, real, imag;
+    std::optional<text::RuntimeError> unreadable;
+    if (rows >= 1) {
+        forms::Grid& source = picked ? Grid3 : Grid1;
+        try {
+            for (double i = 1; i <= count; i += 1) {
+                if (i >= source.rows()) text::raise(text::kSubscript);
+                const int r = static_cast<int>(i);
+                if (picked) omega.push_back(val(Grid3.text(r, 3)));
+                real.push_back(val(source.text(r, 0)));
+                imag.push_back(val(source.text(r, 1)));
             }
-            Grid2.set_text(row, 1, to_text(compute::inverse_term(s.accelX1(k), real, imag, omega, t, weight)));
-            s.accelX1(k) = val(Grid2.text(row, 1));
+        } catch (const text::RuntimeError& e) {
+            unreadable = e;
         }
-        Grid2.set_text(row, 0, to_text(text::round_to(t, 2)));
-        s.accelY1(k) = text::round_to(t, 2);
-        Grid2.set_text(row, 1, to_text(text::round_to(text::chk(val(Grid2.text(row, 1)) * compute::kInversePi), 5)));
-        pbar.set_value(static_cast<float>(k));
-        platform().do_events();
+    }
+    compute::InverseTerms terms = picked ? compute::picked_inverse_terms(omega, real, imag, deltaOmega, spacing)
+                                         : compute::all_inverse_terms(real, imag, deltaOmega);
+    // A spacing wider than the omega step is the weight of the picks from then on.
+    if (!real.empty()) deltaOmega = terms.weight;
+    if (unreadable) {
+        double a = 0;
+        for (std::size_t i = 0; i < terms.real.size(); ++i) {
+            a = compute::inverse_term(a, terms.real[i], terms.imag[i], terms.omega[i], dtOut, terms.weight);
+            Grid2.set_text(1, 1, to_text(a));
+            s.accelX1(1) = val(Grid2.text(1, 1));
+        }
+        throw *unreadable;
+    }
+
+    compute::History history;
+    std::int32_t reported = 0;
+    try {
+        compute::inverse_transform(terms, dtOut, rows, history, [&](std::int32_t k) {
+            reported = k;
+            const auto at = static_cast<std::size_t>(k);
+            Grid2.set_text(k, 1, to_text(history.accel[at]));
+            s.accelX1(k) = val(Grid2.text(k, 1));
+            const compute::HistoryRowTexts texts = compute::history_row_texts(history, k);
+            Grid2.set_text(k, 0, texts.time);
+            s.accelY1(k) = history.time[at];
+            Grid2.set_text(k, 1, texts.accel);
+            pbar.set_value(static_cast<float>(k));
+            platform().do_events();
+        });
+    } catch (const text::RuntimeError&) {
+        // The row that overflowed keeps its sum as far as it got.
+        const std::int32_t k = reported + 1;
+        if (k <= rows && static_cast<std::size_t>(k) < history.accel.size() &&
+            std::isfinite(history.accel[static_cast<std::size_t>(k)])) {
+            Grid2.set_text(k, 1, to_text(history.accel[static_cast<std::size_t>(k)]));
+            s.accelX1(k) = val(Grid2.text(k, 1));
+        }
+        throw;
     }
     Picbar.set_visible(false);
     inverted = 1.0;
@@ -184,6 +248,8 @@ void Form12::Command3_Click() {
 }
 
 void Form12::Command5_Click() {
+    if (looping_) return;
+    Busy busy(*this);
     set_headings(Grid3, {"Real", "Imag", "Amp", "Omega", "T(sec)"}, {800, 800, 800, 600, 500});
     const double rows = val(Text8.text());
     const long last_row = rows >= 1 ? static_cast<long>(std::floor(rows)) : 0;
@@ -194,39 +260,21 @@ void Form12::Command5_Click() {
     deltaOmega = text::to_double(Text2.text());
     const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
     const double spacing = val(Text9.text());
-    for (long r = 1; r <= last_row; ++r) {
-        // An omega stands only when it passes against every earlier pick and the empty row r.
-        double bestAmp = 0;
-        std::string bestOmega, bestRe, bestIm;
-        for (std::int32_t i = 1; i <= n; ++i) {
-            const double a = val(Grid1.text(i, 2));
-            if (!(a > bestAmp)) continue;
-            const double keptAmp = bestAmp;
-            const std::string keptOmega = bestOmega, keptRe = bestRe, keptIm = bestIm;
-            const double candidate = text::round_to(deltaOmega * i, 2);
-            bestOmega = to_text(candidate);
-            for (long p = 1; p <= r; ++p) {
-                const double w = val(Grid3.text(static_cast<int>(p), 3));
-                if (candidate != w && std::fabs(w - candidate) > spacing) {
-                    bestAmp = a;
-                    bestRe = Grid1.text(i, 0);
-                    bestIm = Grid1.text(i, 1);
-                } else {
-                    bestAmp = keptAmp;
-                    bestOmega = keptOmega;
-                    bestRe = keptRe;
-                    bestIm = keptIm;
-                    break;
-                }
-            }
+    if (last_row >= 1) {
+        std::vector<double> amp;
+        for (std::int32_t i = 1; i <= n; ++i) amp.push_back(val(Grid1.text(i, 2)));
+        const std::vector<compute::OmegaPick> picks =
+            compute::find_omegas(amp, deltaOmega, spacing, static_cast<std::int32_t>(last_row));
+        for (const compute::OmegaPick& pick : picks) {
+            const int row = static_cast<int>(&pick - picks.data()) + 1;
+            const bool found = pick.row != 0;
+            Grid3.set_text(row, 0, found ? Grid1.text(pick.row, 0) : "");
+            Grid3.set_text(row, 1, found ? Grid1.text(pick.row, 1) : "");
+            Grid3.set_text(row, 2, to_text(pick.amp));
+            Grid3.set_text(row, 3, found ? to_text(pick.omega) : "");
+            // No pick leaves the omega empty, and the period divides by it.
+            Grid3.set_text(row, 4, to_text(compute::pick_period(pick)));
         }
-        const int row = static_cast<int>(r);
-        Grid3.set_text(row, 0, bestRe);
-        Grid3.set_text(row, 1, bestIm);
-        Grid3.set_text(row, 2, to_text(bestAmp));
-        Grid3.set_text(row, 3, bestOmega);
-        // No pick leaves the omega empty, and the period divides by it.
-        Grid3.set_text(row, 4, to_text(text::round_to(text::div(compute::kTwoPiRounded, val(bestOmega)), 2)));
     }
     plot_amplitude();
 }
@@ -249,10 +297,12 @@ void Form12::export_lines(const std::string& heading, forms::Grid& g, int first_
 }
 
 void Form12::Command4_Click() {
+    if (looping_) return;
     export_lines("time               accel       ", Grid2, 0, 1, state().accelX1, state().accelY1);
 }
 
 void Form12::Command9_Click() {
+    if (looping_) return;
     ProjectState& s = state();
     const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
     s.accelX2.redim(n);
@@ -261,11 +311,15 @@ void Form12::Command9_Click() {
 }
 
 void Form12::Command8_Click() {
+    if (looping_) return;
     program().form<Form1>().xnext.set_enabled(true);
     program().unload(*this);
 }
 
-void Form12::Command7_Click() { program().form<Form13>().show(); }
+void Form12::Command7_Click() {
+    if (looping_) return;
+    program().form<Form13>().show();
+}
 
 Form13::Form13(forms::App& app) : Window(app, "Form13", "Omega Calculator", 4200, 2400) {
     Command1.Click = [this] { Command1_Click(); };
@@ -278,7 +332,7 @@ void Form13::Form_Load() { Command2.set_enabled(false); }
 void Form13::Command1_Click() {
     const double T = val(Text1.text());
     if (T == 0) return;
-    Text2.set_text(to_text(compute::kTwoPiRounded / T));
+    Text2.set_text(to_text(compute::omega_of_period(T)));
     Command2.set_enabled(true);
 }
 

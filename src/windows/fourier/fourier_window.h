@@ -2,6 +2,7 @@
 // Form12 ("Fourier Transform"): the direct Fourier sum of record 1's X component at an omega
 // grid, its amplitude spectrum and peak, the strongest omegas, and a history rebuilt from them.
 #include <cstdint>
+#include <functional>
 
 #include "windows/chart/chart.h"
 #include "windows/program.h"
@@ -44,6 +45,8 @@ public:
     double inverted = 0;
 
     void Form_Load() override;
+    /// A close while a loop of the window runs is refused.
+    void Form_Unload(int& cancel) override;
     /// GO--!: the direct sum over the scaled X of record 1, the amplitude and its peak.
     void Command1_Click();
     /// Accel: the history rebuilt from all omegas or the picked ones.
@@ -58,7 +61,15 @@ public:
     void Command7_Click();
     void Check1_Click();
 
+    /// Whether a long loop of the window (GO--!, Accel, Find Omega) is under way.
+    bool looping() const { return looping_; }
+    /// Told when a long loop starts (true) and ends (false); the view keeps the user out meanwhile.
+    std::function<void(bool)> looping_changed;
+
 private:
+    class Busy;
+    // The sums let pending events run; a click that comes in meanwhile must not start another.
+    bool looping_ = false;
     void plot_amplitude();
     void export_lines(const std::string& heading, forms::Grid& grid, int first_col, int second_col,
                       text::DoubleArray& first, text::DoubleArray& second);
