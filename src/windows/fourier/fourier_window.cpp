@@ -101,7 +101,7 @@ void Form12::Command1_Click() {
     Check1.set_value(0);
     omegaLim = text::to_double(Text1.text());
     deltaOmega = text::to_double(Text2.text());
-    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    n = compute::omega_steps(omegaLim, deltaOmega);
     set_headings(Grid1, {"Real", "Imag", "Amp", "Omega"}, {800, 800, 800, 500});
     s.accelX1.redim(n);
     s.accelY1.redim(n);
@@ -163,7 +163,7 @@ void Form12::Command3_Click() {
     ProjectState& s = state();
     omegaLim = text::to_double(Text1.text());
     deltaOmega = text::to_double(Text2.text());
-    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    n = compute::omega_steps(omegaLim, deltaOmega);
     const double m = text::div(val(Text5.text()), val(Text6.text()));
     const double dtOut = val(Text6.text());
     Grid2.set_text(0, 0, "Time");
@@ -258,7 +258,7 @@ void Form12::Command5_Click() {
         for (int c = 0; c < 5; ++c) Grid3.set_text(static_cast<int>(r), c, "");
     omegaLim = text::to_double(Text1.text());
     deltaOmega = text::to_double(Text2.text());
-    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    n = compute::omega_steps(omegaLim, deltaOmega);
     const double spacing = val(Text9.text());
     if (last_row >= 1) {
         std::vector<double> amp;
@@ -304,7 +304,7 @@ void Form12::Command4_Click() {
 void Form12::Command9_Click() {
     if (looping_) return;
     ProjectState& s = state();
-    const std::int32_t n = compute::omega_steps(omegaLim, deltaOmega);
+    // The count of the last sum, not of the step an Accel may have widened since.
     s.accelX2.redim(n);
     s.accelY2.redim(n);
     export_lines("      omega               Amp ", Grid1, 3, 2, s.accelX2, s.accelY2);

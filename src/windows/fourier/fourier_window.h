@@ -41,6 +41,8 @@ public:
     Chart chart;
 
     double omegaLim = 0, deltaOmega = 0, peakOmega = 0, peakAmp = 0;
+    /// The omega count omegaLim / deltaOmega as GO, Accel or Find Omega last took it.
+    std::int32_t n = 0;
     /// Set once a history was rebuilt.
     double inverted = 0;
 

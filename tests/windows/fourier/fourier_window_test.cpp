@@ -288,6 +288,16 @@ TEST_F(FourierTest, AWideSpacingBecomesTheWindowsOmegaStep) {
         a = compute::inverse_term(a, text::val(f.Grid3.text(r, 0)), text::val(f.Grid3.text(r, 1)),
                                   text::val(f.Grid3.text(r, 3)), 0.05, 1.0);
     EXPECT_EQ(state().accelX1(1), a);
+    // Export.fft still writes every omega of the sum.
+    platform.file_answers = {(dir / "fft").string()};
+    program.run([&] { f.Command9.press(); });
+    ASSERT_TRUE(platform.runtime_errors.empty());
+    std::ifstream fft(dir / "fft.txt");
+    std::string line, last;
+    int lines = 0;
+    while (std::getline(fft, line)) ++lines, last = line;
+    EXPECT_EQ(lines, 801);
+    EXPECT_EQ(last, "40.00000000    " + text::format(text::val(f.Grid1.text(800, 2)), "0.00000000"));
     // GO reads the step from its box again.
     go("40");
     EXPECT_EQ(f.deltaOmega, 0.05);
