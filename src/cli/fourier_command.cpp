@@ -37,7 +37,7 @@ int run_fourier(const std::vector<std::string>& args, std::ostream& out, std::os
     if (!o.get("omega-lim")) return usage_error(err, "fourier", "--omega-lim is required", usage);
     Session s(out, err);
     try {
-        run_record_steps(s, o, o.files, false);
+        run_record_steps(s, o, o.files, false, false);
         auto& f1 = s.program.form<windows::Form1>();
         s.step([&] { f1.Command1.press(); });
         auto& f12 = s.program.form<windows::Form12>();

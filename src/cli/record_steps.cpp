@@ -29,12 +29,13 @@ std::optional<std::string> nth(const ParsedOptions& o, const std::string& name, 
 
 }  // namespace
 
-void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std::string>& files, bool next_at_last) {
+void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std::string>& files, bool next_at_last,
+                      bool print_peaks) {
     for (const auto& f : files) require_readable(s, f);
     const std::size_t records = files.size() / 2;
     auto& frame = s.program.form<windows::frmMain>();
     s.platform.input_answers = {std::to_string(records), o.get("first-line").value_or("1")};
-    s.print("records", std::to_string(records));
+    if (print_peaks) s.print("records", std::to_string(records));
     for (std::size_t k = 0; k < records; ++k) {
         for (std::size_t c = 0; c < 2; ++c) {
             s.platform.file_answers.push_back(files[2 * k + c]);
@@ -52,8 +53,10 @@ void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std:
         });
         s.step([&] { f1.Option3.user_click(); });
         s.step([&] { f1.Command2.press(); });
-        s.print("peak X " + std::to_string(k + 1), f1.Text1.text());
-        s.print("peak Y " + std::to_string(k + 1), f1.Text2.text());
+        if (print_peaks) {
+            s.print("peak X " + std::to_string(k + 1), f1.Text1.text());
+            s.print("peak Y " + std::to_string(k + 1), f1.Text2.text());
+        }
         if (next_at_last || k + 1 < records) s.step([&] { f1.xnext.press(); });
     }
 }

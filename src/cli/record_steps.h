@@ -15,8 +15,10 @@ extern const std::vector<std::string> kRecordOptions;
 /// Their lines of the usage text.
 extern const char* const kRecordUsage;
 
-/// Opens the records of `files` (X and Y of each) and shows each one; prints `peak X k` and
-/// `peak Y k`. Next is pressed after every record but, when `next_at_last` is false, the last.
-void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std::string>& files, bool next_at_last);
+/// Opens the records of `files` (X and Y of each) and shows each one; with `print_peaks` prints
+/// `records`, then `peak X k` and `peak Y k`. Next is pressed after every record but, when
+/// `next_at_last` is false, the last.
+void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std::string>& files, bool next_at_last,
+                      bool print_peaks = true);
 
 }  // namespace tv::cli

@@ -19,7 +19,7 @@ TEST(FourierCliTest, PeakPicksAndExports) {
                            (dir / "hist.txt").string(), kSamples + "synthetic_X.txt", kSamples + "synthetic_Y.txt"});
     ASSERT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(r.out,
-              "records: 1\npeak X 1: 0.35\npeak Y 1: 0.3\npeak omega: 11.25\npeak amplitude: 0.1826\nperiod: 0.56\n"
+              "peak omega: 11.25\npeak amplitude: 0.1826\nperiod: 0.56\n"
               "pick 1: 11.25 0.1826\npick 2: 12.6 0.1682\npick 3: 8.4 0.1569\n");
     EXPECT_EQ(r.err, "Information: Done\nInformation: Done\n");
     std::ifstream fft(dir / "fft.txt");
@@ -33,6 +33,14 @@ TEST(FourierCliTest, PeakPicksAndExports) {
     std::filesystem::remove_all(dir);
 }
 
+TEST(FourierCliTest, WithoutPicksOnlyThePeakAndItsPeriod) {
+    CliResult r = run_cli({"fourier", "--first-line", "5", "--dt", "0.01", "--omega-lim", "20", "--delta-omega", "0.1",
+                           kSamples + "synthetic_X.txt", kSamples + "synthetic_Y.txt"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "peak omega: 11.2\npeak amplitude: 0.1822\nperiod: 0.56\n");
+    EXPECT_EQ(r.err, "");
+}
+
 TEST(FourierCliTest, RequiredOptionAndFailures) {
     const std::string x = kSamples + "synthetic_X.txt", y = kSamples + "synthetic_Y.txt";
     EXPECT_EQ(run_cli({"fourier", x, y}).status, 2);
@@ -40,6 +48,7 @@ TEST(FourierCliTest, RequiredOptionAndFailures) {
     CliResult many = run_cli({"fourier", "--first-line", "5", "--omega-lim", "700", x, y});
     EXPECT_EQ(many.status, 0);  // an information box, not a failure
     EXPECT_EQ(many.err, "Error: Steps are too many...! Change Omega Lim or Delta Omega\n");
+    EXPECT_EQ(many.out, "peak omega: \npeak amplitude: \nperiod: \n");
     CliResult bad = run_cli({"fourier", "--first-line", "5", "--omega-lim", "ten", x, y});
     EXPECT_EQ(bad.status, 3);
     EXPECT_EQ(bad.err, "run-time error: Type mismatch\n");
