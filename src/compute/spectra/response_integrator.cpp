@@ -218,6 +218,11 @@ KernelPath kernel_path() {
 
 void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid& grid, SpectrumMeasure measure,
                       const std::function<void()>& period_done) {
+    integrate_record(record, zeta, grid, [measure] { return measure; }, period_done);
+}
+
+void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid& grid,
+                      const std::function<SpectrumMeasure()>& measure, const std::function<void()>& period_done) {
     record.specX.redim(grid.specCount);
     record.specY.redim(grid.specCount);
 
@@ -227,29 +232,44 @@ void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid
     // The histories are made 0..last + 1 for every period: a size below empty fails there,
     // before the X pass.
     const bool historyBad = last + 1 < -1;
-    const bool xBad = historyBad || !pass_in_range(record.accelX, first, steps);
-    const bool yBad = !pass_in_range(record.accelY, first, steps);
-    const bool trackVelocity = measure == SpectrumMeasure::RelativeVelocity;
 
-    // A Y pass that cannot run borrows the X samples; its lanes are never read, since the
-    // failure comes first. When the X pass cannot run, the first period fails before any pass.
-    const double* aX = nullptr;
-    const double* aY = nullptr;
-    if (steps > 0 && !xBad) {
-        aX = record.accelX.raw().data() + first;
-        aY = yBad ? aX : record.accelY.raw().data() + first;
-    }
+    // Where the samples of the two passes are now. A handler run between periods may resize
+    // the arrays (an export does), so they are looked up again after every period.
+    struct Samples {
+        const double* aX = nullptr;
+        const double* aY = nullptr;
+        std::size_t sizeX = 0, sizeY = 0;
+        bool xBad = false, yBad = false;
+        bool operator==(const Samples&) const = default;
+    };
+    auto fetch = [&] {
+        Samples f;
+        f.xBad = historyBad || !pass_in_range(record.accelX, first, steps);
+        f.yBad = !pass_in_range(record.accelY, first, steps);
+        f.sizeX = record.accelX.raw().size();
+        f.sizeY = record.accelY.raw().size();
+        // A Y pass that cannot run borrows the X samples; its lanes are never read, since the
+        // failure comes first. When the X pass cannot run, the period fails before any pass.
+        if (steps > 0 && !f.xBad) {
+            f.aX = record.accelX.raw().data() + first;
+            f.aY = f.yBad ? f.aX : record.accelY.raw().data() + first;
+        }
+        return f;
+    };
 
     const double step = grid.periodStep;
     const double tEnd = grid.tEnd;
     // A For loop on doubles: a negative step counts down.
     auto more = [&](double T) { return step < 0 ? T >= tEnd : T <= tEnd; };
 
-    LaneCoefficients lanes;
+    LaneCoefficients lanes;  // the block's periods, lane m for its m-th period
+    LaneCoefficients rerun;  // the periods still to store, moved to the front
     double wd[kLanes];
     LaneState outX, outY;
     long j = 1;
     double T = grid.tStart;
+    Samples samples = fetch();
+    SpectrumMeasure now = measure();
     for (;;) {
         int n = 0;
         std::optional<text::RuntimeError> pending;  // a later period's failure, raised in its turn
@@ -268,30 +288,73 @@ void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid
         }
         if (n == 0 && !pending) break;
 
-        if (n > 0 && aX != nullptr) {
-            for (int m = n; m < kLanes; ++m) lanes.set(m, OscillatorCoefficients{});
-            run_kernel(KernelArgs{&lanes, aX, aY, steps, &outX, &outY}, trackVelocity);
-        } else {
-            std::memset(&outX, 0, sizeof outX);
-            std::memset(&outY, 0, sizeof outY);
-        }
+        // Runs periods from..n-1 of the block on the samples as they are now; their results
+        // land at lane m - from.
+        bool tracked = false;
+        int from = 0;
+        auto run = [&](int start) {
+            from = start;
+            tracked = now == SpectrumMeasure::RelativeVelocity;
+            if (n > start && samples.aX != nullptr) {
+                const LaneCoefficients* k = &lanes;
+                if (start > 0) {
+                    for (int r = 0; r < kLanes; ++r) {
+                        const int m = r + start;
+                        if (m >= kLanes) {
+                            rerun.set(r, OscillatorCoefficients{});
+                            continue;
+                        }
+                        rerun.A11[r] = lanes.A11[m], rerun.A12[r] = lanes.A12[m];
+                        rerun.A21[r] = lanes.A21[m], rerun.A22[r] = lanes.A22[m];
+                        rerun.B11[r] = lanes.B11[m], rerun.B12[r] = lanes.B12[m];
+                        rerun.B21[r] = lanes.B21[m], rerun.B22[r] = lanes.B22[m];
+                    }
+                    k = &rerun;
+                }
+                run_kernel(KernelArgs{k, samples.aX, samples.aY, steps, &outX, &outY}, tracked);
+            } else {
+                std::memset(&outX, 0, sizeof outX);
+                std::memset(&outY, 0, sizeof outY);
+            }
+        };
+        for (int m = n; m < kLanes; ++m) lanes.set(m, OscillatorCoefficients{});
+        run(0);
 
         for (int m = 0; m < n; ++m) {
-            if (xBad) text::raise(text::kSubscript);
-            if (!std::isfinite(outX.x[m]) || !std::isfinite(outX.v[m])) text::raise(text::kOverflow);
-            record.specX(j) = ordinate(measure, wd[m], outX.peakD[m], outX.peakV[m]);
-            if (yBad) text::raise(text::kSubscript);
-            if (!std::isfinite(outY.x[m]) || !std::isfinite(outY.v[m])) text::raise(text::kOverflow);
-            record.specY(j) = ordinate(measure, wd[m], outY.peakD[m], outY.peakV[m]);
+            if (m > 0) {
+                // Events ran after the last period: the arrays may have moved or shrunk, and the
+                // tick boxes may ask for the peak velocity, which this run did not keep.
+                const Samples again = fetch();
+                now = measure();
+                if (!(again == samples) || (now == SpectrumMeasure::RelativeVelocity && !tracked)) {
+                    samples = again;
+                    run(m);
+                }
+            }
+            const int r = m - from;
+            if (samples.xBad) text::raise(text::kSubscript);
+            if (!std::isfinite(outX.x[r]) || !std::isfinite(outX.v[r])) text::raise(text::kOverflow);
+            record.specX(j) = ordinate(now, wd[m], outX.peakD[r], outX.peakV[r]);
+            if (samples.yBad) text::raise(text::kSubscript);
+            if (!std::isfinite(outY.x[r]) || !std::isfinite(outY.v[r])) text::raise(text::kOverflow);
+            record.specY(j) = ordinate(now, wd[m], outY.peakD[r], outY.peakV[r]);
             ++j;
             if (period_done) period_done();
         }
         if (pending) throw *pending;
+        samples = fetch();
+        now = measure();
     }
 }
 
 void integrate_records(const std::vector<RecordSpectra>& records, double zeta, const PeriodGrid& grid,
                        SpectrumMeasure measure, const std::function<void(int)>& record_start,
+                       const std::function<void(int)>& period_done) {
+    integrate_records(records, zeta, grid, [measure] { return measure; }, record_start, period_done);
+}
+
+void integrate_records(const std::vector<RecordSpectra>& records, double zeta, const PeriodGrid& grid,
+                       const std::function<SpectrumMeasure()>& measure, const std::function<void(int)>& record_start,
                        const std::function<void(int)>& period_done) {
     for (std::size_t r = 0; r < records.size(); ++r) {
         const int k = static_cast<int>(r) + 1;

@@ -66,10 +66,23 @@ struct RecordSpectra {
 void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid& grid, SpectrumMeasure measure,
                       const std::function<void()>& period_done = {});
 
+/// integrate_record with the measure asked for before the first period and again after every
+/// `period_done`, so a change made while events run counts from the next period on. The
+/// acceleration arrays are looked up again after every `period_done` too: one that a handler
+/// resized is read where it now lies, and one now too short for the pass fails with 9 at the
+/// next period. (Samples rewritten in place, with the array neither moved nor resized, count
+/// from the next block of periods.)
+void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid& grid,
+                      const std::function<SpectrumMeasure()>& measure, const std::function<void()>& period_done = {});
+
 /// integrate_record for records 1, 2, ... in turn; `record_start(k)` comes before record k's
 /// first period, `period_done(k)` after each of its periods.
 void integrate_records(const std::vector<RecordSpectra>& records, double zeta, const PeriodGrid& grid,
                        SpectrumMeasure measure, const std::function<void(int)>& record_start = {},
+                       const std::function<void(int)>& period_done = {});
+/// integrate_records with the measure asked for as integrate_record does.
+void integrate_records(const std::vector<RecordSpectra>& records, double zeta, const PeriodGrid& grid,
+                       const std::function<SpectrumMeasure()>& measure, const std::function<void(int)>& record_start = {},
                        const std::function<void(int)>& period_done = {});
 
 namespace detail {

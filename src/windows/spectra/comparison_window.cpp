@@ -125,7 +125,8 @@ void Form4::calculate() {
     // The damping is Form3's: reading it loads that window again when it was closed.
     hooks.run_integrator = [this] {
         const double zeta = val(program().form<Form3>().xbeta.text());
-        run_response_spectra(*this, {Picbar, pbar}, zeta, compute::SpectrumMeasure::PseudoAcceleration, "Err");
+        run_response_spectra(*this, {Picbar, pbar}, zeta, [] { return compute::SpectrumMeasure::PseudoAcceleration; },
+                             "Err");
     };
     hooks.sa_scale = [this] { return val(xbeta.text()); };
     hooks.band = [this] { return std::pair{val(tstart.text()), val(tend.text())}; };
@@ -160,11 +161,12 @@ void Form4::picNemodar_MouseMove(double x, double) {
                                static_cast<float>(averageSpectrum(j))); });
     quietly([&] { LineRed.set(0, static_cast<float>(targetSpectrum(j)), static_cast<float>(2 * chart.picNemodar.width()),
                               static_cast<float>(targetSpectrum(j))); });
-    double average = 0, target = 0;
-    quietly([&] { average = averageSpectrum(j); });
-    quietly([&] { target = targetSpectrum(j); });
-    LabelBlue.set_caption(std::string(Check2.checked() ? "Smax : " : "SRSS : ") + text::format(average, "0.00"));
-    LabelRed.set_caption("Spa(st): " + text::format(target, "0.00"));
+    // A failing read leaves its label as it was ("Y: 0.00", "X: 0.00" before any Calculate).
+    quietly([&] {
+        LabelBlue.set_caption(std::string(Check2.checked() ? "Smax : " : "SRSS : ") +
+                              text::format(averageSpectrum(j), "0.00"));
+    });
+    quietly([&] { LabelRed.set_caption("Spa(st): " + text::format(targetSpectrum(j), "0.00")); });
     quietly([&] { Label12.set_caption("T(Period) : " + text::format(x * state().periodStep, "0.00")); });
     LineRed.set_visible(Check1.checked());
     LineBlue.set_visible(Check1.checked());
@@ -183,18 +185,32 @@ void Form4::Command3_Click() {
         text::DoubleArray* columns[16] = {&s.accelX1, &s.accelY1, &s.accelX2, &s.accelY2, &s.accelX3, &s.accelY3,
                                           &s.specX1,  &s.specY1,  &s.specX2,  &s.specY2,  &s.specX3,  &s.specY3,
                                           &combined1, &combined2, &combined3, &averageSpectrum};
-        for (auto* a : columns) a->redim_preserve(N);
-        for (double i = s.dataFirstLine; i <= N; i += 1) {
-            const double j = i - s.dataFirstLine + 1;
-            std::string line;
-            for (int c = 0; c < 16; ++c) {
-                if (c) line += "     ";
-                line += text::format(c < 6 ? columns[c]->at(i) : columns[c]->at(j), "0.00000000");
+        // The lines are made as the arrays will stand after the cut to 0..N; the arrays are cut
+        // once the file is written, so a file that cannot be written leaves them whole. A row that
+        // fails (a first line below 1 runs the spectra past N) fails after the cut, as it did.
+        auto cell = [&](int c, double at) {
+            const long i = text::index_of(at);
+            const text::DoubleArray& a = *columns[c];
+            if (i < 0 || i > N) text::raise(text::kSubscript);
+            return static_cast<std::size_t>(i) < a.raw().size() ? a.raw()[static_cast<std::size_t>(i)] : 0.0;
+        };
+        try {
+            for (double i = s.dataFirstLine; i <= N; i += 1) {
+                const double j = i - s.dataFirstLine + 1;
+                std::string line;
+                for (int c = 0; c < 16; ++c) {
+                    if (c) line += "     ";
+                    line += text::format(cell(c, c < 6 ? i : j), "0.00000000");
+                }
+                lines.push_back(std::move(line));
             }
-            Text1.set_text(line);
-            lines.push_back(std::move(line));
+        } catch (const text::RuntimeError&) {
+            for (auto* a : columns) a->redim_preserve(N);
+            throw;
         }
         write_export(s, s.fileName, lines);
+        for (auto* a : columns) a->redim_preserve(N);
+        if (lines.size() > 1) Text1.set_text(lines.back());
         platform().set_busy(false);
     }
     platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);

@@ -2,6 +2,7 @@
 
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
+#include "windows/spectra/comparison_window.h"
 #include "windows/spectra/peak_boxes.h"
 #include "windows/spectra/response_spectrum_window.h"
 
@@ -65,7 +66,9 @@ void Form2::Form_Load() {
 }
 
 void Form2::Form_Unload(int&) {
+    // Both later windows go, each by itself: a Form4 that refused its question is asked again.
     program().unload<Form3>();
+    program().unload<Form4>();
 }
 
 compute::Soil Form2::soil() const {

@@ -1,9 +1,12 @@
 #include "windows/spectra/response_run.h"
 
+#include <new>
+#include <stdexcept>
+
 namespace tv::windows {
 
-bool run_response_spectra(Window& window, const ProgressPanel& panel, double zeta, compute::SpectrumMeasure measure,
-                          const std::string& error_title) {
+bool run_response_spectra(Window& window, const ProgressPanel& panel, double zeta,
+                          const std::function<compute::SpectrumMeasure()>& measure, const std::string& error_title) {
     ProjectState& s = window.state();
     forms::Platform& platform = window.platform();
     panel.Picbar.set_visible(true);
@@ -25,6 +28,13 @@ bool run_response_spectra(Window& window, const ProgressPanel& panel, double zet
             });
     } catch (const text::RuntimeError& e) {
         platform.message_box(e.description(), forms::MsgButtons::Ok, error_title, forms::MsgIcon::Critical);
+        return false;
+    } catch (const std::bad_alloc&) {
+        // A grid or history too large for memory is the old run time's error 7.
+        platform.message_box(text::error_description(7), forms::MsgButtons::Ok, error_title, forms::MsgIcon::Critical);
+        return false;
+    } catch (const std::length_error&) {
+        platform.message_box(text::error_description(7), forms::MsgButtons::Ok, error_title, forms::MsgIcon::Critical);
         return false;
     }
     panel.pbar.set_value(0);

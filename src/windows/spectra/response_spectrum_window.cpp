@@ -98,7 +98,8 @@ text::DoubleArray* Form3::selected_spectrum() {
 }
 
 void Form3::calculate(double zeta) {
-    const auto measure = compute::measure_from_ticks(Check1.checked(), Check2.checked(), Check3.checked());
+    // The tick boxes stay enabled during the run: each ordinate takes them as they stand.
+    auto measure = [this] { return compute::measure_from_ticks(Check1.checked(), Check2.checked(), Check3.checked()); };
     if (run_response_spectra(*this, {Picbar, pbar}, zeta, measure, "Error")) {
         Command4.set_enabled(true);
         Command5.set_enabled(true);
@@ -155,19 +156,25 @@ void Form3::Command5_Click() {
             for (std::int32_t k = 1; k <= s.recordCount; ++k) N = std::max(N, s.recordLastLine(k));
             text::DoubleArray* columns[12] = {&s.accelX1, &s.accelY1, &s.accelX2, &s.accelY2, &s.accelX3, &s.accelY3,
                                               &s.specX1,  &s.specY1,  &s.specX2,  &s.specY2,  &s.specX3,  &s.specY3};
-            for (auto* a : columns) a->redim_preserve(N);
+            // The lines are made as the arrays will stand after the cut to 0..N, and the arrays are
+            // cut only once the file is written: a file that cannot be written leaves them whole.
+            auto cell = [&](int c, std::int32_t i) {
+                const std::vector<double>& a = columns[c]->raw();
+                return static_cast<std::size_t>(i) < a.size() ? a[static_cast<std::size_t>(i)] : 0.0;
+            };
             std::vector<std::string> lines{kResponseExportHeading};
-            lines.reserve(static_cast<std::size_t>(N) + 1);
+            lines.reserve(static_cast<std::size_t>(std::max(N, 0)) + 1);
             for (std::int32_t i = 1; i <= N; ++i) {
                 std::string line;
                 for (int c = 0; c < 12; ++c) {
                     if (c) line += "    ";
-                    line += text::format((*columns[c])(i), "0.00000000");
+                    line += text::format(cell(c, i), "0.00000000");
                 }
-                Text1.set_text(line);
                 lines.push_back(std::move(line));
             }
             write_export(s, s.fileName, lines);
+            for (auto* a : columns) a->redim_preserve(N);
+            if (N >= 1) Text1.set_text(lines.back());
             platform().set_busy(false);
         }
         platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);

@@ -378,6 +378,74 @@ TEST(ResponseIntegrator, SampleIndexOutsideTheRecord) {
               0);
 }
 
+TEST(ResponseIntegrator, ArraysResizedBetweenPeriodsAreReadWhereTheyNowLie) {
+    // An export run from the events between periods resizes the records; the run goes on with
+    // the arrays where they now stand, and the results are those of an undisturbed run.
+    DoubleArray ax(700), ay(700);
+    for (long i = 1; i <= 700; ++i) ax(i) = std::sin(0.31 * i) + 0.2 * std::cos(1.7 * i);
+    for (long i = 1; i <= 700; ++i) ay(i) = std::cos(0.23 * i);
+    const PeriodGrid grid{0.01, 0.4, 0.01, 40};
+    const Spectra plain = run(ax, ay, 1, 650, 0.01, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
+    Spectra moved;
+    long period = 0;
+    integrate_record(RecordSpectra{0.01, 1, 650, ax, ay, moved.x, moved.y}, 0.05, grid,
+                     SpectrumMeasure::PseudoAcceleration, [&] {
+                         ++period;
+                         // Each growth moves the samples elsewhere; the old block is freed.
+                         ax.redim_preserve(ax.ubound() + 5000);
+                         ay.redim_preserve(ay.ubound() + 5000);
+                         if (period == 3) ax.redim_preserve(650);
+                     });
+    for (long j = 0; j <= 40; ++j) {
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(moved.x(j)), std::bit_cast<std::uint64_t>(plain.x(j))) << j;
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(moved.y(j)), std::bit_cast<std::uint64_t>(plain.y(j))) << j;
+    }
+}
+
+TEST(ResponseIntegrator, ARecordCutBetweenPeriodsFailsAtTheNextPeriod) {
+    DoubleArray ax(400), ay(400);
+    for (long i = 1; i <= 400; ++i) ax(i) = std::sin(0.31 * i), ay(i) = std::cos(0.17 * i);
+    const PeriodGrid grid{0.01, 0.4, 0.01, 40};
+    const Spectra plain = run(ax, ay, 1, 400, 0.01, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
+    Spectra s;
+    long period = 0;
+    EXPECT_EQ(error_of([&] {
+                  integrate_record(RecordSpectra{0.01, 1, 400, ax, ay, s.x, s.y}, 0.05, grid,
+                                   SpectrumMeasure::PseudoAcceleration, [&] {
+                                       if (++period == 5) ay.redim_preserve(100);
+                                   });
+              }),
+              text::kSubscript);
+    // Periods 1 to 5 stand; period 6's X pass still runs, its Y pass reads beyond the array.
+    for (long j = 1; j <= 6; ++j) EXPECT_EQ(s.x(j), plain.x(j)) << j;
+    for (long j = 1; j <= 5; ++j) EXPECT_EQ(s.y(j), plain.y(j)) << j;
+    EXPECT_EQ(s.y(6), 0);
+    EXPECT_EQ(s.x(7), 0);
+}
+
+TEST(ResponseIntegrator, TheMeasureIsAskedForEveryPeriod) {
+    DoubleArray ax(500), ay(500);
+    for (long i = 1; i <= 500; ++i) ax(i) = std::sin(0.29 * i), ay(i) = std::cos(0.41 * i);
+    const PeriodGrid grid{0.01, 0.3, 0.01, 30};
+    const Spectra psa = run(ax, ay, 1, 500, 0.01, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
+    const Spectra sv = run(ax, ay, 1, 500, 0.01, 0.05, grid, SpectrumMeasure::RelativeVelocity);
+    const Spectra sd = run(ax, ay, 1, 500, 0.01, 0.05, grid, SpectrumMeasure::Displacement);
+    // A tick made while events run counts from the next period, also inside a block of periods.
+    SpectrumMeasure now = SpectrumMeasure::PseudoAcceleration;
+    long period = 0;
+    Spectra mixed;
+    integrate_record(RecordSpectra{0.01, 1, 500, ax, ay, mixed.x, mixed.y}, 0.05, grid, [&] { return now; }, [&] {
+        ++period;
+        if (period == 3) now = SpectrumMeasure::RelativeVelocity;
+        if (period == 12) now = SpectrumMeasure::Displacement;
+    });
+    for (long j = 1; j <= 30; ++j) {
+        const Spectra& want = j <= 3 ? psa : j <= 12 ? sv : sd;
+        EXPECT_EQ(mixed.x(j), want.x(j)) << j;
+        EXPECT_EQ(mixed.y(j), want.y(j)) << j;
+    }
+}
+
 TEST(ResponseIntegrator, RecordsInTurn) {
     DoubleArray a(300), b(300);
     for (long i = 1; i <= 300; ++i) a(i) = std::sin(0.3 * i);

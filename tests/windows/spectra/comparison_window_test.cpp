@@ -91,7 +91,9 @@ TEST_F(ComparisonTest, TheReadOutShowsAverageTargetAndPeriod) {
     to_comparison();
     windows::Form4& f = form4();
     program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 50, 0); });
-    EXPECT_EQ(f.LabelBlue.caption(), "SRSS : 0.00");  // before Calculate the arrays are missing
+    // Before Calculate the arrays are missing: the failing statements leave the labels as they were.
+    EXPECT_EQ(f.LabelBlue.caption(), "Y: 0.00");
+    EXPECT_EQ(f.LabelRed.caption(), "X: 0.00");
     press(f.Command1);
     program.run([&] { f.Check1.user_click(); });
     program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 50.4, 0); });
@@ -100,6 +102,22 @@ TEST_F(ComparisonTest, TheReadOutShowsAverageTargetAndPeriod) {
     EXPECT_EQ(f.Label12.caption(), "T(Period) : 0.50");
     EXPECT_TRUE(f.LineRed.visible());
     EXPECT_FLOAT_EQ(f.LineBlue.y1(), static_cast<float>(f.averageSpectrum(50)));
+}
+
+TEST_F(ComparisonTest, TheReadOutPastTheArraysKeepsTheLastValues) {
+    to_comparison();
+    windows::Form4& f = form4();
+    press(f.Command1);
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 120, 0); });
+    const std::string blue = "SRSS : " + text::format(f.averageSpectrum(120), "0.00");
+    const std::string red = "Spa(st): " + text::format(f.targetSpectrum(120), "0.00");
+    EXPECT_EQ(f.LabelBlue.caption(), blue);
+    EXPECT_EQ(f.LabelRed.caption(), red);
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 5000, 0); });  // past index 400
+    EXPECT_EQ(f.LabelBlue.caption(), blue);
+    EXPECT_EQ(f.LabelRed.caption(), red);
+    EXPECT_EQ(f.Label12.caption(), "T(Period) : 50.00");
+    EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(ComparisonTest, ExportWritesSixteenColumnsFromTheDataFirstLine) {

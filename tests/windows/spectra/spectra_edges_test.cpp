@@ -1,0 +1,245 @@
+// The record windows at their edges: failing exports, memory, the closing chain, failing
+// integrator runs inside the comparison, a zero average, a grid that ends before it starts.
+#include "spectra_fixture.h"
+
+#include <sys/resource.h>
+
+#include <fstream>
+#include <tuple>
+
+#include "text/format.h"
+#include "text/number_text.h"
+#include "windows/spectra/comparison_window.h"
+
+namespace tv::test {
+namespace {
+
+std::vector<std::string> read_lines(const std::filesystem::path& p) {
+    std::ifstream in(p);
+    std::vector<std::string> lines;
+    for (std::string l; std::getline(in, l);) lines.push_back(l);
+    return lines;
+}
+
+class SpectraEdgeTest : public SpectraTest {
+protected:
+    void to_comparison(int records = 1) {
+        to_response(records);
+        press(form3().Command1);
+        press(form3().Command4);
+        ASSERT_TRUE(program.is_loaded<windows::Form4>());
+    }
+    windows::Form4& form4() { return program.form<windows::Form4>(); }
+    std::size_t questions() const {
+        std::size_t n = 0;
+        for (const auto& m : platform.messages) n += m.text == "Do you want to close the form?";
+        return n;
+    }
+};
+
+TEST_F(SpectraEdgeTest, AResponseExportThatCannotBeWrittenLeavesTheArraysWhole) {
+    to_response();
+    windows::Form3& f = form3();
+    press(f.Command1);
+    const std::vector<double> spec = state().specX1.raw();
+    platform.file_answers = {(dir / "missing" / "out.txt").string()};
+    press(f.Command5);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, 76);  // the folder is not there
+    EXPECT_EQ(state().specX1.raw(), spec);
+    EXPECT_EQ(state().specX1.ubound(), 400);
+    EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
+    // The same export into a folder that is there cuts the spectra to N for good.
+    platform.file_answers = {(dir / "out.txt").string()};
+    press(f.Command5);
+    EXPECT_EQ(read_lines(dir / "out.txt").size(), 10u);
+    EXPECT_EQ(state().specX1.ubound(), 9);
+}
+
+TEST_F(SpectraEdgeTest, AComparisonExportThatCannotBeWrittenLeavesTheArraysWhole) {
+    to_comparison();
+    windows::Form4& f = form4();
+    press(f.Command1);
+    std::filesystem::create_directory(dir / "taken.txt");
+    platform.file_answers = {(dir / "taken.txt").string()};
+    press(f.Command3);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(state().specX1.ubound(), 400);
+    EXPECT_EQ(f.averageSpectrum.ubound(), 400);
+    EXPECT_EQ(f.combined1.ubound(), 400);
+    EXPECT_TRUE(f.Text1.text().empty());
+    platform.file_answers = {(dir / "cmp").string()};
+    press(f.Command3);
+    const auto lines = read_lines(dir / "cmp.txt");
+    EXPECT_EQ(lines.size(), 1u + 8u);
+    EXPECT_EQ(f.Text1.text(), lines.back());
+    EXPECT_EQ(f.averageSpectrum.ubound(), 9);
+}
+
+TEST_F(SpectraEdgeTest, AGridTooLargeForMemoryIsReportedByTheIntegratorsTrap) {
+    to_response();
+    windows::Form3& f = form3();
+    state().specCount = 2'000'000'000;  // sixteen gigabytes for each spectrum
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
+    rlimit tight = before;
+    tight.rlim_cur = rlim_t{4} << 30;
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &tight), 0);
+    press(f.Command1);
+    setrlimit(RLIMIT_AS, &before);
+    ASSERT_FALSE(platform.messages.empty());
+    EXPECT_EQ(platform.messages[0].text, "Out of memory");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_FALSE(f.Command4.enabled());
+    EXPECT_TRUE(f.Picbar.visible());
+}
+
+TEST_F(SpectraEdgeTest, ClosingForm2AsksARefusingForm4Again) {
+    to_comparison();
+    platform.message_answers = {forms::MsgResult::No, forms::MsgResult::Yes};
+    program.run([&] { program.unload(form2()); });
+    EXPECT_EQ(questions(), 2u);
+    EXPECT_FALSE(program.is_loaded<windows::Form2>());
+    EXPECT_FALSE(program.is_loaded<windows::Form3>());
+    EXPECT_FALSE(program.is_loaded<windows::Form4>());
+}
+
+TEST_F(SpectraEdgeTest, ClosingForm1UnloadsEveryLaterWindow) {
+    to_comparison();
+    // No, No: Form3 and Form2 go; the third question, Form1's own, closes Form4 too.
+    platform.message_answers = {forms::MsgResult::No, forms::MsgResult::No, forms::MsgResult::Yes};
+    program.run([&] { program.unload(form1()); });
+    EXPECT_EQ(questions(), 3u);
+    EXPECT_FALSE(program.is_loaded<windows::Form1>());
+    EXPECT_FALSE(program.is_loaded<windows::Form2>());
+    EXPECT_FALSE(program.is_loaded<windows::Form3>());
+    EXPECT_FALSE(program.is_loaded<windows::Form4>());
+    EXPECT_EQ(state().recordCount, 0);
+    EXPECT_EQ(state().componentLetter, "X");
+}
+
+TEST_F(SpectraEdgeTest, ClosingForm1WithForm4RefusingEveryTimeKeepsForm4Alone) {
+    to_comparison();
+    platform.message_answers = {forms::MsgResult::No, forms::MsgResult::No, forms::MsgResult::No};
+    program.run([&] { program.unload(form1()); });
+    EXPECT_EQ(questions(), 3u);
+    EXPECT_FALSE(program.is_loaded<windows::Form1>());
+    EXPECT_FALSE(program.is_loaded<windows::Form2>());
+    EXPECT_TRUE(program.is_loaded<windows::Form4>());
+}
+
+TEST_F(SpectraEdgeTest, AnIntegratorFailureInsideTheComparisonIsToldAsErrAndTheCalculationGoesOn) {
+    // The grid is drawn to 2 s and Next is pressed with 4 s typed: 400 periods for 200 ordinates.
+    to_design();
+    windows::Form2& f2 = form2();
+    program.run([&] { f2.tend.set_text("2"); });
+    press(f2.Command1);
+    program.run([&] { f2.tend.set_text("4"); });
+    press(f2.xnext);
+    press(form3().Command1);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    press(form3().Command4);
+    windows::Form4& f = form4();
+    program.run([&] { f.tend.set_text("2"); });
+    platform.messages.clear();
+    press(f.Command1);
+    ASSERT_EQ(platform.messages.size(), 2u);  // once for each run of the integrator
+    for (const auto& m : platform.messages) {
+        EXPECT_EQ(m.title, "Err");
+        EXPECT_EQ(m.text, "Subscript out of range");
+        EXPECT_EQ(m.icon, forms::MsgIcon::Critical);
+    }
+    ASSERT_TRUE(platform.runtime_errors.empty()) << platform.runtime_errors[0].second;
+    // The comparison went on with the 200 ordinates the runs stored.
+    EXPECT_TRUE(f.Picbar.visible());
+    EXPECT_TRUE(f.Command3.enabled());
+    EXPECT_GT(state().specX1(200), 0);
+    EXPECT_GT(f.averageSpectrum(200), 0);
+    const double z = text::val(f.xzarib.text());
+    EXPECT_GE(z, 1);
+    EXPECT_EQ(state().accelX1(3), z * state().baseAccelX1(3));
+}
+
+TEST_F(SpectraEdgeTest, AZeroAverageUnderAPositiveTargetIsARunTimeErrorAndTheWindowStays) {
+    to_comparison();
+    windows::Form4& f = form4();
+    program.run([&] { form3().xbeta.set_text("1"); });  // every spectrum stays 0
+    press(f.Command1);
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kDivisionByZero);
+    EXPECT_EQ(platform.messages.back().title, "Err");
+    ASSERT_TRUE(program.is_loaded<windows::Form4>());
+    EXPECT_EQ(f.xzarib.text(), "1");
+    // The window still answers: the read-out and the closing question.
+    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 20, 0); });
+    EXPECT_EQ(platform.runtime_errors.size(), 1u);
+    platform.message_answers = {forms::MsgResult::Yes};
+    program.run([&] { program.unload(f); });
+    EXPECT_FALSE(program.is_loaded<windows::Form4>());
+}
+
+TEST_F(SpectraEdgeTest, AGridEndBelowItsStartGivesNoOrdinatesAndTheChartsRefuseTheEmptyArrays) {
+    to_design();
+    windows::Form2& f2 = form2();
+    program.run([&] { f2.tend.set_text("0.004"); });
+    press(f2.Command1);
+    EXPECT_EQ(state().specCount, 0);  // 0.4 goes to the even 0
+    EXPECT_EQ(state().designSa.ubound(), 0);
+    // Next is enabled before the plot, which finds nothing to scale.
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kInvalidCall);
+    EXPECT_TRUE(f2.xnext.enabled());
+    press(f2.xnext);
+    ASSERT_TRUE(program.is_loaded<windows::Form3>());
+    EXPECT_EQ(state().tEnd, 0.004);
+    press(form3().Command1);
+    // No period runs; the spectra are made 0..0 and the plot of them fails the same way.
+    EXPECT_EQ(state().specX1.ubound(), 0);
+    EXPECT_EQ(platform.runtime_errors.size(), 2u);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(program.is_loaded<windows::Form3>());
+    EXPECT_FALSE(form3().Picbar.visible());
+}
+
+TEST_F(SpectraEdgeTest, TheHeadingsOfTheComparisonExportOnTwoRealRecords) {
+    const std::string x1 = data_path("records/tabas1978_ferdows_L1.txt");
+    const std::string y1 = data_path("records/tabas1978_ferdows_T1.txt");
+    const std::string x2 = data_path("records/duzce1999_lamont362_E.txt");
+    const std::string y2 = data_path("records/duzce1999_lamont362_N.txt");
+    if (x1.empty() || x2.empty()) GTEST_SKIP() << "shared data not present";
+    platform.input_answers = {"2", "5"};
+    for (const auto& [x, y, dt] : {std::tuple{x1, y1, "0.02"}, std::tuple{x2, y2, "0.01"}}) {
+        open_record(x, y);
+        program.run([&] { form1().xstep.set_text(dt); });
+        program.run([&] { form1().Command2.press(); });
+        program.run([&] { form1().xnext.press(); });
+    }
+    press(form2().Command1);
+    press(form2().xnext);
+    press(form3().Command1);
+    press(form3().Command4);
+    windows::Form4& f = form4();
+    press(f.Command1);
+    platform.file_answers = {(dir / "srss.txt").string()};
+    press(f.Command3);
+    program.run([&] { f.Check2.user_click(); });
+    press(f.Command1);
+    platform.file_answers = {(dir / "smax.txt").string()};
+    press(f.Command3);
+    ASSERT_TRUE(platform.runtime_errors.empty()) << platform.runtime_errors[0].second;
+    const std::string accel =
+        "a(x1)               a(y1)             a(x2)              a(y2)             a(x3)             a(y3)            ";
+    const std::string sa = "Sa(x1)           Sa(y1)            Sa(x2)           Sa(y2)           Sa(x3)          Sa(y3)"
+                           "            ";
+    const auto srss = read_lines(dir / "srss.txt");
+    const auto smax = read_lines(dir / "smax.txt");
+    ASSERT_EQ(srss.size(), 1u + 4320u - 5u + 1u);  // the longer record's last line, from line 5
+    ASSERT_EQ(smax.size(), srss.size());
+    EXPECT_EQ(srss[0], accel + sa + "Srss(1)          Srss(2)         Srss(3)         Srss(Ave)");
+    EXPECT_EQ(smax[0], accel + sa + "Smax(1)          Smax(2)         Smax(3)         Smax(Ave)");
+}
+
+}  // namespace
+}  // namespace tv::test
