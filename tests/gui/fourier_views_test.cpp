@@ -24,6 +24,8 @@
 #include <QStyleOptionButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
+#include <algorithm>
 #include <memory>
 
 #include "gui/bind/binder.h"
@@ -243,6 +245,19 @@ protected:
         QTest::keyClicks(box, text);
     }
 
+    /// The record shown in Form1 from line 5, then "Fourier".
+    void open_fourier() {
+        platform.inputs = {"1", "1"};
+        platform.files = {x_file, y_file};
+        for (int i = 0; i < 2; ++i) {
+            frame->findChild<QAction*>("menu_open")->trigger();
+            test::settle();
+        }
+        type(f1(), "Xfline", "5");
+        click(f1(), "Command2");
+        click(f1(), "Command1");
+    }
+
     windows::Form1& f1() { return program.form<windows::Form1>(); }
     windows::Form12& f12() { return program.form<windows::Form12>(); }
     windows::Form13& f13() { return program.form<windows::Form13>(); }
@@ -255,15 +270,7 @@ protected:
 };
 
 TEST_F(FourierRoad, TransformPicksAndHistory) {
-    platform.inputs = {"1", "1"};
-    platform.files = {x_file, y_file};
-    for (int i = 0; i < 2; ++i) {
-        frame->findChild<QAction*>("menu_open")->trigger();
-        test::settle();
-    }
-    type(f1(), "Xfline", "5");
-    click(f1(), "Command2");
-    click(f1(), "Command1");
+    open_fourier();
     ASSERT_TRUE(program.is_loaded<windows::Form12>());
     QWidget* view = platform.view_of(f12());
     ASSERT_NE(view, nullptr);
@@ -309,6 +316,58 @@ TEST_F(FourierRoad, TransformPicksAndHistory) {
     click(f13(), "Command2");
     EXPECT_FALSE(program.is_loaded<windows::Form13>());
     EXPECT_EQ(in<QLineEdit>(f12(), "Text1")->text(), "13");
+}
+
+TEST_F(FourierRoad, TheBarMovesAndTheWindowIsShutWhileTheSumRuns) {
+    open_fourier();
+    ASSERT_TRUE(program.is_loaded<windows::Form12>());
+    QWidget* view = platform.view_of(f12());
+    ASSERT_NE(view, nullptr);
+    auto* cover = view->findChild<QWidget*>("busyCover");
+    ASSERT_NE(cover, nullptr);
+    EXPECT_FALSE(cover->isVisible());
+    auto* bar = in<QProgressBar>(f12(), "pbar");
+    auto* go = in<QPushButton>(f12(), "Command1");
+    ASSERT_NE(bar, nullptr);
+    type(f12(), "Text1", "60");  // 1,200 omegas
+
+    std::vector<int> values;
+    QObject::connect(bar, &QProgressBar::valueChanged, bar, [&](int v) { values.push_back(v); });
+    // Once the sum runs, its pending events bring a user's click on GO.
+    int clicks = 0;
+    bool covered = false, on_top = false, hourglass = false, picbar = false;
+    QTimer poke;
+    poke.setInterval(0);
+    QObject::connect(&poke, &QTimer::timeout, view, [&] {
+        if (clicks > 0 || !f12().looping()) return;
+        ++clicks;
+        covered = cover->isVisible() && cover->geometry() == view->rect();
+        on_top = view->childAt(go->mapTo(view, go->rect().center())) == cover;
+        hourglass = QGuiApplication::overrideCursor() != nullptr &&
+                    QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        picbar = in<QGroupBox>(f12(), "Picbar")->isVisible();
+        QTest::mouseClick(go, Qt::LeftButton);
+        QTest::keyClick(cover, Qt::Key_Space);
+    });
+    poke.start();
+    click(f12(), "Command1");
+    poke.stop();
+
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(covered);
+    EXPECT_TRUE(on_top);
+    EXPECT_TRUE(hourglass);
+    EXPECT_TRUE(picbar);
+    // One run: the bar only climbs, in many steps, to its end.
+    EXPECT_GT(values.size(), 50u);
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    ASSERT_FALSE(values.empty());
+    EXPECT_EQ(values.back(), bar->maximum());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_EQ(in<QTableView>(f12(), "Grid1")->model()->rowCount(), 1200);
+    EXPECT_FALSE(cover->isVisible());
+    EXPECT_FALSE(f12().looping());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 }  // namespace
