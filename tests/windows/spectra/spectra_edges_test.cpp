@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include <fstream>
+#include <functional>
 #include <tuple>
 
 #include "text/format.h"
@@ -239,6 +240,112 @@ TEST_F(SpectraEdgeTest, TheHeadingsOfTheComparisonExportOnTwoRealRecords) {
     ASSERT_EQ(smax.size(), srss.size());
     EXPECT_EQ(srss[0], accel + sa + "Srss(1)          Srss(2)         Srss(3)         Srss(Ave)");
     EXPECT_EQ(smax[0], accel + sa + "Smax(1)          Smax(2)         Smax(3)         Smax(Ave)");
+}
+
+}  // namespace
+}  // namespace tv::test
+
+namespace tv::test {
+namespace {
+
+// A platform whose pending events can be a user's clicks, made while a calculation runs.
+class EventPlatform : public FakePlatform {
+public:
+    std::function<void(int)> during;  // called with the number of the do_events call
+    void do_events() override {
+        FakePlatform::do_events();
+        if (during) during(do_events_calls);
+    }
+};
+
+class DuringRunTest : public ::testing::Test {
+protected:
+    int first_call = 0;
+    DuringRunTest() : program(platform) {
+        dir = std::filesystem::temp_directory_path() /
+              ("tv_during_" + std::to_string(::getpid()) + "_" +
+               ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::create_directories(dir);
+        windows::start(program);
+        program.state.workDir = dir.string();
+    }
+    ~DuringRunTest() override { std::filesystem::remove_all(dir); }
+
+    void to_response() {
+        std::ofstream(dir / "x.txt") << "h\n0.1\n-0.4\n0.3\n-0.2\n0.25\n0\n-0.1\n0.05\n";
+        std::ofstream(dir / "y.txt") << "h\n0.2\n0.1\n-0.3\n0.35\n-0.1\n0.05\n0\n0\n";
+        platform.input_answers = {"1", "2"};
+        for (const char* f : {"x.txt", "y.txt"}) {
+            platform.file_answers.push_back((dir / f).string());
+            program.run([&] { program.form<windows::frmMain>().menu_open.choose(); });
+        }
+        auto& f1 = program.form<windows::Form1>();
+        program.run([&] { f1.xstep.set_text("0.01"); });
+        program.run([&] { f1.Command2.press(); });
+        program.run([&] { f1.xnext.press(); });
+        auto& f2 = program.form<windows::Form2>();
+        program.run([&] { f2.Command1.press(); });
+        program.run([&] { f2.xnext.press(); });
+        ASSERT_TRUE(program.is_loaded<windows::Form3>());
+    }
+    windows::Form3& form3() { return program.form<windows::Form3>(); }
+
+    EventPlatform platform;
+    windows::Program program;
+    std::filesystem::path dir;
+};
+
+TEST_F(DuringRunTest, AnExportBetweenPeriodsCutsTheArraysAndTheRunStopsAtTheCut) {
+    to_response();
+    windows::Form3& f = form3();
+    program.run([&] { f.Command1.press(); });
+    const std::vector<double> clean = program.state.specX1.raw();
+    ASSERT_TRUE(f.Command5.enabled());  // Export stays open through the next Calculate
+    platform.messages.clear();
+    platform.during = [&](int call) {
+        if (call != first_call) return;
+        platform.file_answers.push_back((dir / "during.txt").string());
+        f.Command5.press();
+    };
+    first_call = platform.do_events_calls + 1;
+    program.run([&] { f.Command1.press(); });
+    platform.during = nullptr;
+    // The export wrote period 1 and cut everything to the last line, 9; periods 2 to 9 still ran,
+    // period 10 found no place and the trap told it.
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[0].text, "Done");
+    EXPECT_EQ(platform.messages[1].text, "Subscript out of range");
+    EXPECT_EQ(platform.messages[1].title, "Error");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_EQ(program.state.specX1.ubound(), 9);
+    EXPECT_EQ(program.state.accelX1.ubound(), 9);
+    for (long j = 1; j <= 9; ++j) EXPECT_EQ(program.state.specX1(j), clean[static_cast<std::size_t>(j)]) << j;
+    EXPECT_TRUE(f.Picbar.visible());  // the trap leaves the panel; Calculate then opens its buttons
+    EXPECT_EQ(read_lines(dir / "during.txt").size(), 10u);
+}
+
+TEST_F(DuringRunTest, ATickMadeWhileTheRunGoesOnCountsFromTheNextPeriod) {
+    to_response();
+    windows::Form3& f = form3();
+    program.run([&] { f.Command1.press(); });
+    const std::vector<double> psa = program.state.specY1.raw();
+    program.run([&] { f.Check1.user_click(); });
+    program.run([&] { f.Command1.press(); });
+    const std::vector<double> sd = program.state.specY1.raw();
+    program.run([&] { f.Check1.user_click(); });  // back to none
+    ASSERT_EQ(f.Check1.value(), 0);
+
+    first_call = platform.do_events_calls + 3;  // after the third period
+    platform.during = [&](int call) {
+        if (call == first_call) f.Check1.user_click();
+    };
+    program.run([&] { f.Command1.press(); });
+    platform.during = nullptr;
+    const auto& mixed = program.state.specY1;
+    for (long j = 1; j <= 3; ++j) EXPECT_EQ(mixed(j), psa[static_cast<std::size_t>(j)]) << j;
+    for (long j = 4; j <= 400; ++j) EXPECT_EQ(mixed(j), sd[static_cast<std::size_t>(j)]) << j;
+    EXPECT_NE(psa[5], sd[5]);
+    EXPECT_EQ(f.Label4.caption(), "(Displacement)");
 }
 
 }  // namespace
