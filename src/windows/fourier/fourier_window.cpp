@@ -123,11 +123,9 @@ void Form12::Command1_Click() {
     // The source is record 1's X table as scaled, whatever is drawn.
     compute::FourierSamples samples;
     if (n >= 1) {
-        const double first = val(f1.Xfline.text()), last = val(f1.xeline.text());
-        for (double j = first; j <= last; j += 1) {
-            samples.j.push_back(j);
-            samples.x.push_back(val(f1.Grid1.text(static_cast<int>(text::index_of(j)), 1)));
-        }
+        samples = compute::fourier_samples(val(f1.Xfline.text()), val(f1.xeline.text()), [&f1](double j) {
+            return val(f1.Grid1.text(static_cast<int>(text::index_of(j)), 1));
+        });
     }
     std::vector<double> re, im, omega;
     compute::fourier_sums(samples, dt, deltaOmega, n, re, im, omega, [&](std::int32_t i) {
