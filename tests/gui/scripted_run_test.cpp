@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -17,6 +18,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+#include <cmath>
 
 #include "gui/bind/picture_view.h"
 #include "gui/platform/twips.h"
@@ -149,12 +151,40 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     EXPECT_EQ(plot->x(), -twips_to_px(5000, plot));
     test::save_shot(*view, "run_3_scrolled");
 
-    // The read-out follows the mouse over the plot.
-    const QPointF at(viewport->width() / 2.0 - plot->x(), viewport->height() / 3.0);
+    // The slide only moved the plot: its painting was kept and not replayed.
+    const int rebuilds = plot->cache_rebuilds();
+    scroll->setValue(60);
+    test::settle();
+    EXPECT_EQ(plot->cache_rebuilds(), rebuilds);
+    EXPECT_EQ(plot->cached_operations(), f1.chart.picNemodar.ops().size());
+    scroll->setValue(50);
+    test::settle();
+
+    // The read-out follows the mouse over the plot: at index 690 (line 690 of the file holds
+    // .1671619), with the default time step 0.005.
+    const double dpi = logical_dpi(plot);
+    const QPointF at(twips_to_px(f1.chart.picNemodar.x_to_twips(690), dpi), viewport->height() / 3.0);
+    ASSERT_GT(at.x() + plot->x(), 0);
+    ASSERT_LT(at.x() + plot->x(), viewport->width());
     QMouseEvent move(QEvent::MouseMove, at, plot->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(plot, &move);
-    EXPECT_TRUE(in_form1<QLabel>("Label8")->text().startsWith("t: ")) << in_form1<QLabel>("Label8")->text().toStdString();
+    test::settle();
+    EXPECT_EQ(in_form1<QLabel>("Label8")->text().toStdString(), "t: 3.45 , Accel: 0.17  ");
     EXPECT_TRUE(f1.chart.Line2.visible());
+    EXPECT_NEAR(f1.chart.Line2.x1(), 690, 1e-3);
+    // Line3 stands at the sample's own height across the whole plot.
+    EXPECT_EQ(f1.chart.Line3.y1(), 0.1671619f);
+    EXPECT_EQ(f1.chart.Line3.y2(), 0.1671619f);
+    EXPECT_EQ(f1.chart.Line3.x1(), 0.0f);
+    EXPECT_EQ(f1.chart.Line3.x2(), static_cast<float>(2 * 3 * 9165));
+    // On the screen: a black row of pixels at that height, left and right of the mouse.
+    const int row = static_cast<int>(std::floor(twips_to_px(f1.chart.picNemodar.y_to_twips(0.1671619f), dpi)));
+    const QImage shown = plot->grab().toImage();
+    for (int dx : {-200, -60, 60, 200}) {
+        const int col = static_cast<int>(at.x()) + dx;
+        EXPECT_EQ(shown.pixel(col, row), qRgb(0, 0, 0)) << "column " << col << ", row " << row;
+        EXPECT_NE(shown.pixel(col, row - 3), qRgb(0, 0, 0)) << "column " << col << ", row " << row - 3;
+    }
     test::save_shot(*view, "run_4_readout");
 }
 

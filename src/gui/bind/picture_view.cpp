@@ -105,18 +105,20 @@ void draw_line(LineBatch& batch, const QRectF& area, QColor colour, double width
 
 }  // namespace
 
-void paint_picture(QPainter& p, const forms::PictureBox& pic, const std::vector<const forms::Control*>& overlays,
-                   const PaintScale& scale, const QRectF& exposed) {
+void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t first, const PaintScale& scale,
+                      const QRectF& exposed) {
     const double s = scale.per_twip;
     const QColor fore = old_colour(pic.fore_color);
     p.save();
-    p.fillRect(exposed, old_colour(pic.back_color));
+    if (first == 0) p.fillRect(exposed, old_colour(pic.back_color));
     const QRectF area = exposed.adjusted(-8 * scale.pen, -8 * scale.pen, 8 * scale.pen, 8 * scale.pen);
     p.setFont(picture_font(pic));
     const QFontMetricsF fm(p.font(), p.device());
     {
         LineBatch batch(p);
-        for (const forms::DrawOp& op : pic.ops()) {
+        const std::vector<forms::DrawOp>& ops = pic.ops();
+        for (std::size_t i = first; i < ops.size(); ++i) {
+            const forms::DrawOp& op = ops[i];
             const QColor colour = op.color < 0 ? fore : old_colour(op.color);
             const double width = std::max(1, op.width) * scale.pen;
             switch (op.kind) {
@@ -141,6 +143,17 @@ void paint_picture(QPainter& p, const forms::PictureBox& pic, const std::vector<
                 }
             }
         }
+    }
+    p.restore();
+}
+
+void paint_overlays(QPainter& p, const forms::PictureBox& pic, const std::vector<const forms::Control*>& overlays,
+                    const PaintScale& scale, const QRectF& exposed) {
+    const double s = scale.per_twip;
+    p.save();
+    const QRectF area = exposed.adjusted(-8 * scale.pen, -8 * scale.pen, 8 * scale.pen, 8 * scale.pen);
+    {
+        LineBatch batch(p);
         // The line and shape objects placed on the picture, in its user scale.
         for (const forms::Control* c : overlays) {
             if (!c->visible()) continue;
@@ -166,12 +179,19 @@ void paint_picture(QPainter& p, const forms::PictureBox& pic, const std::vector<
     p.restore();
 }
 
+void paint_picture(QPainter& p, const forms::PictureBox& pic, const std::vector<const forms::Control*>& overlays,
+                   const PaintScale& scale, const QRectF& exposed) {
+    paint_operations(p, pic, 0, scale, exposed);
+    paint_overlays(p, pic, overlays, scale, exposed);
+}
+
 PictureView::PictureView(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void PictureView::set_picture(const forms::PictureBox* picture, std::vector<const forms::Control*> overlays) {
+    if (picture != picture_) cache_ = QPixmap();
     picture_ = picture;
     overlays_ = std::move(overlays);
     if (picture_ != nullptr) follow_model();
@@ -220,7 +240,51 @@ void PictureView::paintEvent(QPaintEvent* event) {
         return;
     }
     const double dpi = logical_dpi(this);
-    paint_picture(p, *picture_, overlays_, PaintScale{dpi / kTwipsPerInch, 1.0}, QRectF(event->rect()));
+    const PaintScale scale{dpi / kTwipsPerInch, 1.0};
+    if (update_cache(dpi)) {
+        // An expose or a slide of the plot copies from the image; the curve is not replayed.
+        const QRect r = event->rect();
+        p.drawPixmap(r, cache_, QRectF(QPointF(r.topLeft()) * cache_ratio_, QSizeF(r.size()) * cache_ratio_).toRect());
+        paint_overlays(p, *picture_, overlays_, scale, QRectF(r));
+    } else {
+        paint_picture(p, *picture_, overlays_, scale, QRectF(event->rect()));
+    }
+}
+
+bool PictureView::update_cache(double dpi) {
+    const qreal ratio = devicePixelRatioF();
+    const QSize device(static_cast<int>(std::ceil(width() * ratio)), static_cast<int>(std::ceil(height() * ratio)));
+    // Beyond what an image can hold, the picture is painted straight from the model.
+    constexpr int kLargest = 32767;
+    if (device.isEmpty() || device.width() > kLargest || device.height() > kLargest) {
+        cache_ = QPixmap();
+        return false;
+    }
+    const std::size_t count = picture_->ops().size();
+    const bool fresh = cache_.isNull() || cache_.size() != device || cache_ratio_ != ratio || cache_dpi_ != dpi ||
+                       cache_revision_ != picture_->revision() || cache_back_ != picture_->back_color ||
+                       cache_fore_ != picture_->fore_color || cache_font_ != picture_->font_name ||
+                       cache_font_size_ != picture_->font_size || count < cache_ops_;
+    if (!fresh && count == cache_ops_) return true;
+    if (fresh) {
+        cache_ = QPixmap(device);
+        cache_.setDevicePixelRatio(ratio);
+        cache_ops_ = 0;
+        cache_revision_ = picture_->revision();
+        cache_dpi_ = dpi;
+        cache_ratio_ = ratio;
+        cache_back_ = picture_->back_color;
+        cache_fore_ = picture_->fore_color;
+        cache_font_ = picture_->font_name;
+        cache_font_size_ = picture_->font_size;
+        ++cache_rebuilds_;
+    }
+    QPainter p(&cache_);
+    // Operations are only ever added between two clears: the new ones go over the image.
+    paint_operations(p, *picture_, cache_ops_, PaintScale{dpi / kTwipsPerInch, 1.0},
+                     QRectF(QPointF(0, 0), QSizeF(size())));
+    cache_ops_ = count;
+    return true;
 }
 
 namespace {

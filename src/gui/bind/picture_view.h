@@ -1,7 +1,10 @@
 #pragma once
 // The view of a PictureBox: replays what the model recorded, at the screen's resolution, with
 // the line and shape objects that stand on it. Promoted from QWidget in the .ui files.
+#include <QPixmap>
 #include <QWidget>
+#include <cstddef>
+#include <string>
 #include <vector>
 
 class QPainter;
@@ -26,6 +29,13 @@ struct PaintScale {
 void paint_picture(QPainter& p, const forms::PictureBox& picture, const std::vector<const forms::Control*>& overlays,
                    const PaintScale& scale, const QRectF& exposed);
 
+/// The parts of paint_picture: the recorded operations from index `first` on (the background
+/// too when `first` is 0), and the overlays alone.
+void paint_operations(QPainter& p, const forms::PictureBox& picture, std::size_t first, const PaintScale& scale,
+                      const QRectF& exposed);
+void paint_overlays(QPainter& p, const forms::PictureBox& picture, const std::vector<const forms::Control*>& overlays,
+                    const PaintScale& scale, const QRectF& exposed);
+
 class PictureView : public QWidget {
     Q_OBJECT
 public:
@@ -34,6 +44,11 @@ public:
     /// The model drawn here; null leaves an empty surface.
     void set_picture(const forms::PictureBox* picture, std::vector<const forms::Control*> overlays = {});
     const forms::PictureBox* picture() const { return picture_; }
+
+    /// Operations painted into the cached image so far, and how often it was painted from the
+    /// start: a scroll or an expose only copies from it.
+    std::size_t cached_operations() const { return cache_ops_; }
+    int cache_rebuilds() const { return cache_rebuilds_; }
 
     /// Size from the model's twips; the position too, unless a layout places the widget.
     void follow_model();
@@ -54,9 +69,23 @@ protected:
 
 private:
     void emit_mouse(int kind, QMouseEvent* event);
+    /// Brings the cached image up to the model: new operations are added to it, anything else
+    /// (a clear, a new size, other colours) paints it again. False when no image is kept.
+    bool update_cache(double dpi);
 
     const forms::PictureBox* picture_ = nullptr;
     std::vector<const forms::Control*> overlays_;
+
+    // The recorded operations painted once; the overlays (cross-hairs) go on top at each paint.
+    QPixmap cache_;
+    unsigned long cache_revision_ = 0;
+    std::size_t cache_ops_ = 0;
+    double cache_dpi_ = 0;
+    qreal cache_ratio_ = 0;
+    int cache_back_ = -1, cache_fore_ = -1;
+    std::string cache_font_;
+    double cache_font_size_ = 0;
+    int cache_rebuilds_ = 0;
 };
 
 }  // namespace tv::gui
