@@ -11,8 +11,15 @@ TEST(FileFilter, DescriptionAndPatternBecomeOneEntry) {
 
 TEST(FileFilter, BarePatternGetsAName) {
     EXPECT_EQ(qt_name_filter("*.txt"), "Text files (*.txt)");
-    EXPECT_EQ(qt_name_filter("*.xls"), "Excel files (*.xls)");
     EXPECT_EQ(qt_name_filter("*.dat"), "DAT files (*.dat)");
+}
+
+TEST(FileFilter, TheOldSpreadsheetPatternShowsTheNewFormToo) {
+    // Browse asks for "*.xls"; the .xlsx reader exists, so those files must not be hidden.
+    EXPECT_EQ(qt_name_filter("*.xls"), "Excel files (*.xls *.xlsx)");
+    EXPECT_EQ(dialog_filter("*.xls", ""), "Excel files (*.xls *.xlsx);;All files (*)");
+    EXPECT_EQ(qt_name_filter("Pushover|*.xls;*.xlsx"), "Pushover (*.xls *.xlsx)");
+    EXPECT_EQ(qt_name_filter("Data|*.txt;*.xls;*.csv"), "Data (*.txt *.xls *.xlsx *.csv)");
 }
 
 TEST(FileFilter, SeveralPairsAndPatternLists) {

@@ -8,13 +8,16 @@ namespace {
 
 bool is_pattern(const QString& s) { return s.contains(u'*') || s.contains(u'?'); }
 
-// "*.txt; *.TXT" -> "*.txt *.TXT"
+// "*.txt; *.TXT" -> "*.txt *.TXT". Both spreadsheet forms are read, so "*.xls" brings "*.xlsx".
 QString pattern_list(const QString& s) {
     QStringList parts;
     for (const QString& p : s.split(u';', Qt::SkipEmptyParts)) {
         QString t = p.trimmed();
         if (!t.isEmpty()) parts << t;
     }
+    const QString xls = QStringLiteral("*.xls"), xlsx = QStringLiteral("*.xlsx");
+    if (parts.contains(xls, Qt::CaseInsensitive) && !parts.contains(xlsx, Qt::CaseInsensitive))
+        parts.insert(parts.indexOf(xls) >= 0 ? parts.indexOf(xls) + 1 : parts.size(), xlsx);
     return parts.join(u' ');
 }
 
