@@ -96,7 +96,7 @@ TEST_F(CoefficientCliTest, CheckedFailuresEndWithStatusOne) {
     std::string tons = write("tons.txt", "Displacement\n 0 0 0 x\n 1 1 1.5 x\n 2 2 2.6 x\n 3 8 3.3 x\n");
     r = run_cli({"coefficient", tons});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "Error: Error in determining X & Y Yeld !\n");
+    EXPECT_EQ(r.err, "Error: Equation Could Not Be Solved !\nError: Error in determining X & Y Yeld !\n");
 
     r = run_cli({"coefficient", "--vs", "0", curve});
     EXPECT_EQ(r.status, 1);

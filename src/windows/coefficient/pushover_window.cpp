@@ -361,10 +361,9 @@ void Form6::Command3_Click() {
     } catch (const text::RuntimeError&) {
         failed = true;
     }
-    if (failed)
-        show_error("Error in determining X & Y Yeld !");
-    else if (!solved)
-        show_error("Equation Could Not Be Solved !");
+    // A failure abandons the scan unsolved, so it brings both messages, in this order.
+    if (!solved) show_error("Equation Could Not Be Solved !");
+    if (failed) show_error("Error in determining X & Y Yeld !");
 
     Command3.set_enabled(true);
     ProgressBar1.set_value(0);

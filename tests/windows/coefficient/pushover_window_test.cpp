@@ -314,9 +314,12 @@ TEST_F(PushoverWindowTest, SmallUnitsGiveKiBelowTheScanLimit) {
     // The same shape in tons: Ki = 1.5, so the step of the scan cannot be formed.
     start_listing(write_listing("tons.txt", {{0, 0}, {1, 1.5}, {2, 2.6}, {3, 3}, {5, 3.2}, {8, 3.3}}));
     press(f6().Command3);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Error in determining X & Y Yeld !");
-    EXPECT_EQ(platform.messages[0].title, "Error");
+    // The failure leaves the scan unsolved: both messages, in this order.
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
+    EXPECT_EQ(platform.messages[1].text, "Error in determining X & Y Yeld !");
+    EXPECT_EQ(platform.messages[1].title, "Error");
+    EXPECT_EQ(platform.messages[1].icon, forms::MsgIcon::Critical);
     EXPECT_EQ(f6().lblArea.caption(), "21.550");  // computed before the failure
     EXPECT_TRUE(f6().Command3.enabled());
     EXPECT_TRUE(f6().txtZarib.enabled());
@@ -328,8 +331,9 @@ TEST_F(PushoverWindowTest, ARatioOfZeroFailsAtTheFirstCrossing) {
     start_listing(write_listing("k1000.txt", {{0, 0}, {1, 1000}, {2, 1500}, {4, 1700}}));
     type(f6().txtZarib, "0");
     press(f6().Command3);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Error in determining X & Y Yeld !");
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
+    EXPECT_EQ(platform.messages[1].text, "Error in determining X & Y Yeld !");
 }
 
 TEST_F(PushoverWindowTest, TheManualRouteTakesTheTypedPoint) {

@@ -126,8 +126,9 @@ TEST_F(RealPushoverTest, ANormalisedCurveIsBelowTheScanLimit) {
     ASSERT_TRUE(platform.messages.empty());
     EXPECT_EQ(f6().Fg.rows(), 137);
     press(f6().Command3);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Error in determining X & Y Yeld !");
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
+    EXPECT_EQ(platform.messages[1].text, "Error in determining X & Y Yeld !");
 }
 
 TEST_F(RealPushoverTest, ACurveWithAVerticalStepIsScannedWithoutFailure) {
