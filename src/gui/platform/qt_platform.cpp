@@ -102,6 +102,8 @@ std::unique_ptr<QMessageBox> QtPlatform::make_message_box(const std::string& tex
     // The title is the program's own: an empty one stays empty.
     auto box = std::make_unique<QMessageBox>(qicon, qs(title), qs(text), qbuttons, parent);
     box->setTextFormat(Qt::PlainText);
+    // A Persian text reads from the right: the box lays out its text and button that way too.
+    if (qs(text).isRightToLeft()) box->setLayoutDirection(Qt::RightToLeft);
     return box;
 }
 
