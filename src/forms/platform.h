@@ -34,6 +34,15 @@ struct PrintJob {
     std::string pdf_path;               // not empty: the page goes to this PDF file instead
 };
 
+/// The name rule of "Save PDF...": ".pdf" is added when the name does not end in it (any case).
+inline std::string pdf_file_name(std::string chosen) {
+    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    const std::string tail = ".pdf";
+    bool has = chosen.size() >= tail.size();
+    for (std::size_t i = 0; has && i < tail.size(); ++i) has = lower(chosen[chosen.size() - tail.size() + i]) == tail[i];
+    return has ? chosen : chosen + tail;
+}
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -76,5 +85,19 @@ public:
     virtual double text_width_twips(const std::string& text, const std::string& font, double size);
     virtual double text_height_twips(const std::string& font, double size);
 };
+
+/// "Save PDF...": the page of `job` goes to a PDF file named in a save dialog, whether or not a
+/// printer exists. A cancelled dialog writes nothing; a file that cannot be written is error 75.
+inline void save_page_as_pdf(Platform& platform, PrintJob job) {
+    FileDialogRequest request;
+    request.save = true;
+    request.filter = "PDF File | *.pdf";
+    request.file_name = "*.pdf";
+    request.title = "Save PDF";
+    const std::optional<std::string> chosen = platform.file_dialog(request);
+    if (!chosen || chosen->empty() || *chosen == request.file_name) return;
+    job.pdf_path = pdf_file_name(*chosen);
+    if (!platform.print(job)) platform.report_runtime_error(75, "Path/File access error");
+}
 
 }  // namespace tv::forms

@@ -19,6 +19,9 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTableView>
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
@@ -27,6 +30,7 @@
 
 #include "gui/bind/binder.h"
 #include "gui/bind/picture_view.h"
+#include "gui/platform/page_painter.h"
 #include "gui/platform/twips.h"
 #include "gui/platform/view_registry.h"
 #include "gui/views.h"
@@ -401,6 +405,115 @@ TEST_F(CoefficientRun, FromTheMenuToTheNote) {
     EXPECT_FALSE(program.is_loaded<windows::Form7>());
     EXPECT_TRUE(platform.runtime_errors.empty());
     test::save_shot(*frame, "coefficient_run");
+}
+
+// A page as the printer gets it, painted into an A4 image at 96 dpi by the printer's routine.
+QImage page_image(const forms::PrintJob& job, const QPixmap* form_image) {
+    QImage page(794, 1123, QImage::Format_RGB32);
+    page.setDotsPerMeterX(3780);
+    page.setDotsPerMeterY(3780);
+    page.fill(Qt::white);
+    QPainter p(&page);
+    p.setRenderHint(QPainter::Antialiasing, true);
+    paint_page(p, QRectF(48, 48, 794 - 96, 1123 - 96), job, form_image);
+    p.end();
+    return page;
+}
+
+/// The share of pixels of a region that are not white.
+double inked(const QImage& image, const QRect& region) {
+    long n = 0, total = 0;
+    for (int y = region.top(); y <= region.bottom(); ++y)
+        for (int x = region.left(); x <= region.right(); ++x, ++total)
+            if (image.pixel(x, y) != qRgb(255, 255, 255)) ++n;
+    return total ? double(n) / double(total) : 0;
+}
+
+std::string file_head(const std::filesystem::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    std::string head(5, '\0');
+    in.read(head.data(), 5);
+    return head;
+}
+
+TEST_F(CoefficientRun, SavePdfWritesThePrintedPagesWithoutAPrinter) {
+    const std::filesystem::path out =
+        std::filesystem::temp_directory_path() / ("tv_coefficient_pdf_" + std::to_string(::getpid()));
+    std::filesystem::create_directories(out);
+    program.run([this] { windows::start(program); });
+    platform.frame()->resize(1400, 960);
+    platform.frame()->findChild<QAction*>("PUSHOVER")->trigger();
+    test::settle();
+    windows::Form6& f6 = program.form<windows::Form6>();
+    listing = (out / "curve.txt").string();
+    std::ofstream(listing, std::ios::binary) << kSofteningListing;
+    QLineEdit* path = in<QLineEdit>(f6, "Text1");
+    ASSERT_NE(path, nullptr);
+    path->setFocus();
+    QTest::keyClicks(path, QString::fromStdString(listing));
+    QTest::mouseClick(in<QPushButton>(f6, "Command2"), Qt::LeftButton);
+    test::settle();
+    QTest::mouseClick(in<QPushButton>(f6, "Command3"), Qt::LeftButton);
+    test::settle();
+    ASSERT_EQ(in<QLabel>(f6, "txtTEF")->text(), "1.022");
+
+    // Form6: the name gets ".pdf"; the file is whole and nothing else is left beside it.
+    QPushButton* save6 = in<QPushButton>(f6, "cmdSavePdf");
+    ASSERT_NE(save6, nullptr);
+    EXPECT_EQ(save6->text(), "Save PDF...");
+    platform.files.push_back((out / "pushover_page").string());
+    QTest::mouseClick(save6, Qt::LeftButton);
+    test::settle();
+    EXPECT_EQ(file_head(out / "pushover_page.pdf"), "%PDF-");
+    EXPECT_GT(std::filesystem::file_size(out / "pushover_page.pdf"), 1000u);
+    // A cancelled dialog writes nothing.
+    QTest::mouseClick(save6, Qt::LeftButton);
+    test::settle();
+
+    // The page itself, as a picture to look at: the diagram, then the final results.
+    const QImage page6 = page_image(f6.report_page(), nullptr);
+    EXPECT_TRUE(page6.save(QString::fromStdString(test::shots_dir() + "/Form6_printed_page.png")));
+    const double diagram_px = twips_to_px(f6.pic1.height(), 96.0);
+    EXPECT_GT(inked(page6, QRect(48, 48, 698, int(diagram_px))), 0.002);
+    EXPECT_GT(inked(page6, QRect(48, 48 + int(diagram_px), 400, 150)), 0.002);  // the result lines
+    EXPECT_EQ(inked(page6, QRect(48, 700, 698, 370)), 0.0);                      // nothing below
+
+    // Form8 prints the image of its window alone.
+    QTest::mouseClick(in<QPushButton>(f6, "Command5"), Qt::LeftButton);
+    test::settle();
+    windows::Form8& f8 = program.form<windows::Form8>();
+    QWidget* v8 = platform.view_of(f8);
+    ASSERT_NE(v8, nullptr);
+    for (auto [name, text] : {std::pair{"Text1", "3"}, {"Text10", "10000"}, {"Text2", "0.5"}}) {
+        QLineEdit* box = in<QLineEdit>(f8, name);
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    }
+    QTest::mouseClick(in<QPushButton>(f8, "Command1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_EQ(in<QLineEdit>(f8, "Text9")->text(), "15.57");
+    platform.files.push_back((out / "target_page.PDF").string());
+    QTest::mouseClick(in<QPushButton>(f8, "cmdSavePdf"), Qt::LeftButton);
+    test::settle();
+    EXPECT_EQ(file_head(out / "target_page.PDF"), "%PDF-");
+    const QPixmap window = v8->grab();
+    const QImage page8 = page_image(f8.report_page(), &window);
+    EXPECT_TRUE(page8.save(QString::fromStdString(test::shots_dir() + "/Form8_printed_page.png")));
+    const double shown_height = window.deviceIndependentSize().height() *
+                                std::min(1.0, 698.0 / window.deviceIndependentSize().width());
+    EXPECT_EQ(inked(page8, QRect(48, 48 + int(shown_height) + 4, 698, 1123 - 96 - int(shown_height) - 8)), 0.0);
+
+    int files = 0;
+    for (const auto& e : std::filesystem::directory_iterator(out)) {
+        (void)e;
+        ++files;
+    }
+    EXPECT_EQ(files, 3);  // the listing and the two pages
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    std::filesystem::remove_all(out);
+    listing.clear();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetricsF>
@@ -22,6 +23,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 #include "forms/app.h"
 #include "forms/form.h"
@@ -193,9 +195,15 @@ std::string QtPlatform::current_printer() { return QPrinterInfo::defaultPrinterN
 
 bool QtPlatform::print(const forms::PrintJob& job) {
     QPrinter printer(QPrinter::HighResolution);
+    // A PDF is written beside its name and renamed when whole, so a failure leaves no half file.
+    QString pdf_temp;
     if (!job.pdf_path.empty()) {
+        const QFileInfo target(qs(job.pdf_path));
+        pdf_temp = target.absoluteDir().filePath(QStringLiteral(".%1.tmp%2")
+                                                     .arg(target.fileName())
+                                                     .arg(QCoreApplication::applicationPid()));
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(qs(job.pdf_path));
+        printer.setOutputFileName(pdf_temp);
     } else {
         QPrinterInfo info = QPrinterInfo::printerInfo(qs(job.printer));
         if (info.isNull()) info = QPrinterInfo::defaultPrinter();
@@ -208,11 +216,22 @@ bool QtPlatform::print(const forms::PrintJob& job) {
         if (QWidget* v = view_of(*job.form_image)) image = v->grab();
     }
     QPainter p;
-    if (!p.begin(&printer)) return false;
+    if (!p.begin(&printer)) {
+        if (!pdf_temp.isEmpty()) QFile::remove(pdf_temp);
+        return false;
+    }
     const QRectF area = printer.pageLayout().paintRectPixels(printer.resolution()).translated(
         -printer.pageLayout().paintRectPixels(printer.resolution()).topLeft());
     paint_page(p, area, job, image.isNull() ? nullptr : &image);
-    return p.end();
+    const bool done = p.end();
+    if (pdf_temp.isEmpty()) return done;
+    std::error_code ec;
+    if (done) std::filesystem::rename(pdf_temp.toStdString(), job.pdf_path, ec);
+    if (!done || ec) {
+        QFile::remove(pdf_temp);
+        return false;
+    }
+    return true;
 }
 
 void QtPlatform::set_busy(bool busy) {

@@ -45,6 +45,7 @@ Form10::Form10(forms::App& app) : Window(app, "Form10", "Diagram", 11000, 6500),
     pic1.set_visible(false);
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
+    cmdSavePdf.Click = [this] { cmdSavePdf_Click(); };
     chart.Slider1.Change = [this] { chart.slider_changed(); };
     chart.HScroll1.Change = [this] { chart.scroll(); };
     chart.HScroll1.Scroll = [this] { chart.scroll(); };
@@ -150,5 +151,7 @@ void Form10::Command2_Click() {
     if (platform().printers().empty()) return;
     platform().print(report_page());
 }
+
+void Form10::cmdSavePdf_Click() { forms::save_page_as_pdf(platform(), report_page()); }
 
 }  // namespace tv::windows

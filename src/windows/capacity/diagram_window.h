@@ -17,6 +17,7 @@ public:
     Chart chart;
     forms::CommandButton& Command1 = button("Command1", "Close");
     forms::CommandButton& Command2 = button("Command2", "Print");
+    forms::CommandButton& cmdSavePdf = button("cmdSavePdf", "Save PDF...");
     forms::Label& Label2 = label("Label2", "Select Device :");
     forms::ComboBox& xprinter = combo("xprinter");
     /// The page's copy of the chart: plot and strips side by side, as printed.
@@ -34,6 +35,8 @@ public:
     void Command1_Click();
     /// Print: the plot and the four result lines of Form9 on the chosen printer.
     void Command2_Click();
+    /// Save PDF...: the page of Print, to a PDF file, with or without a printer.
+    void cmdSavePdf_Click();
     void picNemodar_MouseMove(int button, int shift, double x, double y);
 
     /// The five series from Form9's Fg3.

@@ -68,6 +68,7 @@ Form6::Form6(forms::App& app) : Window(app, "Form6", "Calculate T-Effective", 15
     Text6.Change = [this] { Text6_Change(); };
     Text11.Change = [this] { Text11_Change(); };
     Command6.Click = [this] { Command6_Click(); };
+    cmdSavePdf.Click = [this] { cmdSavePdf_Click(); };
 
     pushoverPoints.redim(0);
     draw_excel_sample();
@@ -546,5 +547,7 @@ void Form6::Command6_Click() {
     if (platform().printers().empty()) return;
     platform().print(report_page());
 }
+
+void Form6::cmdSavePdf_Click() { forms::save_page_as_pdf(platform(), report_page()); }
 
 }  // namespace tv::windows

@@ -30,10 +30,11 @@ public:
 
     // The step table and the diagram.
     forms::Grid& Fg = grid("Fg", 1, 3);
-    /// The printed area: the diagram with its two scale strips.
-    forms::PictureBox& Picture1 = picture("Picture1", 7200, 5200);
+    /// The printed area: the diagram with its two scale strips, and room at the right for the
+    /// last tick's text.
+    forms::PictureBox& Picture1 = picture("Picture1", 7600, 5200);
     forms::PictureBox& picDiagram = picture("picDiagram", 6400, 4500, &Picture1);
-    forms::PictureBox& xBar = picture("xBar", 6400, 500, &Picture1);
+    forms::PictureBox& xBar = picture("xBar", 6800, 500, &Picture1);
     forms::PictureBox& yBar = picture("yBar", 800, 4500, &Picture1);
     forms::LineShape& Line5 = line_shape("Line5", &picDiagram);
     forms::LineShape& Line6 = line_shape("Line6", &picDiagram);
@@ -112,8 +113,9 @@ public:
     forms::Label& lblSelectDevice = label("lblSelectDevice", "Select Device :");
     forms::ComboBox& xprinter = combo("xprinter");
     forms::CommandButton& Command6 = button("Command6", "Print");
+    forms::CommandButton& cmdSavePdf = button("cmdSavePdf", "Save PDF...");
     /// Hidden staging copy of Picture1 for the printed page.
-    forms::PictureBox& pic1 = picture("pic1", 7200, 5200);
+    forms::PictureBox& pic1 = picture("pic1", 7600, 5200);
 
     text::Array<compute::PushoverPoint> pushoverPoints;
     std::int32_t selectedStep = 0;
@@ -165,6 +167,8 @@ public:
 
     /// Print: the diagram and the final results on the chosen printer.
     void Command6_Click();
+    /// Save PDF...: the page of Print, to a PDF file, with or without a printer.
+    void cmdSavePdf_Click();
     /// The page that Print sends: the staged diagram and the lines of the final results.
     forms::PrintJob report_page();
 

@@ -39,6 +39,7 @@ Form8::Form8(forms::App& app) : Window(app, "Form8", "Calculate Target Displacem
     Command2.Click = [this] { Command2_Click(); };
     Command3.Click = [this] { Command3_Click(); };
     print.Click = [this] { print_Click(); };
+    cmdSavePdf.Click = [this] { cmdSavePdf_Click(); };
 }
 
 void Form8::Form_Load() { Check9.set_value(1); }
@@ -176,5 +177,7 @@ void Form8::print_Click() {
     if (platform().printers().empty()) return;
     platform().print(report_page());
 }
+
+void Form8::cmdSavePdf_Click() { forms::save_page_as_pdf(platform(), report_page()); }
 
 }  // namespace tv::windows

@@ -94,6 +94,7 @@ public:
     forms::CommandButton& Command1 = button("Command1", "Calculate");
     forms::CommandButton& Command2 = button("Command2", "Note");
     forms::CommandButton& print = button("print", "Print");
+    forms::CommandButton& cmdSavePdf = button("cmdSavePdf", "Save PDF...");
     /// Hidden staging picture of the printed window image.
     forms::PictureBox& pic1 = picture("pic1", 9000, 7000);
 
@@ -115,10 +116,12 @@ public:
     void Command2_Click();
     /// Cal: asks Form11 for Sa at the period of Text7.
     void Command3_Click();
-    /// Form11 computes Sa at `requestedPeriod` and writes Text2 and Text8. It is not in the
-    /// program yet, so nothing happens and Sa is typed into Text2.
+    /// Opens Form11 modally for Sa at `requestedPeriod`; its "Calculate Sa" writes Text2 (Sa)
+    /// and Text8 (Ts) back, both as "0.0000" texts.
     void showForm11(double requestedPeriod);
     void print_Click();
+    /// Save PDF...: the page of Print, to a PDF file, with or without a printer.
+    void cmdSavePdf_Click();
     /// The page that Print sends: the image of this window alone.
     forms::PrintJob report_page();
 

@@ -248,6 +248,56 @@ TEST_F(PushoverWindowTest, AnotherRowBecomesTheTarget) {
     EXPECT_TRUE(platform.runtime_errors.empty());
 }
 
+TEST_F(PushoverWindowTest, TheOriginRowKeepsTheTargetBeforeIt) {
+    start_listing(write("curve.txt", kSofteningListing));
+    windows::Form6& f = f6();
+    program.run([&] { f.select_row(4); });  // step 3 at (3, 3000)
+    // Row 1 is the origin: 0 / 0 ends the selection silently, after the marker moved.
+    program.run([&] { f.select_row(1); });
+    EXPECT_EQ(f.Fg.row(), 1);
+    EXPECT_EQ(f.Fg.selected_row_count(), 1);
+    EXPECT_EQ(f.Shape1.left(), -f.Shape1.width() / 2);
+    EXPECT_EQ(f.selectedStep, 3);
+    EXPECT_EQ(f.kSelected, 1000.0);
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(platform.messages.empty());
+    // One row stands selected, so the search runs, on the step selected before: A = 750 + 2050
+    // + 2800 = 5600; K = 1207 meets the third segment (slope 400) at x = 1800 / 807 = 2.2305,
+    // and over 0.6 the yield point is (3.7175, 4486.9888), area 5654.3, within 1 % of A.
+    press(f.Command3);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(f.lblArea.caption(), "5600.000");
+    EXPECT_EQ(f.Label19.caption(), "2.230 , 2692.193");
+    EXPECT_EQ(f.txtXC2.text(), "3.7175");
+    EXPECT_EQ(f.txtYC2.text(), "4486.9888");
+    EXPECT_EQ(f.Text2.text(), "3");
+    EXPECT_EQ(f.Text3.text(), "3000");
+    EXPECT_TRUE(f.Command3.enabled());
+}
+
+TEST_F(PushoverWindowTest, AFileThatCannotBeReadGivesTheReadMessage) {
+    windows::Form6& f = f6();
+    // A folder under a file's name cannot be opened as one, by either reader.
+    std::filesystem::create_directories(dir / "locked.txt");
+    start_listing((dir / "locked.txt").string());
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Error Reading Pushover file!");
+    EXPECT_EQ(platform.messages[0].title, "Error");
+    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
+    EXPECT_EQ(f.Fg.rows(), 1);
+    EXPECT_TRUE(f.Fg.redraw());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+
+    std::filesystem::create_directories(dir / "locked.xlsx");
+    platform.file_answers.push_back((dir / "locked.xlsx").string());
+    press(f.Command1);
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[1].text, "Error Reading Pushover file!");
+    EXPECT_EQ(platform.messages[1].icon, forms::MsgIcon::Critical);
+    EXPECT_TRUE(f.picDiagram.ops().empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+}
+
 TEST_F(PushoverWindowTest, APointNumberOutsideTheCurveIsARunTimeError) {
     start_listing(write("curve.txt", kSofteningListing));
     type(f6().Text4, "9");
@@ -499,6 +549,51 @@ TEST_F(PushoverWindowTest, PrintPutsTheDiagramAndTheFinalResultsOnThePage) {
     // The staged copy holds the curve, both strips and the two bilinear lines.
     const std::size_t expected = f.picDiagram.ops().size() + f.xBar.ops().size() + f.yBar.ops().size() + 2;
     EXPECT_EQ(f.pic1.ops().size(), expected);
+}
+
+TEST_F(PushoverWindowTest, SavePdfSendsThePrintedPageToTheChosenFile) {
+    solve_softening();
+    windows::Form6& f = f6();
+    EXPECT_EQ(f.cmdSavePdf.caption(), "Save PDF...");
+    // No printer is needed for a PDF; the name gets its ".pdf".
+    platform.printer_names.clear();
+    platform.file_answers.push_back((dir / "report").string());
+    press(f.cmdSavePdf);
+    ASSERT_EQ(platform.file_requests.size(), 1u);
+    EXPECT_TRUE(platform.file_requests[0].save);
+    EXPECT_EQ(platform.file_requests[0].filter, "PDF File | *.pdf");
+    ASSERT_EQ(platform.printed.size(), 1u);
+    const forms::PrintJob& job = platform.printed[0];
+    EXPECT_EQ(job.pdf_path, (dir / "report.pdf").string());
+    // The same page as Print: the staged diagram and the final results.
+    EXPECT_EQ(job.picture, &f.pic1);
+    EXPECT_EQ(job.form_image, nullptr);
+    EXPECT_EQ(job.lines, (std::vector<std::string>{"Final Results", "Pushover Area :  21550.000",
+                                                   "Collision Area : 21339.386", "K-Effective : 1435.036",
+                                                   "Ti (Sec) :  1", "T-Effective : 1.022"}));
+    EXPECT_TRUE(platform.messages.empty());
+
+    // A name that ends in .PDF keeps it; Print itself still goes to the printer, not to a file.
+    platform.printer_names = {"Office Laser"};
+    platform.file_answers.push_back((dir / "Report.PDF").string());
+    press(f.cmdSavePdf);
+    ASSERT_EQ(platform.printed.size(), 2u);
+    EXPECT_EQ(platform.printed[1].pdf_path, (dir / "Report.PDF").string());
+    press(f.Command6);
+    ASSERT_EQ(platform.printed.size(), 3u);
+    EXPECT_EQ(platform.printed[2].pdf_path, "");
+}
+
+TEST_F(PushoverWindowTest, ACancelledSavePdfWritesNothing) {
+    solve_softening();
+    press(f6().cmdSavePdf);  // the empty queue cancels
+    EXPECT_EQ(platform.file_requests.size(), 1u);
+    // A dialog that gives the preset back is a cancel too.
+    platform.file_answers.push_back("*.pdf");
+    press(f6().cmdSavePdf);
+    EXPECT_TRUE(platform.printed.empty());
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
 }
 
 TEST_F(PushoverWindowTest, NoPrinterPrintsNothing) {

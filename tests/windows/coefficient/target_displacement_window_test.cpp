@@ -2,6 +2,10 @@
 // target displacement and Rmax worked by hand, the note window and printing.
 #include "coefficient_fixture.h"
 
+#include <string>
+
+#include "windows/capacity/sa_window.h"
+
 namespace tv::test {
 namespace {
 
@@ -222,16 +226,47 @@ TEST_F(TargetDisplacementTest, SoilAndTheUnreadChoiceAreGroupsToo) {
     EXPECT_FALSE(f.Check4.checked());
 }
 
-TEST_F(TargetDisplacementTest, CalLeavesSaToTheUser) {
+TEST_F(TargetDisplacementTest, CalOpensForm11AtThePeriodOfTe) {
     hand_over();
     press(f8().Command3);
     EXPECT_TRUE(platform.runtime_errors.empty());
+    ASSERT_TRUE(program.is_loaded<windows::Form11>());
+    EXPECT_EQ(program.form<windows::Form11>().requestedPeriod, 1.022);
+    EXPECT_EQ(platform.shown.back(), "Form11");
+    // Until "Calculate Sa" runs nothing comes back.
     EXPECT_EQ(f8().Text2.text(), "0.5");
     // The period goes over as a number: an empty Te is a type mismatch.
     type(f8().Text7, "");
     press(f8().Command3);
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].first, text::kTypeMismatch);
+}
+
+TEST_F(TargetDisplacementTest, CalRoundTripThroughForm11FillsSaAndTs) {
+    hand_over();
+    press(f8().Command3);
+    ASSERT_TRUE(program.is_loaded<windows::Form11>());
+    windows::Form11& f11 = program.form<windows::Form11>();
+    EXPECT_TRUE(f11.Option1.value());  // soil I
+    EXPECT_TRUE(f11.Option5.value());  // low hazard
+    press(f11.Command6);               // Show Diagram
+    EXPECT_TRUE(f11.Command7.enabled());
+    press(f11.Command7);               // Calculate Sa
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_FALSE(program.is_loaded<windows::Form11>());
+    EXPECT_EQ(platform.unloaded.back(), "Form11");
+    // Both come back with four decimals. Soil I, low hazard, A = 1: Ts = 0.4, and at
+    // T = 1.022 s Sa = 2.5 x 0.4 / 1.022 x (1 + 0.4 x 0.622 / 3.6) = 1.0461 g.
+    EXPECT_EQ(f8().Text8.text(), "0.4000");
+    const std::string sa = f8().Text2.text();
+    ASSERT_EQ(sa.size(), 6u) << sa;
+    EXPECT_EQ(sa.find('.'), 1u) << sa;
+    EXPECT_NEAR(std::stod(sa), 1.0461, 0.0002) << sa;
+    // Calculate then uses the Sa that came back: d = 1.2 x Sa x 981 x 1.022^2 / (4 x 3.1416^2).
+    press(f8().Command1);
+    const double d = 1.2 * std::stod(sa) * 981.0 * 1.022 * 1.022 / (4 * 3.1416 * 3.1416);
+    EXPECT_NEAR(std::stod(f8().Text9.text()), d, 0.006);
 }
 
 TEST_F(TargetDisplacementTest, TheNoteOpensAndCloses) {
@@ -242,6 +277,21 @@ TEST_F(TargetDisplacementTest, TheNoteOpensAndCloses) {
     EXPECT_FALSE(note.Picture1.ops().empty());
     press(note.Command1);
     EXPECT_FALSE(program.is_loaded<windows::Form7>());
+}
+
+TEST_F(TargetDisplacementTest, SavePdfSendsTheWindowImageToTheChosenFile) {
+    hand_over();
+    platform.printer_names.clear();  // a PDF needs no printer
+    platform.file_answers.push_back((dir / "form8").string());
+    press(f8().cmdSavePdf);
+    ASSERT_EQ(platform.printed.size(), 1u);
+    EXPECT_EQ(platform.printed[0].pdf_path, (dir / "form8.pdf").string());
+    EXPECT_EQ(platform.printed[0].form_image, &f8());
+    EXPECT_EQ(platform.printed[0].picture, nullptr);
+    EXPECT_TRUE(platform.printed[0].lines.empty());
+    EXPECT_TRUE(platform.printed[0].heading.empty());
+    press(f8().cmdSavePdf);  // cancelled
+    EXPECT_EQ(platform.printed.size(), 1u);
 }
 
 TEST_F(TargetDisplacementTest, PrintSendsTheWindowImageAlone) {
