@@ -80,6 +80,24 @@ TEST_F(CoefficientCliTest, ATypedYieldPointAndPeriod) {
               "collision point: 0 , 0\nalfa1: 1\nK-effective: 1500.000\nT-effective: 0.500\n");
 }
 
+TEST_F(CoefficientCliTest, RatioAndToleranceReachTheScan) {
+    // Ratio 0.7: the scan passes at K = 1368, crossing the second segment at x = 400 / 268; the
+    // yield point is that crossing over 0.7, with an area of 21349.25 against 21550.
+    CliResult r = run_cli({"coefficient", "--ratio", "0.7", curve});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.out.find("X yield: 2.1322\nY yield: 2916.8443\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("collision point: 1.493 , 2041.791\n"), std::string::npos) << r.out;
+    // A looser tolerance stops the scan sooner: K = 1493, area 20531.64 is within 5 %.
+    r = run_cli({"coefficient", "--tolerance", "0.05", curve});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.out.find("X yield: 1.6964\nY yield: 2532.6548\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("collision point: 1.018 , 1519.593\n"), std::string::npos) << r.out;
+    // A tolerance of 0 asks for an exact match, which no slope gives.
+    r = run_cli({"coefficient", "--tolerance", "0", curve});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "Error: Equation Could Not Be Solved !\n");
+}
+
 TEST_F(CoefficientCliTest, MissingFormEightInputsAreOnlyAMessage) {
     CliResult r = run_cli({"coefficient", "--weight", "10000", curve});
     EXPECT_EQ(r.status, 0);
