@@ -206,6 +206,7 @@ void Form4::Command3_Click() {
             }
         } catch (const text::RuntimeError&) {
             for (auto* a : columns) a->redim_preserve(N);
+            if (lines.size() > 1) Text1.set_text(lines.back());
             throw;
         }
         write_export(s, s.fileName, lines);

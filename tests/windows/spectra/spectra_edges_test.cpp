@@ -77,6 +77,23 @@ TEST_F(SpectraEdgeTest, AComparisonExportThatCannotBeWrittenLeavesTheArraysWhole
     EXPECT_EQ(f.averageSpectrum.ubound(), 9);
 }
 
+TEST_F(SpectraEdgeTest, AComparisonExportFromLineZeroRunsPastTheEndAndWritesNothing) {
+    to_comparison();
+    windows::Form4& f = form4();
+    press(f.Command1);
+    state().dataFirstLine = 0;  // the prompt answered with nothing
+    platform.file_answers = {(dir / "zero.txt").string()};
+    press(f.Command3);
+    // The last row reads the spectra at N + 1: a run-time error after the cut, and no file.
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].first, text::kSubscript);
+    EXPECT_FALSE(std::filesystem::exists(dir / "zero.txt"));
+    EXPECT_EQ(f.averageSpectrum.ubound(), 9);
+    EXPECT_EQ(state().specX1.ubound(), 9);
+    // The last row made, line 8's, went through Text1.
+    EXPECT_EQ(f.Text1.text().rfind(text::format(state().accelX1(8), "0.00000000") + "     ", 0), 0u);
+}
+
 TEST_F(SpectraEdgeTest, AGridTooLargeForMemoryIsReportedByTheIntegratorsTrap) {
     to_response();
     windows::Form3& f = form3();
