@@ -8,13 +8,26 @@
 
 namespace tv::gui {
 
+namespace {
+
+// Holds the keyboard while it is shown: Tab does not lead past it to the boxes underneath.
+class Cover : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    bool focusNextPrevChild(bool) override { return true; }
+};
+
+}  // namespace
+
 FourierView::FourierView(windows::Form12& model, forms::App& app, QWidget* parent) : QWidget(parent) {
     ui_.setupUi(this);
     fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
     // The peak's period is a result like the boxes beside it: white, not greyed.
     ui_.Label11->setBackgroundRole(QPalette::Base);
     ui_.Label11->setAutoFillBackground(true);
-    cover_ = new QWidget(this);
+    cover_ = new Cover(this);
     cover_->setObjectName("busyCover");
     cover_->setFocusPolicy(Qt::StrongFocus);
     cover_->hide();
