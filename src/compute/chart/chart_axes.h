@@ -45,6 +45,29 @@ double time_label_step(double total_seconds, double plot_width_twips);
 std::vector<TimeTick> time_ticks(double user_width, double width_twips, double dt, int scroll_value,
                                  TimeLabels rule, const std::function<double(const std::string&)>& text_width);
 
+/// One mark of the capacity diagram's abscissa strip, twips of the strip.
+struct AxisMark {
+    double value;        // the abscissa it marks, plot units
+    std::int32_t x;      // where the tick stands: the value's own place, less the scroll
+    bool labelled;       // a label stands here, centred on the tick, and the tick is 2 wide
+    std::string label;   // value by "0.00"; empty when not labelled
+    std::int32_t label_x;  // left of the label: x less half its width
+    int line_width;      // 2 for a labelled tick, 1 otherwise
+};
+
+/// Round label step of the diagram's abscissa: the smallest of 1, 2 or 5 times a power of ten
+/// that is at least the 800-twip step (user_width x 800 / width_twips) and that leaves
+/// `least_gap` twips between the widest labels of "0.00". A plot width of 0 raises 11.
+double diagram_label_step(double user_width, double width_twips, double least_gap,
+                          const std::function<double(const std::string&)>& text_width);
+
+/// Marks from 0 to user_width: ticks a fifth of the label step apart (a quarter for a step of
+/// 2 x 10^k), a label "0.00" at every label step, so neither ticks nor labels run together at
+/// any length unit. A label whose tick is in sight is kept whole inside the strip's width.
+/// A user width of 0 raises 5.
+std::vector<AxisMark> diagram_marks(double user_width, double width_twips, int scroll_value, double strip_width,
+                                    const std::function<double(const std::string&)>& text_width);
+
 /// One tick of the value strip, in the strip's scale (a plot value v stands at -2v).
 struct ValueTick {
     double j;           // tenths
@@ -56,6 +79,10 @@ struct ValueTick {
 /// Peak rule step in tenths: Int(peak / (0.35 / scale_factor)), at least 1. A scale factor
 /// of 0 raises 11.
 double value_label_step(double peak, double scale_factor);
+
+/// The smallest multiple of `step` (tenths) whose labels stand at least `least_gap` apart, in
+/// the strip's units where a tenth is 0.2: labels that would print over each other are thinned.
+double legible_value_step(double step, double least_gap);
 
 /// Ticks for j from Int(-10 H) (Int(0.5 H) for Fourier) to 10 H by `step`, H = |scale_height / 2|.
 /// A scale height that is not finite raises 6; a step below 1 raises 5.

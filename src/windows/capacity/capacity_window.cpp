@@ -5,6 +5,7 @@
 #include "compute/chart/chart_axes.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
+#include "windows/capacity/capacity_axes.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/grid_table.h"
 #include "windows/project/main_frame_window.h"
@@ -199,11 +200,13 @@ void Form9::plot_spectrum(bool fromFileRoutine) {
     fileChart = fromFileRoutine;
     chart.plot(state().designSa, val(xstep.text()), true);
     if (fileChart) every_second_time_strip(chart, val(xstep.text()));
+    draw_legible_value_strip(chart, state().peakAccel);
 }
 
 void Form9::redraw_axes() {
     chart.scroll();
     if (fileChart) every_second_time_strip(chart, val(xstep.text()));
+    draw_legible_value_strip(chart, state().peakAccel);
 }
 
 void Form9::Command4_Click() {
@@ -211,10 +214,12 @@ void Form9::Command4_Click() {
     forms::FileDialogRequest request;
     request.filter = "*.txt";
     request.file_name = "*.txt";
-    auto chosen = platform().file_dialog(request);
-    // Cancel leaves by the error path, the preset name by the check: nothing is read.
-    if (!chosen || *chosen == "*.txt") return;
     try {
+        auto chosen = platform().file_dialog(request);
+        // The dialog reports Cancel as an error: the handler shows its description.
+        if (!chosen) text::raise(text::kCancel);
+        // The preset name left as it was: nothing is read, nothing said.
+        if (*chosen == "*.txt") return;
         s.fileName = *chosen;
         platform().set_busy(true);
         compute::read_period_sa_file(resolve_in_workdir(s, s.fileName), s.designAux, s.designSa);

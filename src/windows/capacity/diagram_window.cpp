@@ -6,6 +6,7 @@
 
 #include "compute/chart/chart_scaling.h"
 #include "text/runtime_error.h"
+#include "windows/capacity/capacity_axes.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/grid_table.h"
 
@@ -47,8 +48,8 @@ Form10::Form10(forms::App& app) : Window(app, "Form10", "Diagram", 11000, 6500),
     Command2.Click = [this] { Command2_Click(); };
     cmdSavePdf.Click = [this] { cmdSavePdf_Click(); };
     chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { chart.scroll(); };
-    chart.HScroll1.Scroll = [this] { chart.scroll(); };
+    chart.HScroll1.Change = [this] { scroll(); };
+    chart.HScroll1.Scroll = [this] { scroll(); };
     chart.picNemodar.MouseMove = [this](int b, int s, double x, double y) { picNemodar_MouseMove(b, s, x, y); };
 }
 
@@ -102,6 +103,17 @@ void Form10::plot(bool rescale) {
     P.line(0, 0, single(2 * P.width()), 0);
     P.refresh();
     chart.drawAxes();
+    legible_axes();
+}
+
+void Form10::legible_axes() {
+    draw_diagram_abscissa(chart);
+    draw_legible_value_strip(chart, state().peakAccel);
+}
+
+void Form10::scroll() {
+    chart.scroll();
+    legible_axes();
 }
 
 void Form10::picNemodar_MouseMove(int, int, double x, double y) {

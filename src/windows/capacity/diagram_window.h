@@ -45,6 +45,11 @@ public:
     /// range is 1.5 x the largest ordinate, the abscissa 1.5 x the largest capacity
     /// displacement. Failures raise as the arithmetic does.
     void plot(bool rescale);
+    /// The strips again, readable at any length unit: the abscissa's round labels of "0.00"
+    /// about every 800 twips with ticks between, the value labels clear of each other.
+    void legible_axes();
+    /// The scroll bar: the plot slides and the strips follow.
+    void scroll();
     /// The plot under the window's trap: a failure shows "Error Reading File".
     void plot_or_say_so();
     /// The page that Print sends.

@@ -4,6 +4,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
+#include "windows/capacity/capacity_axes.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::windows {
@@ -25,7 +26,7 @@ ChartOptions sa_chart(Form11& f) {
     o.readout.x_text = "T(Period): ";
     o.readout.y_text = ", B.A: ";
     o.readout.x_step = [&f] { return text::to_double(f.xstep.text()); };
-    o.replot = [&f] { f.chart.plot(f.state().designSa, val(f.xstep.text()), true); };
+    o.replot = [&f] { f.plot_spectrum(); };
     return o;
 }
 
@@ -39,8 +40,8 @@ Form11::Form11(forms::App& app) : Window(app, "Form11", "Calculate SA", 10500, 6
     Command6.Click = [this] { Command6_Click(); };
     Command7.Click = [this] { Command7_Click(); };
     chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { chart.scroll(); };
-    chart.HScroll1.Scroll = [this] { chart.scroll(); };
+    chart.HScroll1.Change = [this] { scroll(); };
+    chart.HScroll1.Scroll = [this] { scroll(); };
     chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
         chart.mouse_move(x, y, [this](long i) { return state().designSa(i); });
     };
@@ -67,7 +68,15 @@ compute::HazardGroup Form11::risk_group() const {
     return Option6.value() ? compute::HazardGroup::HighVeryHigh : compute::HazardGroup::LowModerate;
 }
 
-void Form11::plot_spectrum() { chart.plot(state().designSa, val(xstep.text()), true); }
+void Form11::plot_spectrum() {
+    chart.plot(state().designSa, val(xstep.text()), true);
+    draw_legible_value_strip(chart, state().peakAccel);
+}
+
+void Form11::scroll() {
+    chart.scroll();
+    draw_legible_value_strip(chart, state().peakAccel);
+}
 
 void Form11::Check1_Click() {
     const bool ticked = Check1.value() != 0;

@@ -66,8 +66,12 @@ public:
     compute::Soil soil() const;
     compute::HazardGroup risk_group() const;
 
-private:
+    /// designSa on the chart, its value labels clear of each other.
     void plot_spectrum();
+
+private:
+    /// The scroll bar: the plot slides and the strips follow.
+    void scroll();
 };
 
 }  // namespace tv::windows

@@ -337,5 +337,56 @@ TEST_F(CapacityTest, EveryControlNameStandsOnceInEachWindow) {
     }
 }
 
+TEST_F(CapacityTest, CancellingTheSpectrumFileShowsTheCancelAndReadsNothing) {
+    windows::Form9& f = form9();
+    read_capacity(kHandCurve);
+    press(f.Command3);
+    run([&] { f.Check1.user_click(); });
+    press(f.Command4);  // the dialog cancelled
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Cancel was selected.");
+    EXPECT_EQ(platform.messages[0].title, "");
+    EXPECT_EQ(platform.file_requests.back().filter, "*.txt");
+    EXPECT_FALSE(f.fromFile);
+    EXPECT_FALSE(f.Command7.enabled());
+    EXPECT_FALSE(platform.busy);
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    // The preset name handed back ends the handler without a word.
+    platform.file_answers.push_back("*.txt");
+    press(f.Command4);
+    EXPECT_EQ(platform.messages.size(), 1u);
+    EXPECT_FALSE(f.fromFile);
+    // A file that is not there gives its error's description the same way.
+    platform.file_answers.push_back((dir / "none.txt").string());
+    press(f.Command4);
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[1].text.rfind("File not found", 0), 0u) << platform.messages[1].text;
+    EXPECT_FALSE(f.fromFile);
+}
+
+TEST_F(CapacityTest, TheDemandChartsValueLabelsStandClear) {
+    windows::Form9& f = form9();
+    read_capacity(kHandCurve);
+    press(f.Command3);
+    press(f.Command6);
+    // Plateau 2.5: the range 3; every 0.2 would stand 110 twips apart, every 0.6 stands 330.
+    expect_value_labels_clear(f.chart.PicySxale, 8.25 * 23.5, 2);
+    auto labels = value_labels(f.chart.PicySxale);
+    EXPECT_EQ(labels.front().second, "3.0");
+    EXPECT_EQ(labels.back().second, "-3.0");
+    // A scroll writes the strips again, as clear.
+    run([&] { f.chart.Slider1.set_value(2); });
+    run([&] { f.chart.HScroll1.user_scroll(5); });
+    EXPECT_EQ(value_labels(f.chart.PicySxale), labels);
+    // So does the spectrum file's routine.
+    std::string lines;
+    for (int i = 1; i <= 50; ++i) lines += std::to_string(i * 0.02) + " 2.5\n";
+    run([&] { f.Check1.user_click(); });
+    platform.file_answers.push_back(write("flat.txt", lines));
+    press(f.Command4);
+    expect_value_labels_clear(f.chart.PicySxale, 8.25 * 23.5, 2);
+    EXPECT_EQ(value_labels(f.chart.PicySxale), labels);
+}
+
 }  // namespace
 }  // namespace tv::test

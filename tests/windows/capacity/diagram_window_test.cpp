@@ -25,6 +25,150 @@ protected:
     }
 };
 
+// The hand curve with its displacements times `factor`, read in `unit`, swept on the code
+// spectrum, and the diagram shown.
+std::string hand_curve_times(double factor) {
+    const double d[] = {0, 1, 2, 4, 6, 8};
+    const double a[] = {0, 0.4, 0.8, 1.0, 1.1, 1.15};
+    const double T[] = {0.3, 0.4, 0.5, 0.6, 0.8, 1.0};
+    std::string text = "Teff\n";
+    for (int i = 0; i < 6; ++i)
+        text += " " + std::to_string(i + 1) + " " + std::to_string(T[i]) + " 5 " + std::to_string(d[i] * factor) + " " +
+                std::to_string(a[i]) + " 0 0 0 1.2\n";
+    return text;
+}
+
+/// One mark of the abscissa strip: a tick's x, or a label's left and text.
+struct StripText {
+    double x;
+    std::string text;
+};
+
+std::vector<StripText> strip_labels(const forms::PictureBox& strip) {
+    std::vector<StripText> out;
+    for (const auto& op : strip.ops())
+        if (op.kind == forms::DrawOp::Kind::Text) out.push_back({op.x1, op.text});
+    return out;
+}
+
+std::vector<double> strip_ticks(const forms::PictureBox& strip) {
+    std::vector<double> out;
+    for (const auto& op : strip.ops())
+        if (op.kind == forms::DrawOp::Kind::Line) out.push_back(op.x1);
+    return out;
+}
+
+// A text line of the strips' font on the test platform, twips.
+constexpr double kTextHeight = 8.25 * 23.5;
+
+class DiagramAxesTest : public DiagramTest {
+protected:
+    windows::Form10& diagram_of(double factor, int unit) {
+        windows::Form9& f = form9();
+        run([&] { f.Combo1.set_list_index(unit); });
+        read_capacity(hand_curve_times(factor));
+        press(f.Command3);
+        press(f.Command6);
+        press(f.Command7);
+        press(f.Command3);
+        press(f.Command9);
+        press(f.Command3);
+        EXPECT_TRUE(platform.messages.empty());
+        return program.form<windows::Form10>();
+    }
+    /// Labels by "0.00" a round step apart, ticks four or five to a step, nothing run together.
+    void expect_round_abscissa(const windows::Form10& d, const std::vector<std::string>& texts, double step) {
+        const forms::PictureBox& strip = d.chart.PicxSxale;
+        const auto labels = strip_labels(strip);
+        std::vector<std::string> got;
+        for (const auto& l : labels) got.push_back(l.text);
+        EXPECT_EQ(got, texts);
+        const double twips_per_unit = d.chart.picNemodar.width() / d.chart.picNemodar.scale_width();
+        const double o = d.chart.HScroll1.value() * 100.0;
+        for (const auto& l : labels) {
+            // Centred on the value's own place, or whole beside it at the ends of the strip.
+            const double w = strip.text_width(l.text);
+            const double at = std::stod(l.text) * twips_per_unit - o;
+            if (at < 0 || at > strip.width()) continue;  // out of sight, clipped
+            EXPECT_GE(l.x, 0) << l.text;
+            EXPECT_LE(l.x + w, strip.width() + 1) << l.text;
+            if (l.x > 0 && l.x + w < strip.width() - 1)
+                EXPECT_NEAR(l.x + w / 2, at, 1.0) << l.text;
+            else
+                EXPECT_TRUE(l.x - 1 <= at && at <= l.x + w + 1) << l.text;
+        }
+        for (std::size_t i = 1; i < labels.size(); ++i) {
+            EXPECT_NEAR(std::stod(labels[i].text) - std::stod(labels[i - 1].text), step, 1e-9);
+            // About 800 twips of plot or more, and room between the texts.
+            EXPECT_GE(step * twips_per_unit, 800);
+            EXPECT_GE(labels[i].x - (labels[i - 1].x + strip.text_width(labels[i - 1].text)), 200);
+        }
+        const auto ticks = strip_ticks(strip);
+        for (std::size_t i = 1; i < ticks.size(); ++i) EXPECT_GE(ticks[i] - ticks[i - 1], 150) << i;
+        EXPECT_GE(ticks.size(), 4 * labels.size() - 3);
+    }
+};
+
+TEST_F(DiagramAxesTest, TheAbscissaHasRoundLabelsOfHundredthsInMillimetres) {
+    // Sd to 600 mm: the plot runs to 900; the 800-twip step is 78.6, so a label each 100.
+    windows::Form10& d = diagram_of(100, 0);
+    EXPECT_DOUBLE_EQ(d.chart.picNemodar.scale_width(), 900);
+    expect_round_abscissa(d, {"0.00", "100.00", "200.00", "300.00", "400.00", "500.00", "600.00", "700.00", "800.00",
+                              "900.00"},
+                          100);
+    EXPECT_EQ(strip_ticks(d.chart.PicxSxale).size(), 46u);  // one each 20 mm
+}
+
+TEST_F(DiagramAxesTest, TheSameCurveInCentimetresAndMetresReadsAlike) {
+    windows::Form10& cm = diagram_of(10, 1);
+    expect_round_abscissa(cm, {"0.00", "10.00", "20.00", "30.00", "40.00", "50.00", "60.00", "70.00", "80.00", "90.00"},
+                          10);
+    EXPECT_EQ(strip_ticks(cm.chart.PicxSxale).size(), 46u);
+    press(cm.Command1);
+    press(form9().Command5);  // back to the demand page, then the capacity page
+    press(form9().Command5);
+    windows::Form10& m = diagram_of(0.1, 2);
+    // The whole axis below one metre still has its labels, in hundredths.
+    expect_round_abscissa(m, {"0.00", "0.10", "0.20", "0.30", "0.40", "0.50", "0.60", "0.70", "0.80", "0.90"}, 0.1);
+    EXPECT_EQ(strip_ticks(m.chart.PicxSxale).size(), 46u);
+}
+
+TEST_F(DiagramAxesTest, AWiderPlotLabelsMoreOftenAndTheLabelsFollowTheScroll) {
+    windows::Form10& d = diagram_of(100, 0);
+    run([&] { d.chart.Slider1.set_value(2); });
+    // 900 mm on 18330 twips: the 800-twip step is 39.3, a label each 50.
+    std::vector<std::string> every50;
+    for (int v = 0; v <= 900; v += 50) every50.push_back(std::to_string(v) + ".00");
+    expect_round_abscissa(d, every50, 50);
+    run([&] { d.chart.HScroll1.user_scroll(10); });
+    EXPECT_EQ(d.chart.picNemodar.left(), -1000.0);
+    expect_round_abscissa(d, every50, 50);
+}
+
+TEST_F(DiagramAxesTest, TheValueLabelsStandClearOfEachOther) {
+    windows::Form10& d = diagram_of(100, 0);
+    // The code spectrum's plateau 2.5 sets the range 3.75; every 0.2 would stand 88 twips apart,
+    // every 0.8 stands 352, counted from the lowest step -3.8 as ever.
+    expect_value_labels_clear(d.chart.PicySxale, kTextHeight, 2);
+    const auto labels = value_labels(d.chart.PicySxale);
+    EXPECT_EQ(labels.front().second, "3.4");
+    // -3.8 lies below the range of 3.75: its tick and its text are out of sight.
+    EXPECT_EQ(labels.back().second, "-3.0");
+    EXPECT_EQ(labels.size(), 9u);
+}
+
+TEST_F(DiagramAxesTest, ThePrintedPageCarriesTheReadableStrips) {
+    platform.printer_names = {"Office"};
+    windows::Form10& d = diagram_of(100, 0);
+    press(d.Command2);
+    ASSERT_EQ(platform.printed.size(), 1u);
+    std::vector<std::string> texts;
+    for (const auto& op : d.pic1.ops())
+        if (op.kind == forms::DrawOp::Kind::Text) texts.push_back(op.text);
+    EXPECT_NE(std::find(texts.begin(), texts.end(), "900.00"), texts.end());
+    EXPECT_EQ(std::find(texts.begin(), texts.end(), "1"), texts.end());
+}
+
 TEST_F(DiagramTest, NextFromTheLastPageShowsTheDiagramAndStaysOnPageTwo) {
     windows::Form10& d = to_diagram();
     windows::Form9& f = form9();

@@ -109,5 +109,28 @@ TEST_F(SaWindowTest, UntickingFromFileGivesTheCodeSpectrumBack) {
     EXPECT_FALSE(f.fromFile);
 }
 
+TEST_F(SaWindowTest, CancellingTheSpectrumFileEndsQuietly) {
+    windows::Form11& f = open(1.0);
+    run([&] { f.Check1.user_click(); });
+    press(f.Command4);  // the dialog cancelled
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_FALSE(f.fromFile);
+    EXPECT_FALSE(f.Command7.enabled());
+    EXPECT_FALSE(platform.busy);
+}
+
+TEST_F(SaWindowTest, TheValueLabelsStandClear) {
+    windows::Form11& f = open(1.0);
+    run([&] { f.Option3.user_click(); });
+    press(f.Command6);
+    // Soil III: the plateau 2.75 sets the range 3.3; every 0.2 would print over each other.
+    expect_value_labels_clear(f.chart.PicySxale, 8.25 * 23.5, 2);
+    const auto labels = value_labels(f.chart.PicySxale);
+    run([&] { f.chart.Slider1.set_value(3); });
+    run([&] { f.chart.HScroll1.user_scroll(7); });
+    EXPECT_EQ(value_labels(f.chart.PicySxale), labels);
+}
+
 }  // namespace
 }  // namespace tv::test
