@@ -160,5 +160,27 @@ TEST_F(CapacityCliTest, TheShippedSampleRuns) {
     EXPECT_NE(r.out.find("\nBeff: "), std::string::npos);
 }
 
+TEST_F(CapacityCliTest, TheGuidesRunOnTheSampleWithASpectrumFile) {
+    const std::string spectrum =
+        write("spectrum.txt", "0.1 0.55\n0.2 0.75\n0.4 0.75\n0.6 0.6\n0.8 0.47\n1.0 0.39\n1.5 0.27\n2.0 0.2\n3.0 0.14\n");
+    const std::filesystem::path table = dir / "table.txt", pdf = dir / "diagram.pdf";
+    CliResult r = run_cli({"capacity", "--spectrum-file", spectrum, "--teff-from-capacity", "--type", "B", "--table",
+                           table.string(), "--report-pdf", pdf.string(),
+                           std::string(TV_SOURCE_DIR) + "/samples/capacity_sample.txt"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "target displacement: 55.1425\nunit: mm\nSRA: 0.8814\nSRV: 0.9098\nBeff: 7.3571\n");
+    EXPECT_TRUE(r.err.empty()) << r.err;
+    // The heading row and 199 rows, each ending in CR LF.
+    const std::string text = read(table);
+    std::size_t lines = 0;
+    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) ++lines;
+    EXPECT_EQ(lines, 200u);
+    EXPECT_EQ(read(pdf).rfind("%PDF", 0), 0u);
+    // The same curve in metres: no crossing, empty results.
+    CliResult m = run_cli({"capacity", "--unit", "m", std::string(TV_SOURCE_DIR) + "/samples/capacity_sample.txt"});
+    ASSERT_EQ(m.status, 0) << m.err;
+    EXPECT_EQ(m.out, "target displacement: \nunit: m\nSRA: \nSRV: \nBeff: \n");
+}
+
 }  // namespace
 }  // namespace tv::test
