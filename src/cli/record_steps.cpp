@@ -11,10 +11,12 @@ const char* const kRecordUsage =
     "record options:\n"
     "  --first-line TEXT        answer to \"Data's First Line ?\" (default 1)\n"
     "  --last-line T1[,T2,T3]   last line of each record (default: the file's last line)\n"
-    "  --dt T1[,T2,T3]          time step of each record, seconds (default 0.005)\n"
-    "  --scale T1[,T2,T3]       scaling factor of each record (default 1.0)\n"
+    "  --dt T1[,T2,T3]          time step of each record, seconds (default 0.005 for the first)\n"
+    "  --scale T1[,T2,T3]       scaling factor of each record (default 1.0 for the first)\n"
     "  --max-value T1[,T2,T3]   peak value wanted for each record (default: as read)\n"
-    "A list item left empty (\"--scale ,2\") leaves that record's box as it is.\n";
+    "A record with no item (left empty, \"--scale ,2\", or past the end of the list) keeps its box\n"
+    "as the window leaves it: --dt and --scale hold the record before's value, --last-line and\n"
+    "--max-value what the reader wrote.\n";
 
 namespace {
 

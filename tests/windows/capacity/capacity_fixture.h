@@ -70,8 +70,9 @@ inline void expect_value_labels_clear(const forms::PictureBox& strip, double tex
     }
     for (std::size_t i = 1; i < labels.size(); ++i) {
         EXPECT_GE(labels[i].first - labels[i - 1].first, text_height_twips) << labels[i].second;
-        if (i >= 2 && i + 1 < labels.size())
+        if (i >= 2 && i + 1 < labels.size()) {
             EXPECT_NEAR(labels[i].first - labels[i - 1].first, gap, 1e-6) << labels[i].second;
+        }
         EXPECT_NEAR((std::stod(labels[i - 1].second) - std::stod(labels[i].second)) * 10, tenths, 1e-9)
             << labels[i].second;
     }
