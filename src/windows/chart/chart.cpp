@@ -14,6 +14,8 @@ namespace cc = compute::chart;
 namespace {
 
 constexpr int kRed = 0x0000FF;
+// Room a value label needs on its strip, in text heights.
+constexpr double kValueLabelRoom = 1.5;
 
 // Drawing coordinates are single precision; a value beyond it is an overflow.
 double single(double v) {
@@ -144,6 +146,8 @@ void Chart::drawAxes() {
         double factor = options_.value_scale ? options_.value_scale() : 1.0;
         step = cc::value_label_step(peak, factor);
     }
+    // A strip too short for its labels takes a multiple of the step, so that no label covers the next.
+    step = cc::legible_value_step(step, kValueLabelRoom * PicySxale.text_height());
     for (const auto& t : cc::value_ticks(s, step, options_.value_steps)) {
         PicySxale.set_current_y(t.text_y);
         PicySxale.set_current_x(0);
