@@ -70,7 +70,7 @@ void BM_ComparisonCalculate(benchmark::State& state) {
                                   "tabas1978_ferdows_L1.txt",       "tabas1978_ferdows_T1.txt"};
     const double dts[3] = {0.005, 0.01, 0.02};
     std::int32_t first[3], last[3];
-    std::vector<DoubleArray> base(6), accel(6), spec(6), combined(3);
+    std::vector<DoubleArray> base(6), accel(6), spectra(6), combined(3);
     bool real = true;
     for (int s = 0; s < 6 && real; ++s) {
         RecordFile r = read_record(data_dir() / "records" / files[s]);
@@ -96,9 +96,9 @@ void BM_ComparisonCalculate(benchmark::State& state) {
     std::vector<tv::compute::RecordSpectra> runs;
     std::vector<tv::compute::ComparisonRecord> records;
     for (int k = 0; k < 3; ++k) {
-        runs.push_back({dts[k], first[k], last[k], accel[2 * k], accel[2 * k + 1], spec[2 * k], spec[2 * k + 1]});
+        runs.push_back({dts[k], first[k], last[k], accel[2 * k], accel[2 * k + 1], spectra[2 * k], spectra[2 * k + 1]});
         records.push_back({first[k], last[k], base[2 * k], base[2 * k + 1], accel[2 * k], accel[2 * k + 1],
-                           spec[2 * k], spec[2 * k + 1], 0.3, 0.25, combined[k]});
+                           spectra[2 * k], spectra[2 * k + 1], 0.3, 0.25, combined[k]});
     }
     std::int64_t steps = 0;
     tv::compute::ComparisonHooks hooks;

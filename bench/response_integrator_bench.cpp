@@ -33,16 +33,16 @@ DoubleArray synthetic_record(int samples, double dt, std::uint32_t seed) {
 struct ThreeRecords {
     static constexpr int kSamples = 8000;
     std::vector<DoubleArray> accel;  // X1, Y1, X2, Y2, X3, Y3
-    std::vector<DoubleArray> spec;
+    std::vector<DoubleArray> spectra;
     std::vector<RecordSpectra> records;
     PeriodGrid grid{0.01, 4, 0.01, 400};
 
-    ThreeRecords() : accel(6), spec(6) {
+    ThreeRecords() : accel(6), spectra(6) {
         const double dts[3] = {0.005, 0.01, 0.02};
         for (int s = 0; s < 6; ++s) accel[s] = synthetic_record(kSamples, dts[s / 2], 12345u + 977u * s);
         for (int k = 0; k < 3; ++k)
-            records.push_back(RecordSpectra{dts[k], 1, kSamples, accel[2 * k], accel[2 * k + 1], spec[2 * k],
-                                            spec[2 * k + 1]});
+            records.push_back(RecordSpectra{dts[k], 1, kSamples, accel[2 * k], accel[2 * k + 1], spectra[2 * k],
+                                            spectra[2 * k + 1]});
     }
 };
 
@@ -61,7 +61,7 @@ void BM_ResponseIntegrator(benchmark::State& state) {
         tv::compute::integrate_records(data.records, 0.05, data.grid,
                                        tv::compute::SpectrumMeasure::PseudoAcceleration, {},
                                        [&](int) { ++periods; });
-        benchmark::DoNotOptimize(data.spec[5](1));
+        benchmark::DoNotOptimize(data.spectra[5](1));
         // Two components per period, lastLine - 1 - firstLine steps per pass.
         steps += periods * 2 * (ThreeRecords::kSamples - 2);
     }

@@ -69,12 +69,12 @@ bool write_whole(const std::string& path, const std::string& bytes, std::string&
 }  // namespace
 
 int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    OptionSpec spec{{"unit", "g", "t0", "skip", "m", "soil", "risk", "scale", "tstart", "tend", "step", "spectrum-file",
+    OptionSpec known{{"unit", "g", "t0", "skip", "m", "soil", "risk", "scale", "tstart", "tend", "step", "spectrum-file",
                      "type", "table", "report-pdf"},
                     {"teff-from-capacity"}};
     const std::string usage = kCapacityUsage;
     ParsedOptions o;
-    if (auto done = parse_command(args, spec, "capacity", usage, o, out, err)) return *done;
+    if (auto done = parse_command(args, known, "capacity", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "capacity", "give one capacity file", usage);
 
     // The index of an option's value among the allowed ones; the default's when not given.

@@ -49,12 +49,12 @@ bool is_workbook(const std::string& name) {
 }  // namespace
 
 int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    OptionSpec spec{{"step", "ki-point", "ratio", "tolerance", "yield", "ti", "vs", "weight", "stories", "c0-column",
+    OptionSpec known{{"step", "ki-point", "ratio", "tolerance", "yield", "ti", "vs", "weight", "stories", "c0-column",
                      "cm-column", "soil", "sa", "sa-code", "c3", "report-pdf"},
                     {"use-alpha"}};
     const std::string usage = kCoefficientUsage;
     ParsedOptions o;
-    if (auto done = parse_command(args, spec, "coefficient", usage, o, out, err)) return *done;
+    if (auto done = parse_command(args, known, "coefficient", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "coefficient", "give one pushover file", usage);
     std::vector<std::string> sa_code;
     if (auto v = o.get("sa-code")) {

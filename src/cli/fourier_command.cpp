@@ -26,13 +26,13 @@ const char* kFourierUsage =
 }  // namespace
 
 int run_fourier(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    OptionSpec spec{{"omega-lim", "delta-omega", "picks", "omega-step", "history-time", "history-dt", "export-fft",
+    OptionSpec known{{"omega-lim", "delta-omega", "picks", "omega-step", "history-time", "history-dt", "export-fft",
                      "export-history"},
                     {}};
-    spec.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
+    known.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
     const std::string usage = std::string(kFourierUsage) + kRecordUsage;
     ParsedOptions o;
-    if (auto done = parse_command(args, spec, "fourier", usage, o, out, err)) return *done;
+    if (auto done = parse_command(args, known, "fourier", usage, o, out, err)) return *done;
     if (o.files.size() != 2) return usage_error(err, "fourier", "give one record, an X and a Y file", usage);
     if (!o.get("omega-lim")) return usage_error(err, "fourier", "--omega-lim is required", usage);
     Session s(out, err);

@@ -10,7 +10,7 @@ std::optional<std::string> ParsedOptions::get(const std::string& name) const {
     return it->second;
 }
 
-ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSpec& spec) {
+ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSpec& known) {
     ParsedOptions out;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
@@ -25,10 +25,10 @@ ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSp
                 value = name.substr(eq + 1);
                 name = name.substr(0, eq);
             }
-            if (spec.flags.count(name)) {
+            if (known.flags.count(name)) {
                 if (value) throw UsageError("option --" + name + " takes no value");
                 out.flags.insert(name);
-            } else if (spec.with_value.count(name)) {
+            } else if (known.with_value.count(name)) {
                 if (!value) {
                     if (i + 1 >= args.size()) throw UsageError("option --" + name + " needs a value");
                     value = args[++i];
@@ -49,11 +49,11 @@ int usage_error(std::ostream& err, const std::string& command, const std::string
     return 2;
 }
 
-std::optional<int> parse_command(const std::vector<std::string>& args, const OptionSpec& spec,
+std::optional<int> parse_command(const std::vector<std::string>& args, const OptionSpec& known,
                                  const std::string& command, const std::string& usage, ParsedOptions& o,
                                  std::ostream& out, std::ostream& err) {
     try {
-        o = parse_options(args, spec);
+        o = parse_options(args, known);
     } catch (const UsageError& e) {
         return usage_error(err, command, e.what(), usage);
     }

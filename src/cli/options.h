@@ -30,12 +30,12 @@ struct ParsedOptions {
 };
 
 /// Throws UsageError on an unknown option or a missing value.
-ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSpec& spec);
+ParsedOptions parse_options(const std::vector<std::string>& args, const OptionSpec& known);
 
 /// A command's command line: parses it into `o`, answers --help with `usage` on standard output,
 /// and reports a bad line with the reason and `usage` on standard error. Returns the exit status
 /// when the command should stop here (0 after --help, 2 after a bad line), nullopt to go on.
-std::optional<int> parse_command(const std::vector<std::string>& args, const OptionSpec& spec,
+std::optional<int> parse_command(const std::vector<std::string>& args, const OptionSpec& known,
                                  const std::string& command, const std::string& usage, ParsedOptions& o,
                                  std::ostream& out, std::ostream& err);
 

@@ -36,13 +36,13 @@ const char* kSpectraUsage =
 }  // namespace
 
 int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    OptionSpec spec{{"hazard", "soil", "design-scale", "tstart", "tend", "step", "design-file", "damping", "measure",
+    OptionSpec known{{"hazard", "soil", "design-scale", "tstart", "tend", "step", "design-file", "damping", "measure",
                      "export-spectra", "rule", "sa-scale", "band-start", "band-end", "export-comparison"},
                     {"compare"}};
-    spec.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
+    known.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
     const std::string usage = std::string(kSpectraUsage) + kRecordUsage;
     ParsedOptions o;
-    if (auto done = parse_command(args, spec, "spectra", usage, o, out, err)) return *done;
+    if (auto done = parse_command(args, known, "spectra", usage, o, out, err)) return *done;
     if (o.files.empty() || o.files.size() % 2 != 0 || o.files.size() > 6) {
         return usage_error(err, "spectra", "give one to three records, an X and a Y file each", usage);
     }

@@ -30,7 +30,7 @@ text::DoubleArray& ProjectState::baseAccel(long record, char component) {
                 &ProjectState::baseAccelY3);
 }
 
-text::DoubleArray& ProjectState::spec(long record, char component) {
+text::DoubleArray& ProjectState::spectrum(long record, char component) {
     return pick(*this, record, component, &ProjectState::specX1, &ProjectState::specY1, &ProjectState::specX2,
                 &ProjectState::specY2, &ProjectState::specX3, &ProjectState::specY3);
 }

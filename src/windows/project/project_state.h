@@ -60,7 +60,7 @@ struct ProjectState {
     /// Record lookup: record 1..3, component 'X' or 'Y'; anything else raises 9.
     text::DoubleArray& accel(long record, char component);
     text::DoubleArray& baseAccel(long record, char component);
-    text::DoubleArray& spec(long record, char component);
+    text::DoubleArray& spectrum(long record, char component);
 };
 
 }  // namespace tv::windows

@@ -118,7 +118,7 @@ void Form4::calculate() {
     std::vector<compute::ComparisonRecord> records;
     for (std::int32_t k = 1; k <= s.recordCount; ++k)
         records.push_back({s.recordFirstLine(k), s.recordLastLine(k), s.baseAccel(k, 'X'), s.baseAccel(k, 'Y'),
-                           s.accel(k, 'X'), s.accel(k, 'Y'), s.spec(k, 'X'), s.spec(k, 'Y'),
+                           s.accel(k, 'X'), s.accel(k, 'Y'), s.spectrum(k, 'X'), s.spectrum(k, 'Y'),
                            val(peaks[static_cast<std::size_t>(2 * k - 2)]->text()),
                            val(peaks[static_cast<std::size_t>(2 * k - 1)]->text()), combined(k)});
     compute::ComparisonHooks hooks;

@@ -15,7 +15,7 @@ bool run_response_spectra(Window& window, const ProgressPanel& panel, double zet
         std::vector<compute::RecordSpectra> records;
         for (std::int32_t k = 1; k <= s.recordCount; ++k)
             records.push_back({s.recordDt(k), s.recordFirstLine(k), s.recordLastLine(k), s.accel(k, 'X'),
-                               s.accel(k, 'Y'), s.spec(k, 'X'), s.spec(k, 'Y')});
+                               s.accel(k, 'Y'), s.spectrum(k, 'X'), s.spectrum(k, 'Y')});
         compute::integrate_records(
             records, zeta, grid, measure,
             [&](int) {

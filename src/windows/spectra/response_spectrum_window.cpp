@@ -94,7 +94,7 @@ void Form3::Form_Unload(int&) { program().unload<Form4>(); }
 text::DoubleArray* Form3::selected_spectrum() {
     const double n = val(Combo1.text());
     if (n != 1 && n != 2 && n != 3) return nullptr;
-    return &state().spec(static_cast<long>(n), Option1.value() ? 'X' : 'Y');
+    return &state().spectrum(static_cast<long>(n), Option1.value() ? 'X' : 'Y');
 }
 
 void Form3::calculate(double zeta) {

@@ -76,7 +76,7 @@ TEST_F(SpectraTest, AStepOfZeroIsADivisionByZero) {
 TEST_F(SpectraTest, FromFileReadsTheOrdinatesAndShowDiagramKeepsThem) {
     to_design();
     windows::Form2& f = form2();
-    std::string file = write("spec.txt", "0.5\n0.75 g\nnot a number\n");
+    std::string file = write("ordinates.txt", "0.5\n0.75 g\nnot a number\n");
     program.run([&] { f.Check1.user_click(); });
     EXPECT_TRUE(f.Command3.enabled());
     EXPECT_FALSE(f.Command1.enabled());

@@ -42,12 +42,12 @@ TEST_F(SpectraEdgeTest, AResponseExportThatCannotBeWrittenLeavesTheArraysWhole) 
     to_response();
     windows::Form3& f = form3();
     press(f.Command1);
-    const std::vector<double> spec = state().specX1.raw();
+    const std::vector<double> spectrum_before = state().specX1.raw();
     platform.file_answers = {(dir / "missing" / "out.txt").string()};
     press(f.Command5);
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].first, 76);  // the folder is not there
-    EXPECT_EQ(state().specX1.raw(), spec);
+    EXPECT_EQ(state().specX1.raw(), spectrum_before);
     EXPECT_EQ(state().specX1.ubound(), 400);
     EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
     // The same export into a folder that is there cuts the spectra to N for good.
