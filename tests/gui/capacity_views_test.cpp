@@ -42,89 +42,12 @@ using forms::ControlKind;
 
 const std::string kSample = std::string(TV_SOURCE_DIR) + "/samples/capacity_sample.txt";
 
-bool right_kind(const forms::Control& c, QObject* o) {
-    switch (c.kind()) {
-        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
-        case ControlKind::Label: return qobject_cast<QLabel*>(o);
-        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
-        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
-        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
-        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
-        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
-        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
-        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
-        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
-        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
-        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
-        case ControlKind::Menu: return qobject_cast<QAction*>(o);
-        case ControlKind::Timer:
-        case ControlKind::Line:
-        case ControlKind::Shape: return true;
-    }
-    return false;
-}
+using test::expect_all_bound;
+using test::inside;
 
-/// Every control of the window finds an object of its kind; lines stand on a bound picture.
-void expect_all_bound(const QWidget& view, const forms::Form& model) {
-    bind::Binder* b = bind::binder_of(&view);
-    ASSERT_NE(b, nullptr);
-    for (const auto& c : model.controls()) {
-        const auto kind = c->kind();
-        if (kind == ControlKind::Timer) continue;
-        if (kind == ControlKind::Line || kind == ControlKind::Shape) {
-            ASSERT_NE(c->container(), nullptr) << c->name();
-            EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
-            continue;
-        }
-        QObject* o = b->target(*c);
-        ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
-        EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a " << o->metaObject()->className();
-    }
-    EXPECT_TRUE(b->unbound().empty());
-}
-
-bool inside(const QWidget& inner, const QWidget& outer) {
-    const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
-    return outer.rect().contains(r);
-}
-
-class CapacityViewsTest : public ::testing::Test {
+class CapacityViewsTest : public test::MultiViewTest {
 protected:
-    CapacityViewsTest() : program(platform) {
-        register_views(views);
-        platform.printer_names = {"Office Laser"};
-    }
-    ~CapacityViewsTest() override { opened.clear(); }
-
-    template <class F>
-    QWidget& open() {
-        F& model = program.form<F>();
-        opened.emplace_back(views.create(model, program));
-        QWidget& w = *opened.back();
-        w.show();
-        test::settle();
-        return w;
-    }
-
-    template <class W>
-    static W& child(QWidget& view, const char* name) {
-        W* w = view.findChild<W*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        if (w == nullptr) throw std::runtime_error(name);
-        return *w;
-    }
-
-    static void type_into(QWidget& view, const char* name, const QString& text) {
-        auto& box = child<QLineEdit>(view, name);
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, text);
-    }
-
-    static void click(QWidget& view, const char* name) {
-        QTest::mouseClick(&child<QAbstractButton>(view, name), Qt::LeftButton);
-        test::settle();
-    }
+    CapacityViewsTest() { platform.printer_names = {"Office Laser"}; }
 
     static bool shown(QWidget& view, const char* name) { return !child<QWidget>(view, name).isHidden(); }
 
@@ -141,11 +64,6 @@ protected:
         click(w, "Command9");
         return w;
     }
-
-    test::FakePlatform platform;
-    windows::Program program;
-    ViewRegistry views;
-    std::vector<std::unique_ptr<QWidget>> opened;
 };
 
 // A window of a work area of 1280 x 800 holds each of them whole.

@@ -59,57 +59,12 @@ const char* kSofteningListing =
     " 4  5  3200  0\n"
     " 5  8  3300  0\n";
 
-bool right_kind(const forms::Control& c, QObject* o) {
-    switch (c.kind()) {
-        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
-        case ControlKind::Label: return qobject_cast<QLabel*>(o);
-        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
-        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
-        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
-        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
-        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
-        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
-        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
-        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
-        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
-        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
-        case ControlKind::Menu: return qobject_cast<QAction*>(o);
-        case ControlKind::Timer:
-        case ControlKind::Line:
-        case ControlKind::Shape: return true;
-    }
-    return false;
-}
+using test::expect_all_bound;
+using test::inside;
 
-/// Every control of the window finds an object of its kind; lines stand on a bound picture.
-void expect_all_bound(const QWidget& view, const forms::Form& model) {
-    bind::Binder* b = bind::binder_of(&view);
-    ASSERT_NE(b, nullptr);
-    for (const auto& c : model.controls()) {
-        const auto kind = c->kind();
-        if (kind == ControlKind::Timer) continue;
-        if (kind == ControlKind::Line || kind == ControlKind::Shape) {
-            ASSERT_NE(c->container(), nullptr) << c->name();
-            EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
-            continue;
-        }
-        QObject* o = b->target(*c);
-        ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
-        EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a " << o->metaObject()->className();
-    }
-    EXPECT_TRUE(b->unbound().empty());
-}
-
-/// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
-bool inside(const QWidget& inner, const QWidget& outer) {
-    const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
-    return outer.rect().contains(r);
-}
-
-class CoefficientViewsTest : public ::testing::Test {
+class CoefficientViewsTest : public test::MultiViewTest {
 protected:
-    CoefficientViewsTest() : program(platform) {
-        register_views(views);
+    CoefficientViewsTest() {
         dir = std::filesystem::temp_directory_path() /
               ("tv_coefficient_views_" + std::to_string(::getpid()) + "_" +
                ::testing::UnitTest::GetInstance()->current_test_info()->name());
@@ -121,40 +76,9 @@ protected:
         std::filesystem::remove_all(dir);
     }
 
-    /// The view of a window model, bound and shown at its own size.
-    template <class F>
-    QWidget& open() {
-        F& model = program.form<F>();
-        opened.emplace_back(views.create(model, program));
-        QWidget& w = *opened.back();
-        w.show();
-        test::settle();
-        return w;
-    }
-
     std::string write(const std::string& name, const std::string& content) {
         std::ofstream(dir / name, std::ios::binary) << content;
         return (dir / name).string();
-    }
-
-    template <class W>
-    static W& child(QWidget& view, const char* name) {
-        W* w = view.findChild<W*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        if (w == nullptr) throw std::runtime_error(name);
-        return *w;
-    }
-
-    static void type_into(QWidget& view, const char* name, const QString& text) {
-        auto& box = child<QLineEdit>(view, name);
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, text);
-    }
-
-    static void click(QWidget& view, const char* name) {
-        QTest::mouseClick(&child<QAbstractButton>(view, name), Qt::LeftButton);
-        test::settle();
     }
 
     /// The worked curve read by Start and its yield point found by Auto Yeld Point, all through
@@ -167,11 +91,7 @@ protected:
         return w;
     }
 
-    test::FakePlatform platform;
-    windows::Program program;
-    ViewRegistry views;
     std::filesystem::path dir;
-    std::vector<std::unique_ptr<QWidget>> opened;
 };
 
 // A window of a work area of 1280 x 800 holds each of them whole.
@@ -341,23 +261,24 @@ TEST_F(CoefficientViewsTest, TheNote) {
 
 // The same road on the real platform: the windows come up in the main frame's area, and the
 // note closes with OK.
-class CoefficientRun : public ::testing::Test {
+class CoefficientRun : public test::RealPlatformTest {
 protected:
-    CoefficientRun() : platform(views), program(platform) { register_views(views); }
     ~CoefficientRun() override {
-        platform.release_views();
         if (!listing.empty()) std::filesystem::remove(listing);
     }
 
-    template <class W>
-    W* in(const forms::Form& form, const char* name) {
-        QWidget* v = platform.view_of(form);
-        return v ? v->findChild<W*>(name) : nullptr;
+    /// The listing typed into Form6's view, read by Start and its yield point found.
+    void fit_listing(const windows::Form6& f6) {
+        QLineEdit* path = in<QLineEdit>(f6, "Text1");
+        ASSERT_NE(path, nullptr);
+        path->setFocus();
+        QTest::keyClicks(path, QString::fromStdString(listing));
+        QTest::mouseClick(in<QPushButton>(f6, "Command2"), Qt::LeftButton);
+        test::settle();
+        QTest::mouseClick(in<QPushButton>(f6, "Command3"), Qt::LeftButton);
+        test::settle();
     }
 
-    ViewRegistry views;
-    test::ScriptedPlatform platform;
-    windows::Program program;
     std::string listing;
 };
 
@@ -378,14 +299,7 @@ TEST_F(CoefficientRun, FromTheMenuToTheNote) {
     listing = (std::filesystem::temp_directory_path() / ("tv_coefficient_run_" + std::to_string(::getpid()) + ".txt"))
                   .string();
     std::ofstream(listing, std::ios::binary) << kSofteningListing;
-    QLineEdit* path = in<QLineEdit>(f6, "Text1");
-    ASSERT_NE(path, nullptr);
-    path->setFocus();
-    QTest::keyClicks(path, QString::fromStdString(listing));
-    QTest::mouseClick(in<QPushButton>(f6, "Command2"), Qt::LeftButton);
-    test::settle();
-    QTest::mouseClick(in<QPushButton>(f6, "Command3"), Qt::LeftButton);
-    test::settle();
+    ASSERT_NO_FATAL_FAILURE(fit_listing(f6));
     EXPECT_EQ(in<QLabel>(f6, "txtTEF")->text(), "1.022");
     QTest::mouseClick(in<QPushButton>(f6, "Command5"), Qt::LeftButton);
     test::settle();
@@ -447,14 +361,7 @@ TEST_F(CoefficientRun, SavePdfWritesThePrintedPagesWithoutAPrinter) {
     windows::Form6& f6 = program.form<windows::Form6>();
     listing = (out / "curve.txt").string();
     std::ofstream(listing, std::ios::binary) << kSofteningListing;
-    QLineEdit* path = in<QLineEdit>(f6, "Text1");
-    ASSERT_NE(path, nullptr);
-    path->setFocus();
-    QTest::keyClicks(path, QString::fromStdString(listing));
-    QTest::mouseClick(in<QPushButton>(f6, "Command2"), Qt::LeftButton);
-    test::settle();
-    QTest::mouseClick(in<QPushButton>(f6, "Command3"), Qt::LeftButton);
-    test::settle();
+    ASSERT_NO_FATAL_FAILURE(fit_listing(f6));
     ASSERT_EQ(in<QLabel>(f6, "txtTEF")->text(), "1.022");
 
     // Form6: the name gets ".pdf"; the file is whole and nothing else is left beside it.
@@ -472,7 +379,7 @@ TEST_F(CoefficientRun, SavePdfWritesThePrintedPagesWithoutAPrinter) {
 
     // The page itself, as a picture to look at: the diagram, then the final results.
     const QImage page6 = page_image(f6.report_page(), nullptr);
-    EXPECT_TRUE(page6.save(QString::fromStdString(test::shots_dir() + "/Form6_printed_page.png")));
+    EXPECT_TRUE(test::save_image(page6, "Form6_printed_page"));
     const double diagram_px = twips_to_px(f6.pic1.height(), 96.0);
     EXPECT_GT(inked(page6, QRect(48, 48, 698, int(diagram_px))), 0.002);
     EXPECT_GT(inked(page6, QRect(48, 48 + int(diagram_px), 400, 150)), 0.002);  // the result lines
@@ -499,7 +406,7 @@ TEST_F(CoefficientRun, SavePdfWritesThePrintedPagesWithoutAPrinter) {
     EXPECT_EQ(file_head(out / "target_page.PDF"), "%PDF-");
     const QPixmap window = v8->grab();
     const QImage page8 = page_image(f8.report_page(), &window);
-    EXPECT_TRUE(page8.save(QString::fromStdString(test::shots_dir() + "/Form8_printed_page.png")));
+    EXPECT_TRUE(test::save_image(page8, "Form8_printed_page"));
     const double shown_height = window.deviceIndependentSize().height() *
                                 std::min(1.0, 698.0 / window.deviceIndependentSize().width());
     EXPECT_EQ(inked(page8, QRect(48, 48 + int(shown_height) + 4, 698, 1123 - 96 - int(shown_height) - 8)), 0.0);

@@ -43,113 +43,14 @@
 namespace tv::gui {
 namespace {
 
-using forms::ControlKind;
-
-bool right_kind(const forms::Control& c, QObject* o) {
-    switch (c.kind()) {
-        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
-        case ControlKind::Label: return qobject_cast<QLabel*>(o);
-        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
-        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
-        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
-        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
-        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
-        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
-        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
-        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
-        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
-        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
-        case ControlKind::Menu: return qobject_cast<QAction*>(o);
-        case ControlKind::Timer:
-        case ControlKind::Line:
-        case ControlKind::Shape: return true;
-    }
-    return false;
-}
-
-/// A click on the box of a check box or option, where a user aims: a click in the empty room
-/// beside its text is no click.
-void tick(QAbstractButton* box) {
-    ASSERT_NE(box, nullptr);
-    QStyleOptionButton option;
-    option.initFrom(box);
-    const auto element =
-        qobject_cast<QRadioButton*>(box) ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator;
-    const QRect indicator = box->style()->subElementRect(element, &option, box);
-    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
-}
-
-QStringList label_texts(const QWidget& view) {
-    QStringList out;
-    for (const QLabel* l : view.findChildren<QLabel*>()) out << l->text();
-    return out;
-}
+using test::label_texts;
+using test::tick;
+using test::Visibility;
 
 // ---------------------------------------------------------------------------------------------
 // Each view by itself, over the model alone.
 
-class FourierViews : public ::testing::Test {
-protected:
-    FourierViews() : program(platform) { register_views(views); }
-    ~FourierViews() override { view.reset(); }
-
-    template <class F>
-    QWidget& open() {
-        F& model = program.form<F>();
-        view.reset(views.create(model, program));
-        view->show();
-        test::settle();
-        return *view;
-    }
-
-    void expect_all_bound(const forms::Form& model) {
-        bind::Binder* b = bind::binder_of(view.get());
-        ASSERT_NE(b, nullptr);
-        for (const auto& c : model.controls()) {
-            const auto kind = c->kind();
-            if (kind == ControlKind::Timer) continue;
-            if (kind == ControlKind::Line || kind == ControlKind::Shape) {
-                ASSERT_NE(c->container(), nullptr) << c->name();
-                EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
-                continue;
-            }
-            QObject* o = b->target(*c);
-            ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
-            EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
-                                           << o->metaObject()->className();
-            if (auto* w = qobject_cast<QWidget*>(o)) {
-                EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
-            }
-        }
-        EXPECT_TRUE(b->unbound().empty());
-    }
-
-    template <class W>
-    W* find(const char* name) {
-        return view->findChild<W*>(name);
-    }
-
-    /// The window fits the main frame's document area, and what it is given beyond its own
-    /// size goes to the chart.
-    void expect_chart_takes_spare_room() {
-        const QSize own = view->sizeHint();
-        EXPECT_LE(own.width(), 1200);
-        EXPECT_LE(own.height(), 780);
-        view->resize(own);
-        test::settle();
-        auto* card = find<QWidget>("chartPanel");
-        ASSERT_NE(card, nullptr);
-        const QSize before = card->size();
-        view->resize(own + QSize(200, 120));
-        test::settle();
-        EXPECT_EQ(card->size(), before + QSize(200, 120));
-    }
-
-    test::FakePlatform platform;
-    windows::Program program;
-    ViewRegistry views;
-    std::unique_ptr<QWidget> view;
-};
+using FourierViews = test::SingleViewTest;
 
 TEST_F(FourierViews, EachWindowHasItsOwnView) {
     for (const char* name : {"Form12", "Form13"}) EXPECT_TRUE(views.has(name)) << name;
@@ -158,7 +59,7 @@ TEST_F(FourierViews, EachWindowHasItsOwnView) {
 TEST_F(FourierViews, FourierTransform) {
     auto& f12 = program.form<windows::Form12>();
     auto& w = open<windows::Form12>();
-    expect_all_bound(f12);
+    expect_all_bound(f12, Visibility::Matched);
     const QStringList labels = label_texts(w);
     for (const char* text : {"Omega Lim=", "Delta omega=", "Omega1=", "F.Amp=", "Rad/Sec,T(s)=", "Time(Sec)=",
                              "Delta t =", "Omega Stp=", "Rad/Sec", "X Axis Scale : 1X"})
@@ -191,7 +92,7 @@ TEST_F(FourierViews, FourierTransform) {
 TEST_F(FourierViews, OmegaCalculator) {
     auto& f13 = program.form<windows::Form13>();
     auto& w = open<windows::Form13>();
-    expect_all_bound(f13);
+    expect_all_bound(f13, Visibility::Matched);
     const QStringList labels = label_texts(w);
     for (const char* text : {"T (sec) =", "Rad/Sec"}) EXPECT_TRUE(labels.contains(text)) << text;
     EXPECT_FALSE(find<QPushButton>("Command2")->isEnabled());
@@ -207,37 +108,8 @@ TEST_F(FourierViews, OmegaCalculator) {
 // ---------------------------------------------------------------------------------------------
 // On the real platform, with a real record: Fourier from Form1, then the omega calculator.
 
-class FourierRoad : public ::testing::Test {
+class FourierRoad : public test::RecordRoadTest {
 protected:
-    FourierRoad() : platform(views), program(platform) { register_views(views); }
-    ~FourierRoad() override { platform.release_views(); }
-
-    void SetUp() override {
-        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
-        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
-        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
-        program.run([this] { windows::start(program); });
-        frame = platform.frame();
-        ASSERT_NE(frame, nullptr);
-        frame->resize(1360, 900);
-        test::settle();
-    }
-
-    /// The widget of a window's view by name.
-    template <class W>
-    W* in(const forms::Form& form, const char* name) {
-        QWidget* v = platform.view_of(form);
-        return v ? v->findChild<W*>(name) : nullptr;
-    }
-
-    void click(const forms::Form& form, const char* name) {
-        auto* b = in<QPushButton>(form, name);
-        ASSERT_NE(b, nullptr) << name;
-        ASSERT_TRUE(b->isEnabled()) << name;
-        QTest::mouseClick(b, Qt::LeftButton);
-        test::settle();
-    }
-
     void type(const forms::Form& form, const char* name, const char* text) {
         auto* box = in<QLineEdit>(form, name);
         ASSERT_NE(box, nullptr) << name;
@@ -261,12 +133,6 @@ protected:
     windows::Form1& f1() { return program.form<windows::Form1>(); }
     windows::Form12& f12() { return program.form<windows::Form12>(); }
     windows::Form13& f13() { return program.form<windows::Form13>(); }
-
-    ViewRegistry views;
-    test::ScriptedPlatform platform;
-    windows::Program program;
-    std::string x_file, y_file;
-    QMainWindow* frame = nullptr;
 };
 
 TEST_F(FourierRoad, TransformPicksAndHistory) {

@@ -1,12 +1,31 @@
 #include "gui_fixture.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QGroupBox>
+#include <QLabel>
 #include <QPixmap>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOptionButton>
+#include <QTableView>
+
+#include "gui/bind/binder.h"
+#include "gui/bind/picture_view.h"
+#include "windows/project/main_frame_window.h"
 
 namespace tv::test {
+
+using forms::ControlKind;
 
 std::string shots_dir() {
     const QString dir = QStringLiteral(TV_BINARY_DIR "/gui-screenshots");
@@ -21,8 +40,105 @@ std::string save_shot(QWidget& widget, const std::string& name) {
     return path;
 }
 
+bool save_image(const QImage& image, const std::string& name) {
+    return image.save(QString::fromStdString(shots_dir() + "/" + name + ".png"));
+}
+
 void settle() {
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+bool right_kind(const forms::Control& c, QObject* o) {
+    switch (c.kind()) {
+        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
+        case ControlKind::Label: return qobject_cast<QLabel*>(o);
+        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
+        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
+        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
+        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
+        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
+        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
+        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
+        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
+        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
+        case ControlKind::PictureBox: return qobject_cast<gui::PictureView*>(o);
+        case ControlKind::Menu: return qobject_cast<QAction*>(o);
+        case ControlKind::Timer:
+        case ControlKind::Line:
+        case ControlKind::Shape: return true;
+    }
+    return false;
+}
+
+void expect_all_bound(const QWidget& view, const forms::Form& model, Visibility visibility) {
+    gui::bind::Binder* b = gui::bind::binder_of(&view);
+    ASSERT_NE(b, nullptr);
+    for (const auto& c : model.controls()) {
+        const auto kind = c->kind();
+        if (kind == ControlKind::Timer) continue;
+        if (kind == ControlKind::Line || kind == ControlKind::Shape) {
+            ASSERT_NE(c->container(), nullptr) << c->name();
+            EXPECT_NE(qobject_cast<gui::PictureView*>(b->target(*c->container())), nullptr) << c->name();
+            continue;
+        }
+        QObject* o = b->target(*c);
+        ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
+        EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
+                                       << o->metaObject()->className();
+        // A hidden control has a hidden widget; the others can be seen.
+        if (visibility == Visibility::Matched) {
+            if (auto* w = qobject_cast<QWidget*>(o)) {
+                EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
+            }
+        }
+    }
+    EXPECT_TRUE(b->unbound().empty());
+}
+
+void tick(QAbstractButton* box) {
+    ASSERT_NE(box, nullptr);
+    QStyleOptionButton option;
+    option.initFrom(box);
+    const auto element =
+        qobject_cast<QRadioButton*>(box) ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator;
+    const QRect indicator = box->style()->subElementRect(element, &option, box);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
+}
+
+QStringList label_texts(const QWidget& view) {
+    QStringList out;
+    for (const QLabel* l : view.findChildren<QLabel*>()) out << l->text();
+    return out;
+}
+
+bool inside(const QWidget& inner, const QWidget& outer) {
+    const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
+    return outer.rect().contains(r);
+}
+
+void SingleViewTest::expect_chart_takes_spare_room() {
+    const QSize own = view->sizeHint();
+    EXPECT_LE(own.width(), 1200);
+    EXPECT_LE(own.height(), 780);
+    view->resize(own);
+    settle();
+    auto* card = find<QWidget>("chartPanel");
+    ASSERT_NE(card, nullptr);
+    const QSize before = card->size();
+    view->resize(own + QSize(200, 120));
+    settle();
+    EXPECT_EQ(card->size(), before + QSize(200, 120));
+}
+
+void RecordRoadTest::SetUp() {
+    x_file = data_path("records/northridge1994_rinaldi_228.txt");
+    y_file = data_path("records/northridge1994_rinaldi_318.txt");
+    if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
+    program.run([this] { windows::start(program); });
+    frame = platform.frame();
+    ASSERT_NE(frame, nullptr);
+    frame->resize(1360, 900);
+    settle();
 }
 
 }  // namespace tv::test

@@ -1,16 +1,30 @@
 #pragma once
-// Helpers of the view tests: screenshots, letting queued work run, a platform that answers
-// dialogs from queues while the views are real.
+// Helpers of the view tests: screenshots, letting queued work run, checks that every control has
+// a widget of its kind, fixtures over the models alone or on the real platform, and a platform
+// that answers dialogs from queues while the views are real.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QImage>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QStringList>
+#include <QTest>
 #include <QWidget>
 #include <deque>
+#include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "forms/form.h"
 #include "gui/platform/qt_platform.h"
 #include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "support/fake_platform.h"
+#include "windows/program.h"
 
 namespace tv::test {
 
@@ -18,8 +32,109 @@ namespace tv::test {
 std::string shots_dir();
 /// Saves the widget's image under shots_dir() as <name>.png and gives the path.
 std::string save_shot(QWidget& widget, const std::string& name);
+/// Saves an image under shots_dir() as <name>.png; whether it was written.
+bool save_image(const QImage& image, const std::string& name);
 /// Lets queued refreshes, layouts and paints run.
 void settle();
+
+/// Whether the object bound to a control is of the control's kind.
+bool right_kind(const forms::Control& c, QObject* o);
+
+/// Whether expect_all_bound also holds each widget's visibility to its control's.
+enum class Visibility { Ignored, Matched };
+
+/// Every control of the window finds an object of its kind; lines stand on a bound picture.
+void expect_all_bound(const QWidget& view, const forms::Form& model, Visibility visibility = Visibility::Ignored);
+
+/// A click on the box of a check box or option, where a user aims: a click in the empty room
+/// beside its text is no click.
+void tick(QAbstractButton* box);
+
+/// The texts of the view's plain labels, those no control owns.
+QStringList label_texts(const QWidget& view);
+
+/// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
+bool inside(const QWidget& inner, const QWidget& outer);
+
+/// Views over their models alone, on the fake platform.
+class ViewTest : public ::testing::Test {
+protected:
+    ViewTest() : program(platform) { gui::register_views(views); }
+
+    FakePlatform platform;
+    windows::Program program;
+    gui::ViewRegistry views;
+};
+
+/// One view at a time: opening another drops the last.
+class SingleViewTest : public ViewTest {
+protected:
+    ~SingleViewTest() override { view.reset(); }
+
+    /// The view of a window model, bound, shown at its own size.
+    template <class F>
+    QWidget& open() {
+        F& model = program.form<F>();
+        view.reset(views.create(model, program));
+        view->show();
+        settle();
+        return *view;
+    }
+
+    void expect_all_bound(const forms::Form& model, Visibility visibility = Visibility::Ignored) {
+        test::expect_all_bound(*view, model, visibility);
+    }
+
+    template <class W>
+    W* find(const char* name) {
+        return view->findChild<W*>(name);
+    }
+
+    /// The window fits the main frame's document area, and what it is given beyond its own
+    /// size goes to the chart.
+    void expect_chart_takes_spare_room();
+
+    std::unique_ptr<QWidget> view;
+};
+
+/// Several views open at once, reached by their widgets' names.
+class MultiViewTest : public ViewTest {
+protected:
+    ~MultiViewTest() override { opened.clear(); }
+
+    /// The view of a window model, bound and shown at its own size.
+    template <class F>
+    QWidget& open() {
+        F& model = program.form<F>();
+        opened.emplace_back(views.create(model, program));
+        QWidget& w = *opened.back();
+        w.show();
+        settle();
+        return w;
+    }
+
+    template <class W>
+    static W& child(QWidget& view, const char* name) {
+        W* w = view.findChild<W*>(name);
+        EXPECT_NE(w, nullptr) << name;
+        if (w == nullptr) throw std::runtime_error(name);
+        return *w;
+    }
+
+    static void type_into(QWidget& view, const char* name, const QString& text) {
+        auto& box = child<QLineEdit>(view, name);
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+
+    static void click(QWidget& view, const char* name) {
+        QTest::mouseClick(&child<QAbstractButton>(view, name), Qt::LeftButton);
+        settle();
+    }
+
+    std::vector<std::unique_ptr<QWidget>> opened;
+};
 
 /// QtPlatform with every dialog answered from a queue (empty queue: cancel, Ok, Yes).
 class ScriptedPlatform : public gui::QtPlatform {
@@ -55,6 +170,41 @@ public:
     void report_runtime_error(int number, const std::string& description) override {
         runtime_errors.emplace_back(number, description);
     }
+};
+
+/// The real views on the real platform, dialogs answered from queues.
+class RealPlatformTest : public ::testing::Test {
+protected:
+    RealPlatformTest() : platform(views), program(platform) { gui::register_views(views); }
+    ~RealPlatformTest() override { platform.release_views(); }
+
+    /// The widget of a window's view by name.
+    template <class W>
+    W* in(const forms::Form& form, const char* name) {
+        QWidget* v = platform.view_of(form);
+        return v ? v->findChild<W*>(name) : nullptr;
+    }
+
+    void click(const forms::Form& form, const char* name) {
+        auto* b = in<QPushButton>(form, name);
+        ASSERT_NE(b, nullptr) << name;
+        ASSERT_TRUE(b->isEnabled()) << name;
+        QTest::mouseClick(b, Qt::LeftButton);
+        settle();
+    }
+
+    gui::ViewRegistry views;
+    ScriptedPlatform platform;
+    windows::Program program;
+};
+
+/// The program started with its main frame, and both files of a real record at hand.
+class RecordRoadTest : public RealPlatformTest {
+protected:
+    void SetUp() override;
+
+    std::string x_file, y_file;
+    QMainWindow* frame = nullptr;
 };
 
 }  // namespace tv::test

@@ -34,22 +34,8 @@
 namespace tv::gui {
 namespace {
 
-class ScriptedRun : public ::testing::Test {
+class ScriptedRun : public test::RecordRoadTest {
 protected:
-    ScriptedRun() : platform(views), program(platform) { register_views(views); }
-    ~ScriptedRun() override { platform.release_views(); }
-
-    void SetUp() override {
-        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
-        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
-        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
-        program.run([this] { windows::start(program); });
-        frame = platform.frame();
-        ASSERT_NE(frame, nullptr);
-        frame->resize(1360, 900);
-        test::settle();
-    }
-
     void choose(const char* action) {
         QAction* a = frame->findChild<QAction*>(action);
         ASSERT_NE(a, nullptr) << action;
@@ -67,15 +53,8 @@ protected:
 
     template <class W>
     W* in_form1(const char* name) {
-        QWidget* v = platform.view_of(program.form<windows::Form1>());
-        return v ? v->findChild<W*>(name) : nullptr;
+        return in<W>(program.form<windows::Form1>(), name);
     }
-
-    ViewRegistry views;
-    test::ScriptedPlatform platform;
-    windows::Program program;
-    std::string x_file, y_file;
-    QMainWindow* frame = nullptr;
 };
 
 TEST_F(ScriptedRun, MainFrameComesUpWithItsCaption) {

@@ -44,48 +44,9 @@
 namespace tv::gui {
 namespace {
 
-using forms::ControlKind;
-
-bool right_kind(const forms::Control& c, QObject* o) {
-    switch (c.kind()) {
-        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
-        case ControlKind::Label: return qobject_cast<QLabel*>(o);
-        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
-        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
-        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
-        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
-        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
-        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
-        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
-        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
-        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
-        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
-        case ControlKind::Menu: return qobject_cast<QAction*>(o);
-        case ControlKind::Timer:
-        case ControlKind::Line:
-        case ControlKind::Shape: return true;
-    }
-    return false;
-}
-
-/// A click on the box of a check box or option, where a user aims: a click in the empty room
-/// beside its text is no click.
-void tick(QAbstractButton* box) {
-    ASSERT_NE(box, nullptr);
-    QStyleOptionButton option;
-    option.initFrom(box);
-    const auto element =
-        qobject_cast<QRadioButton*>(box) ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator;
-    const QRect indicator = box->style()->subElementRect(element, &option, box);
-    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
-}
-
-/// The texts of the view's plain labels, those no control owns.
-QStringList label_texts(const QWidget& view) {
-    QStringList out;
-    for (const QLabel* l : view.findChildren<QLabel*>()) out << l->text();
-    return out;
-}
+using test::label_texts;
+using test::tick;
+using test::Visibility;
 
 /// Whether every character of `text` finds a glyph in the font `widget` paints with, fallbacks
 /// included.
@@ -107,69 +68,7 @@ bool all_glyphs_found(const QString& text, const QWidget& widget) {
 // ---------------------------------------------------------------------------------------------
 // Each view by itself, over the model alone.
 
-class SpectraViews : public ::testing::Test {
-protected:
-    SpectraViews() : program(platform) { register_views(views); }
-    ~SpectraViews() override { view.reset(); }
-
-    template <class F>
-    QWidget& open() {
-        F& model = program.form<F>();
-        view.reset(views.create(model, program));
-        view->show();
-        test::settle();
-        return *view;
-    }
-
-    void expect_all_bound(const forms::Form& model) {
-        bind::Binder* b = bind::binder_of(view.get());
-        ASSERT_NE(b, nullptr);
-        for (const auto& c : model.controls()) {
-            const auto kind = c->kind();
-            if (kind == ControlKind::Timer) continue;
-            if (kind == ControlKind::Line || kind == ControlKind::Shape) {
-                ASSERT_NE(c->container(), nullptr) << c->name();
-                EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
-                continue;
-            }
-            QObject* o = b->target(*c);
-            ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
-            EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
-                                           << o->metaObject()->className();
-            // A hidden control has a hidden widget; the others can be seen.
-            if (auto* w = qobject_cast<QWidget*>(o)) {
-                EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
-            }
-        }
-        EXPECT_TRUE(b->unbound().empty());
-    }
-
-    template <class W>
-    W* find(const char* name) {
-        return view->findChild<W*>(name);
-    }
-
-    /// The window fits the main frame's document area, and what it is given beyond its own
-    /// size goes to the chart.
-    void expect_chart_takes_spare_room() {
-        const QSize own = view->sizeHint();
-        EXPECT_LE(own.width(), 1200);
-        EXPECT_LE(own.height(), 780);
-        view->resize(own);
-        test::settle();
-        auto* card = find<QWidget>("chartPanel");
-        ASSERT_NE(card, nullptr);
-        const QSize before = card->size();
-        view->resize(own + QSize(200, 120));
-        test::settle();
-        EXPECT_EQ(card->size(), before + QSize(200, 120));
-    }
-
-    test::FakePlatform platform;
-    windows::Program program;
-    ViewRegistry views;
-    std::unique_ptr<QWidget> view;
-};
+using SpectraViews = test::SingleViewTest;
 
 TEST_F(SpectraViews, EachWindowHasItsOwnView) {
     for (const char* name : {"Form2", "Form3", "Form4"}) EXPECT_TRUE(views.has(name)) << name;
@@ -178,7 +77,7 @@ TEST_F(SpectraViews, EachWindowHasItsOwnView) {
 TEST_F(SpectraViews, DesignSpectrum) {
     auto& f2 = program.form<windows::Form2>();
     auto& w = open<windows::Form2>();
-    expect_all_bound(f2);
+    expect_all_bound(f2, Visibility::Matched);
     const QStringList labels = label_texts(w);
     for (const char* text : {"Scale (A) :", "T (start) :", "T (end) :", "Step :", "sec", "X Axis Scale : 1X"})
         EXPECT_TRUE(labels.contains(text)) << text;
@@ -211,7 +110,7 @@ TEST_F(SpectraViews, DesignSpectrum) {
 TEST_F(SpectraViews, ResponseSpectrum) {
     auto& f3 = program.form<windows::Form3>();
     auto& w = open<windows::Form3>();
-    expect_all_bound(f3);
+    expect_all_bound(f3, Visibility::Matched);
     const QStringList labels = label_texts(w);
     for (const char* text : {" Damping :", "Select earthquake :", "(Default : Pseudo.Acceleration)"})
         EXPECT_TRUE(labels.contains(text)) << text;
@@ -247,7 +146,7 @@ TEST_F(SpectraViews, ResponseSpectrum) {
 TEST_F(SpectraViews, Comparison) {
     auto& f4 = program.form<windows::Form4>();
     auto& w = open<windows::Form4>();
-    expect_all_bound(f4);
+    expect_all_bound(f4, Visibility::Matched);
     const QStringList labels = label_texts(w);
     for (const char* text : {"Sa Scale :", "T (start) :", "T (end) :", "Scale Factor :", "speed :", "sec"})
         EXPECT_TRUE(labels.contains(text)) << text;
@@ -300,37 +199,8 @@ TEST_F(SpectraViews, BandEndMessageReadsRightToLeft) {
 // ---------------------------------------------------------------------------------------------
 // The record road on the real platform, with a real record: Form1 to Form2, Form3 and Form4.
 
-class SpectraRoad : public ::testing::Test {
+class SpectraRoad : public test::RecordRoadTest {
 protected:
-    SpectraRoad() : platform(views), program(platform) { register_views(views); }
-    ~SpectraRoad() override { platform.release_views(); }
-
-    void SetUp() override {
-        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
-        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
-        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
-        program.run([this] { windows::start(program); });
-        frame = platform.frame();
-        ASSERT_NE(frame, nullptr);
-        frame->resize(1360, 900);
-        test::settle();
-    }
-
-    /// The widget of a window's view by name.
-    template <class W>
-    W* in(const forms::Form& form, const char* name) {
-        QWidget* v = platform.view_of(form);
-        return v ? v->findChild<W*>(name) : nullptr;
-    }
-
-    void click(const forms::Form& form, const char* name) {
-        auto* b = in<QPushButton>(form, name);
-        ASSERT_NE(b, nullptr) << name;
-        ASSERT_TRUE(b->isEnabled()) << name;
-        QTest::mouseClick(b, Qt::LeftButton);
-        test::settle();
-    }
-
     /// One record read, drawn from line 5, and passed on to Form2.
     void to_form2() {
         platform.inputs = {"1", "1"};
@@ -362,12 +232,6 @@ protected:
     windows::Form2& f2() { return program.form<windows::Form2>(); }
     windows::Form3& f3() { return program.form<windows::Form3>(); }
     windows::Form4& f4() { return program.form<windows::Form4>(); }
-
-    ViewRegistry views;
-    test::ScriptedPlatform platform;
-    windows::Program program;
-    std::string x_file, y_file;
-    QMainWindow* frame = nullptr;
 };
 
 TEST_F(SpectraRoad, DesignResponseAndComparison) {

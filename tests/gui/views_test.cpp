@@ -40,71 +40,7 @@
 namespace tv::gui {
 namespace {
 
-using forms::ControlKind;
-
-// Whether the object bound to a control is of the control's kind.
-bool right_kind(const forms::Control& c, QObject* o) {
-    switch (c.kind()) {
-        case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
-        case ControlKind::Label: return qobject_cast<QLabel*>(o);
-        case ControlKind::CheckBox: return qobject_cast<QCheckBox*>(o);
-        case ControlKind::OptionButton: return qobject_cast<QRadioButton*>(o);
-        case ControlKind::CommandButton: return qobject_cast<QAbstractButton*>(o);
-        case ControlKind::ComboBox: return qobject_cast<QComboBox*>(o);
-        case ControlKind::Frame: return qobject_cast<QGroupBox*>(o);
-        case ControlKind::Grid: return qobject_cast<QTableView*>(o);
-        case ControlKind::Slider: return qobject_cast<QSlider*>(o);
-        case ControlKind::HScrollBar: return qobject_cast<QScrollBar*>(o);
-        case ControlKind::ProgressBar: return qobject_cast<QProgressBar*>(o);
-        case ControlKind::PictureBox: return qobject_cast<PictureView*>(o);
-        case ControlKind::Menu: return qobject_cast<QAction*>(o);
-        case ControlKind::Timer:
-        case ControlKind::Line:
-        case ControlKind::Shape: return true;
-    }
-    return false;
-}
-
-class ViewsTest : public ::testing::Test {
-protected:
-    ViewsTest() : program(platform) { register_views(views); }
-    ~ViewsTest() override { view.reset(); }
-
-    /// The view of a window model, bound, shown at its own size.
-    template <class F>
-    QWidget& open() {
-        F& model = program.form<F>();
-        view.reset(views.create(model, program));
-        view->show();
-        test::settle();
-        return *view;
-    }
-
-    /// Every control of the window finds an object of its kind; lines stand on a bound picture.
-    void expect_all_bound(const forms::Form& model) {
-        bind::Binder* b = bind::binder_of(view.get());
-        ASSERT_NE(b, nullptr);
-        for (const auto& c : model.controls()) {
-            const auto kind = c->kind();
-            if (kind == ControlKind::Timer) continue;
-            if (kind == ControlKind::Line || kind == ControlKind::Shape) {
-                ASSERT_NE(c->container(), nullptr) << c->name();
-                EXPECT_NE(qobject_cast<PictureView*>(b->target(*c->container())), nullptr) << c->name();
-                continue;
-            }
-            QObject* o = b->target(*c);
-            ASSERT_NE(o, nullptr) << model.name() << ": no widget named " << c->name();
-            EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
-                                           << o->metaObject()->className();
-        }
-        EXPECT_TRUE(b->unbound().empty());
-    }
-
-    test::FakePlatform platform;
-    windows::Program program;
-    ViewRegistry views;
-    std::unique_ptr<QWidget> view;
-};
+using ViewsTest = test::SingleViewTest;
 
 TEST_F(ViewsTest, RegisteredWindows) {
     for (const char* name : {"frmMain", "xhelp", "Form1", "Form14"}) EXPECT_TRUE(views.has(name)) << name;
