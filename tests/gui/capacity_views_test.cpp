@@ -66,9 +66,6 @@ protected:
     }
 };
 
-// A window of a work area of 1280 x 800 holds each of them whole.
-const QSize kWorkArea(1280, 800);
-
 TEST_F(CapacityViewsTest, EachWindowHasItsOwnViewThatFits) {
     for (const char* name : {"Form9", "Form10", "Form11"}) EXPECT_TRUE(views.has(name)) << name;
     QWidget& v9 = open<windows::Form9>();
@@ -77,11 +74,7 @@ TEST_F(CapacityViewsTest, EachWindowHasItsOwnViewThatFits) {
     EXPECT_STREQ(v10.metaObject()->className(), "tv::gui::DiagramView");
     QWidget& v11 = open<windows::Form11>();
     EXPECT_STREQ(v11.metaObject()->className(), "tv::gui::SaView");
-    for (QWidget* v : {&v9, &v10, &v11}) {
-        const QSize least = v->minimumSizeHint();
-        EXPECT_TRUE(least.width() <= kWorkArea.width() && least.height() <= kWorkArea.height())
-            << v->windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
-    }
+    for (QWidget* v : {&v9, &v10, &v11}) test::expect_fits_work_area(*v);
 }
 
 TEST_F(CapacityViewsTest, TheWizardAtLoad) {

@@ -94,9 +94,6 @@ protected:
     std::filesystem::path dir;
 };
 
-// A window of a work area of 1280 x 800 holds each of them whole.
-const QSize kWorkArea(1280, 800);
-
 TEST_F(CoefficientViewsTest, EachWindowHasItsOwnViewThatFits) {
     for (const char* name : {"Form6", "Form7", "Form8"}) EXPECT_TRUE(views.has(name)) << name;
     QWidget& v6 = open<windows::Form6>();
@@ -106,11 +103,7 @@ TEST_F(CoefficientViewsTest, EachWindowHasItsOwnViewThatFits) {
     EXPECT_STREQ(v7.metaObject()->className(), "tv::gui::NoteView");
     QWidget& v8 = open<windows::Form8>();
     EXPECT_STREQ(v8.metaObject()->className(), "tv::gui::TargetDisplacementView");
-    for (QWidget* v : {&v6, &v7, &v8}) {
-        const QSize least = v->minimumSizeHint();
-        EXPECT_TRUE(least.width() <= kWorkArea.width() && least.height() <= kWorkArea.height())
-            << v->windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
-    }
+    for (QWidget* v : {&v6, &v7, &v8}) test::expect_fits_work_area(*v);
 }
 
 TEST_F(CoefficientViewsTest, TEffectiveWindowAtLoad) {

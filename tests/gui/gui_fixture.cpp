@@ -116,6 +116,13 @@ bool inside(const QWidget& inner, const QWidget& outer) {
     return outer.rect().contains(r);
 }
 
+void expect_fits_work_area(const QWidget& view) {
+    const QSize work_area(1280, 800);
+    const QSize least = view.minimumSizeHint();
+    EXPECT_TRUE(least.width() <= work_area.width() && least.height() <= work_area.height())
+        << view.windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
+}
+
 void SingleViewTest::expect_chart_takes_spare_room() {
     const QSize own = view->sizeHint();
     EXPECT_LE(own.width(), 1200);

@@ -56,6 +56,9 @@ QStringList label_texts(const QWidget& view);
 /// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
 bool inside(const QWidget& inner, const QWidget& outer);
 
+/// A window of a work area of 1280 x 800 holds the view whole.
+void expect_fits_work_area(const QWidget& view);
+
 /// Views over their models alone, on the fake platform.
 class ViewTest : public ::testing::Test {
 protected:
