@@ -1,5 +1,5 @@
 #pragma once
-// The view of Form9, "Capacity Spec Method": the wizard's three pages stacked in one place (the
+// The view of Form9, the capacity spectrum wizard: its three pages stacked in one place (the
 // model shows one at a time), Back and Next, and the popup menu of the calculation table.
 #include <QWidget>
 

@@ -1,5 +1,5 @@
 #pragma once
-// The view of Form4 ("Spec-Comparing"): rule, band and factor above the chart of average and target.
+// The view of Form4, the comparison window: rule, band and factor above the chart of average and target.
 #include <QWidget>
 
 #include "ui_comparison_view.h"

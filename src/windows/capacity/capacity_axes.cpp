@@ -48,17 +48,7 @@ void draw_diagram_abscissa(Chart& chart) {
     const auto marks = cc::diagram_marks(chart.picNemodar.scale_width(), chart.picNemodar.width(),
                                          chart.HScroll1.value(), strip.width(),
                                          [&strip](const std::string& s) { return strip.text_width(s); });
-    for (const auto& m : marks) {
-        strip.set_draw_width(1);
-        if (m.labelled) {
-            strip.set_current_x(m.label_x);
-            strip.set_current_y(100);
-            strip.print(m.label);
-            strip.set_draw_width(2);
-        }
-        strip.line(m.x, 0, m.x, 100);
-    }
-    strip.refresh();
+    draw_time_strip(strip, marks);
 }
 
 }  // namespace tv::windows

@@ -42,17 +42,7 @@ void every_second_time_strip(Chart& chart, double dt) {
     auto ticks = compute::chart::time_ticks(chart.picNemodar.scale_width(), chart.picNemodar.width(), dt,
                                             chart.HScroll1.value(), compute::chart::TimeLabels::EverySecond,
                                             [&strip](const std::string& s) { return strip.text_width(s); });
-    for (const auto& t : ticks) {
-        strip.set_draw_width(1);
-        if (t.labelled) {
-            strip.set_current_x(t.x);
-            strip.set_current_y(100);
-            strip.print(t.label);
-            strip.set_draw_width(2);
-        }
-        strip.line(t.x, 0, t.x, 100);
-    }
-    strip.refresh();
+    draw_time_strip(strip, ticks);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #pragma once
-// Form9 ("Capacity Spec Method"): the three-page wizard of the capacity spectrum method. Page 0
+// Form9: the three-page wizard of the capacity spectrum method. Page 0
 // reads the capacity curve, page 1 makes the demand spectrum and takes Sa at every period,
 // page 2 sweeps the curve for the target point; Next from there shows the diagram.
 #include <cstdint>

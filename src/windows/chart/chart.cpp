@@ -117,6 +117,31 @@ void Chart::draw_curve(const text::DoubleArray& values, long upper, double k, in
     }
 }
 
+namespace {
+
+std::int32_t label_left(const cc::TimeTick& t) { return t.x; }
+std::int32_t label_left(const cc::AxisMark& m) { return m.label_x; }
+
+template <class Mark>
+void draw_marks(forms::PictureBox& strip, const std::vector<Mark>& marks) {
+    for (const auto& m : marks) {
+        strip.set_draw_width(1);
+        if (m.labelled) {
+            strip.set_current_x(label_left(m));
+            strip.set_current_y(100);
+            strip.print(m.label);
+            strip.set_draw_width(2);
+        }
+        strip.line(m.x, 0, m.x, 100);
+    }
+    strip.refresh();
+}
+
+}  // namespace
+
+void draw_time_strip(forms::PictureBox& strip, const std::vector<cc::TimeTick>& ticks) { draw_marks(strip, ticks); }
+void draw_time_strip(forms::PictureBox& strip, const std::vector<cc::AxisMark>& marks) { draw_marks(strip, marks); }
+
 void Chart::drawAxes() {
     // Time strip, in twips.
     PicxSxale.cls();
@@ -124,17 +149,7 @@ void Chart::drawAxes() {
     auto ticks = cc::time_ticks(picNemodar.scale_width(), picNemodar.width(), dt, HScroll1.value(),
                                 options_.time_labels,
                                 [this](const std::string& s) { return PicxSxale.text_width(s); });
-    for (const auto& t : ticks) {
-        PicxSxale.set_draw_width(1);
-        if (t.labelled) {
-            PicxSxale.set_current_x(t.x);
-            PicxSxale.set_current_y(100);
-            PicxSxale.print(t.label);
-            PicxSxale.set_draw_width(2);
-        }
-        PicxSxale.line(t.x, 0, t.x, 100);
-    }
-    PicxSxale.refresh();
+    draw_time_strip(PicxSxale, ticks);
 
     // Value strip: doubled and upside down against the plot, so a value v stands at -2v.
     double s = picNemodar.scale_height();

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "compute/chart/chart_axes.h"
 #include "compute/chart/chart_scaling.h"
@@ -123,5 +124,10 @@ private:
     double dt_ = 0;
     double value_ = 0;
 };
+
+/// Prints a time strip's ticks and labels: a label at (its left, 100) over a 2-wide tick, 1 wide
+/// elsewhere; then refreshes the strip.
+void draw_time_strip(forms::PictureBox& strip, const std::vector<compute::chart::TimeTick>& ticks);
+void draw_time_strip(forms::PictureBox& strip, const std::vector<compute::chart::AxisMark>& marks);
 
 }  // namespace tv::windows

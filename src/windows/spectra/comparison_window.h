@@ -1,5 +1,5 @@
 #pragma once
-// Form4 ("Spec-Comparing"): the records' combined spectra against the code target, and the one
+// Form4, the comparison window: the records' combined spectra against the code target, and the one
 // scale factor that lifts their average to it over a period band.
 #include <cstdint>
 

@@ -12,23 +12,7 @@
 namespace tv::test {
 namespace {
 
-class ComparisonTest : public SpectraTest {
-protected:
-    void to_comparison(int records = 1) {
-        to_response(records);
-        press(form3().Command1);
-        press(form3().Command4);
-        ASSERT_TRUE(program.is_loaded<windows::Form4>());
-    }
-    windows::Form4& form4() { return program.form<windows::Form4>(); }
-};
-
-std::vector<std::string> lines_of(const std::filesystem::path& p) {
-    std::ifstream in(p);
-    std::vector<std::string> lines;
-    for (std::string l; std::getline(in, l);) lines.push_back(l);
-    return lines;
-}
+using ComparisonTest = SpectraTest;
 
 TEST_F(ComparisonTest, OpeningTakesThePeaksAndTheGridEnd) {
     to_comparison();
@@ -128,7 +112,7 @@ TEST_F(ComparisonTest, ExportWritesSixteenColumnsFromTheDataFirstLine) {
     press(f.Command1);
     platform.file_answers = {(dir / "cmp.TXT").string()};
     press(f.Command3);
-    auto lines = lines_of(dir / "cmp.TXT");
+    auto lines = read_lines(dir / "cmp.TXT");
     ASSERT_EQ(lines.size(), 1u + 8u);  // heading, then i = 2 .. 9
     EXPECT_EQ(lines[0].substr(lines[0].size() - 9), "Smax(Ave)");
     const windows::ProjectState& s = state();
@@ -165,7 +149,7 @@ TEST_F(ComparisonTest, ExportOfTwoRealRecordsStartsAtTheDataFirstLine) {
     ASSERT_TRUE(platform.runtime_errors.empty());
     platform.file_answers = {(dir / "two").string()};
     program.run([&] { f.Command3.press(); });
-    auto lines = lines_of(dir / "two.txt");
+    auto lines = read_lines(dir / "two.txt");
     const windows::ProjectState& s = state();
     const std::int32_t N = std::max(s.recordLastLine(1), s.recordLastLine(2));
     ASSERT_EQ(lines.size(), static_cast<std::size_t>(1 + N - 5 + 1));

@@ -11,13 +11,6 @@ namespace {
 
 std::string text_of(double v) { return text::format(v, "0.00000000"); }
 
-std::vector<std::string> read_lines(const std::filesystem::path& p) {
-    std::ifstream in(p);
-    std::vector<std::string> lines;
-    for (std::string l; std::getline(in, l);) lines.push_back(l);
-    return lines;
-}
-
 TEST_F(SpectraTest, TickBoxChainsLeaveOneMeasureOrNone) {
     to_response();
     windows::Form3& f = form3();

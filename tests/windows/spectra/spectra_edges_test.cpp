@@ -15,22 +15,8 @@
 namespace tv::test {
 namespace {
 
-std::vector<std::string> read_lines(const std::filesystem::path& p) {
-    std::ifstream in(p);
-    std::vector<std::string> lines;
-    for (std::string l; std::getline(in, l);) lines.push_back(l);
-    return lines;
-}
-
 class SpectraEdgeTest : public SpectraTest {
 protected:
-    void to_comparison(int records = 1) {
-        to_response(records);
-        press(form3().Command1);
-        press(form3().Command4);
-        ASSERT_TRUE(program.is_loaded<windows::Form4>());
-    }
-    windows::Form4& form4() { return program.form<windows::Form4>(); }
     std::size_t questions() const {
         std::size_t n = 0;
         for (const auto& m : platform.messages) n += m.text == "Do you want to close the form?";
