@@ -19,7 +19,7 @@ public:
     std::deque<std::optional<std::string>> file_answers;
     std::string clipboard;
 
-    /// A critical message box was shown (a checked failure that stops the action).
+    /// A critical message box that stops the action was shown (a checked failure).
     bool failed = false;
     /// A run-time error that nothing trapped.
     std::optional<std::string> runtime_error;
@@ -41,6 +41,7 @@ public:
     void hide_form(forms::Form&) override {}
     void unload_form(forms::Form&) override {}
     void end_program() override {}
+    void action_goes_on() override { failed = false; }
     void report_runtime_error(int number, const std::string& description) override;
     void report_file_error(int number, const std::string& description, const std::string& path,
                            const std::string& reason) override;

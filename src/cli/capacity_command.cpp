@@ -144,18 +144,16 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         s.step([&] { f9.Command7.press(); });
         if (o.has("teff-from-capacity")) s.step([&] { f9.Command8.press(); });
         s.step([&] { f9.Command3.press(); });
-        if (f9.pageIndex != 2) {
-            // Next stays disabled until Sa is calculated: the calculation page is out of reach.
-            err << "tremorvault-cli capacity: no demand spectrum, the calculation page is not reached\n";
-            throw Exit{kFailed};
+        // Without Sa the window stays on this page: the sweep is out of reach and its boxes stay
+        // as they are.
+        const bool swept = f9.pageIndex == 2;
+        if (swept) {
+            forms::OptionButton* types[] = {&f9.Op1, &f9.Op2, &f9.Op3};
+            s.step([&] { types[type]->user_click(); });
+            s.step([&] { f9.Command9.press(); });
         }
 
-        // Page 2: the sweep.
-        forms::OptionButton* types[] = {&f9.Op1, &f9.Op2, &f9.Op3};
-        s.step([&] { types[type]->user_click(); });
-        s.step([&] { f9.Command9.press(); });
-
-        if (auto table = o.get("table")) {
+        if (auto table = o.get("table"); table && swept) {
             s.step([&] { f9.Fg3.set_selected_rows({}); });
             s.step([&] { f9.copy.choose(); });
             std::string why;
@@ -170,6 +168,10 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         s.print("SRA", f9.Re2.text());
         s.print("SRV", f9.Re3.text());
         s.print("Beff", f9.Re4.text());
+        if (!swept && (o.get("table") || o.get("report-pdf"))) {
+            err << "tremorvault-cli capacity: no demand spectrum, so no table and no diagram\n";
+            throw Exit{kFailed};
+        }
 
         if (auto pdf = o.get("report-pdf")) {
             // Next from the last page shows the diagram; its page is what Print would send.

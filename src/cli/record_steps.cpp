@@ -14,18 +14,18 @@ const char* const kRecordUsage =
     "  --dt T1[,T2,T3]          time step of each record, seconds (default 0.005 for the first)\n"
     "  --scale T1[,T2,T3]       scaling factor of each record (default 1.0 for the first)\n"
     "  --max-value T1[,T2,T3]   peak value wanted for each record (default: as read)\n"
-    "A record with no item (left empty, \"--scale ,2\", or past the end of the list) keeps its box\n"
-    "as the window leaves it: --dt and --scale hold the record before's value, --last-line and\n"
-    "--max-value what the reader wrote.\n";
+    "An item is put into the box as it is, an empty one (\"--scale ,2\") as an empty text. A record\n"
+    "past the end of the list keeps its box as the window leaves it: --dt and --scale hold the\n"
+    "record before's value, --last-line and --max-value what the reader wrote.\n";
 
 namespace {
 
-// The k-th text of a per-record list; an empty item or a shorter list leaves the box as it is.
+// The k-th text of a per-record list, empty or not; a shorter list leaves the box as it is.
 std::optional<std::string> nth(const ParsedOptions& o, const std::string& name, std::size_t k) {
     auto v = o.get(name);
     if (!v) return std::nullopt;
     auto items = split_list(*v);
-    if (k < items.size() && !items[k].empty()) return items[k];
+    if (k < items.size()) return items[k];
     return std::nullopt;
 }
 

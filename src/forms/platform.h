@@ -73,6 +73,9 @@ public:
     virtual void unload_form(Form& form) = 0;
     /// Exit: the program ends at once.
     virtual void end_program() = 0;
+    /// The handler goes on past the message box it just showed (a trap that resumes), so that
+    /// box is no failure of the action. Only a batch run needs to know.
+    virtual void action_goes_on() {}
 
     /// A run-time error that nothing trapped: "Run-time error" with the description.
     virtual void report_runtime_error(int number, const std::string& description) = 0;

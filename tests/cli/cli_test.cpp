@@ -48,7 +48,7 @@ TEST(CliTest, SpectraOnTwoRealRecordsWithScaleAndPeak) {
     std::string a = data_path("records/kocaeli1999_duzce_180.txt"), b = data_path("records/kocaeli1999_duzce_270.txt");
     std::string c = data_path("records/tabas1978_ferdows_L1.txt"), d = data_path("records/tabas1978_ferdows_T1.txt");
     if (a.empty() || c.empty()) GTEST_SKIP() << "shared data not present";
-    CliResult r = run_cli({"spectra", "--first-line", "5", "--scale", "1.0,2", "--max-value", ",0.5", a, b, c, d});
+    CliResult r = run_cli({"spectra", "--first-line", "5", "--scale", "1.0,2", "--max-value", "0.3641835,0.5", a, b, c, d});
     EXPECT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(r.out.substr(0, r.out.find("design points")),
               "records: 2\npeak X 1: 0.3119112\npeak Y 1: 0.3641835\n"

@@ -198,14 +198,5 @@ TEST_F(CoefficientCliTest, ThePrintedPagesGoToAPdfFile) {
     EXPECT_NE(r.err.find("/nonexistent/dir/r.pdf"), std::string::npos);
 }
 
-TEST_F(CoefficientCliTest, TheRealWorkbooksStopAtTheirDiagram) {
-    std::string book = data_path("pushover/PDcurve.xlsx");
-    if (book.empty()) GTEST_SKIP() << "shared data not present";
-    CliResult r = run_cli({"coefficient", book});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "Error: Error Drawing Pushover Diagram!\n");
-    EXPECT_EQ(r.out, "");
-}
-
 }  // namespace
 }  // namespace tv::test

@@ -183,20 +183,11 @@ TEST_F(SpectraCliTest, ABandEndAboveTheGridIsRefusedInPersianAndPutBack) {
     EXPECT_TRUE(equal.err.empty());
 }
 
-TEST_F(SpectraCliTest, AGridEndBelowItsStartStopsAtTheChartOfNoOrdinates) {
+TEST_F(SpectraCliTest, AGridEndBelowItsStartGivesNoOrdinatesAndBlankCharts) {
     CliResult r = spectra({"--tend", "0.004"});
-    EXPECT_EQ(r.status, 3);
-    EXPECT_EQ(r.err, "run-time error: Invalid procedure call or argument\n");
-    EXPECT_EQ(value_of(r.out, "records"), "1");
-    EXPECT_EQ(value_of(r.out, "design points"), "(none)");
-}
-
-TEST_F(SpectraCliTest, ADampingOfOneIsTheIntegratorsBoxThenTheChartStops) {
-    CliResult r = spectra({"--damping", "1", "--compare"});
-    EXPECT_EQ(r.status, 3);
-    EXPECT_EQ(r.err, "Error: Division by zero\nrun-time error: Invalid procedure call or argument\n");
-    EXPECT_EQ(value_of(r.out, "design points"), "400");
-    EXPECT_EQ(value_of(r.out, "measure"), "(none)");
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.err, "");
+    EXPECT_EQ(value_of(r.out, "design points"), "0");
 }
 
 // The same road on the window models, click for click, against the batch run.

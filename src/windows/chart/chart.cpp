@@ -90,6 +90,12 @@ void Chart::plot(const text::DoubleArray& values, double dt, bool rescale, int c
         picNemodar.scale(0, range_, static_cast<double>(u), -range_);
     }
     double k = options_.scale_to_peak ? cc::curve_factor(range_, amax) : 1.0;
+    if (empty()) {
+        // A curve of no height or no length has nothing to draw: the chart stays blank.
+        picNemodar.cls();
+        drawAxes();
+        return;
+    }
     draw_curve(values, u, k, colour);
     // The base line only has to pass the right edge of the plot.
     picNemodar.line(0, 0, single(2 * picNemodar.width()), 0);
@@ -142,9 +148,15 @@ void draw_marks(forms::PictureBox& strip, const std::vector<Mark>& marks) {
 void draw_time_strip(forms::PictureBox& strip, const std::vector<cc::TimeTick>& ticks) { draw_marks(strip, ticks); }
 void draw_time_strip(forms::PictureBox& strip, const std::vector<cc::AxisMark>& marks) { draw_marks(strip, marks); }
 
+bool Chart::empty() const { return picNemodar.scale_width() == 0 || picNemodar.scale_height() == 0; }
+
 void Chart::drawAxes() {
     // Time strip, in twips.
     PicxSxale.cls();
+    if (empty()) {
+        PicySxale.cls();
+        return;
+    }
     double dt = options_.time_step ? options_.time_step() : dt_;
     auto ticks = cc::time_ticks(picNemodar.scale_width(), picNemodar.width(), dt, HScroll1.value(),
                                 options_.time_labels,

@@ -99,6 +99,10 @@ public:
     /// Writes the time strip and the value strip from the plot's present scale.
     void drawAxes();
 
+    /// True when the plot's scale has no width or no height (a range of 0, one element): such
+    /// a chart shows nothing and raises nothing.
+    bool empty() const;
+
     /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
     void slider_changed();
 

@@ -246,7 +246,9 @@ void Form6::DrawPushoverDiagram() {
         yBar.refresh();
         Text14.set_text(to_text(maxDisplacement));
     } catch (const text::RuntimeError&) {
+        // The drawing stays as far as it got and the caller goes on.
         show_error("Error Drawing Pushover Diagram!");
+        platform().action_goes_on();
     }
 }
 

@@ -169,7 +169,9 @@ void Form12::Command3_Click() {
     const long upper = text::index_of(m);
     s.accelX1.redim(upper);
     s.accelY1.redim(upper);
-    Grid2.set_rows(static_cast<int>(std::max(upper, 0L)) + 1);
+    // The rows run while k <= m: a fraction of a step gives no row, and the table holds no more.
+    const std::int32_t rows = m >= 1 ? static_cast<std::int32_t>(std::floor(m)) : 0;
+    Grid2.set_rows(rows + 1);
     for (long k = 1; k <= m; ++k) {
         Grid2.set_text(static_cast<int>(k), 0, "0");
         Grid2.set_text(static_cast<int>(k), 1, "0");
@@ -177,8 +179,6 @@ void Form12::Command3_Click() {
     Picbar.set_visible(true);
     pbar.set_max(static_cast<float>(m));
     Busy busy(*this);
-    // The rows run while k <= m: a fraction of a step gives no row.
-    const std::int32_t rows = m >= 1 ? static_cast<std::int32_t>(std::floor(m)) : 0;
     const bool picked = Check1.checked();
     const double spacing = val(Text9.text());
     const double count = picked ? val(Text8.text()) : n;
@@ -224,8 +224,11 @@ void Form12::Command3_Click() {
             Grid2.set_text(k, 1, to_text(history.accel[at]));
             s.accelX1(k) = val(Grid2.text(k, 1));
             const compute::HistoryRowTexts texts = compute::history_row_texts(history, k);
-            Grid2.set_text(k, 0, texts.time);
-            s.accelY1(k) = history.time[at];
+            // The time is written with each term: a sum of no terms leaves the row's "0".
+            if (!terms.real.empty()) {
+                Grid2.set_text(k, 0, texts.time);
+                s.accelY1(k) = history.time[at];
+            }
             Grid2.set_text(k, 1, texts.accel);
             pbar.set_value(static_cast<float>(k));
             platform().do_events();

@@ -1,5 +1,6 @@
 #include "windows/project/record_input_window.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "compute/project/text_file.h"
@@ -208,10 +209,10 @@ void Form1::Command2_Click() {
         }
         gx.set_redraw(false);
         gy.set_redraw(false);
-        for (int i = 1; i <= rows; ++i) {
-            gx.set_row_hidden(i, true);
-            gy.set_row_hidden(i, true);
-        }
+        // A Y file shorter than its X file has fewer rows: there is nothing to hide beyond them.
+        const int rowsY = std::min(rows, gy.rows() - 1);
+        for (int i = 1; i <= rows; ++i) gx.set_row_hidden(i, true);
+        for (int i = 1; i <= rowsY; ++i) gy.set_row_hidden(i, true);
         text::DoubleArray& ax = s.accel(r, 'X');
         text::DoubleArray& ay = s.accel(r, 'Y');
         text::DoubleArray& bx = s.baseAccel(r, 'X');

@@ -5,6 +5,16 @@
 
 namespace tv::windows {
 
+namespace {
+
+// The trap shows the failure; both callers go on to draw what there is.
+void trapped(forms::Platform& platform, const std::string& description, const std::string& title) {
+    platform.message_box(description, forms::MsgButtons::Ok, title, forms::MsgIcon::Critical);
+    platform.action_goes_on();
+}
+
+}  // namespace
+
 bool run_response_spectra(Window& window, const ProgressPanel& panel, double zeta,
                           const std::function<compute::SpectrumMeasure()>& measure, const std::string& error_title) {
     ProjectState& s = window.state();
@@ -27,14 +37,14 @@ bool run_response_spectra(Window& window, const ProgressPanel& panel, double zet
                 platform.do_events();
             });
     } catch (const text::RuntimeError& e) {
-        platform.message_box(e.description(), forms::MsgButtons::Ok, error_title, forms::MsgIcon::Critical);
+        trapped(platform, e.description(), error_title);
         return false;
     } catch (const std::bad_alloc&) {
         // A grid or history too large for memory is the old run time's error 7.
-        platform.message_box(text::error_description(7), forms::MsgButtons::Ok, error_title, forms::MsgIcon::Critical);
+        trapped(platform, text::error_description(7), error_title);
         return false;
     } catch (const std::length_error&) {
-        platform.message_box(text::error_description(7), forms::MsgButtons::Ok, error_title, forms::MsgIcon::Critical);
+        trapped(platform, text::error_description(7), error_title);
         return false;
     }
     panel.pbar.set_value(0);

@@ -126,8 +126,12 @@ TEST_F(FourierTest, ZeroPicksGiveAQuietHistory) {
     windows::Form12& f = f12();
     program.run([&] { f.Check1.user_click(); });
     program.run([&] { f.Text8.set_text("0"); });
+    // 4.04 / 0.05 is 80.8: the loop makes rows 1 to 80, and the table holds those alone.
+    program.run([&] { f.Text5.set_text("4.04"); });
     program.run([&] { f.Command3.press(); });
+    EXPECT_EQ(f.Grid2.rows(), 81);
     EXPECT_EQ(f.Grid2.text(5, 1), "0");
+    EXPECT_EQ(f.Grid2.text(5, 0), "0");  // the time is written with a term, and there is none
 }
 
 TEST_F(FourierTest, ASpacingWiderThanTheRangeLeavesNoPickAndFails) {

@@ -22,6 +22,12 @@ TEST_F(ProjectTest, RealRecordFillsTheTablesWithEveryLineAndThePeaks) {
     EXPECT_DOUBLE_EQ(state().peakAccel, 0.5145641);
     EXPECT_EQ(state().componentLetter, "Z");
     EXPECT_EQ(f.Grid1.text(550, 0), f.Grid1.text(550, 1));
+    // The Y file is the shorter: Show Diagram hides only the rows each table has.
+    program.run([&] { f.Command2.press(); });
+    ASSERT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(f.Grid1.row_hidden(2400));
+    EXPECT_FALSE(f.Grid2.row_hidden(2304));
+    EXPECT_EQ(state().accelY1.ubound(), 2304);
 }
 
 TEST_F(ProjectTest, AHeaderNumberOnLineOneWinsOverSmallerSamples) {
