@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "compute/capacity/capacity_reader.h"
+#include "compute/spectra/period_grid.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
@@ -23,23 +24,16 @@ double short_spectrum(double T, double A, const ShortSpectrumConstants& c) {
 
 void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
                          double tstart, double tend, double xstep, double A, const ShortSpectrumConstants& c) {
-    specCount = text::to_int32(text::div(tend, xstep));
+    specCount = period_count(tend, xstep);
     // The arrays run from 1: an upper bound below 1 is refused as the old ReDim did.
     if (specCount < 1) text::raise(text::kSubscript);
     designSa.redim(specCount);
     designAux.redim(specCount);
-    double index = 1.0;
-    // A counted loop over doubles: the end and the step are fixed when it starts.
-    auto pass = [&](double T) {
-        designSa.at(index) = short_spectrum(T, A, c);
-        designAux.at(index) = text::chk(xstep * index);
-        index = index + 1.0;
-    };
-    if (xstep > 0.0) {
-        for (double T = tstart; T <= tend; T = T + xstep) pass(T);
-    } else {
-        for (double T = tstart; T >= tend; T = T + xstep) pass(T);
-    }
+    const PeriodGrid grid{tstart, tend, xstep, specCount};
+    grid.each([&](long k, double T) {
+        designSa(k) = short_spectrum(T, A, c);
+        designAux(k) = period_of_index(k, xstep);
+    });
 }
 
 void read_period_sa_lines(const std::vector<std::string>& lines, text::DoubleArray& designAux,
@@ -82,7 +76,7 @@ void calculare_sa_period(double& saAtPeriod, const text::DoubleArray& designAux,
     auto keep = [&saAtPeriod](double v) { saAtPeriod = v; };
     for (long i = 1; i <= L - 1; ++i) search_sa(designAux, designSa, requestedPeriod, keep);
     auto drop = [](double) {};
-    for (long i = 1; i <= L - 1; ++i) search_sa(designAux, designSa, text::chk(i * xstep), drop);
+    for (long i = 1; i <= L - 1; ++i) search_sa(designAux, designSa, period_of_index(i, xstep), drop);
 }
 
 SaTableOutcome calculare_sa(TextTable& FG2, text::DoubleArray& saAtStep, const TextTable& Fg,
@@ -102,12 +96,12 @@ SaTableOutcome calculare_sa(TextTable& FG2, text::DoubleArray& saAtStep, const T
         search_sa(designAux, designSa, q, [&](double v) { FG2.set_text(i, 1, text::to_text(v)); });
     }
     for (long i = 1; i <= L - 1; ++i) {
-        const double q = text::chk(i * xstep);
+        const double q = period_of_index(i, xstep);
         search_sa(designAux, designSa, q, [&](double v) { FG2.set_text(i, 3, text::to_text(v)); });
     }
     for (long i = 1; i <= R - 1; ++i) FG2.set_text(i, 0, Fg.text(i, 1));
     for (long i = 1; i <= L; ++i) {
-        FG2.set_text(i, 2, text::to_text(text::chk(i * xstep)));
+        FG2.set_text(i, 2, text::to_text(period_of_index(i, xstep)));
         saAtStep(i) = text::val(FG2.text(i, 3));
     }
 

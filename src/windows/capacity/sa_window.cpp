@@ -1,6 +1,7 @@
 #include "windows/capacity/sa_window.h"
 
 #include "compute/capacity/demand_spectrum.h"
+#include "compute/spectra/period_grid.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
@@ -125,23 +126,16 @@ void Form11::Command6_Click() {
     if (!fromFile) {
         const double start = val(tstart.text()), end = val(tend.text()), step = val(xstep.text());
         const double A = s.peakAccel;
-        s.specCount = compute::spectrum_count(end, step);
+        s.specCount = compute::period_count(end, step);
         // Both arrays run from 1.
         if (s.specCount < 1) text::raise(text::kSubscript);
         s.designSa.redim(s.specCount);
         s.designAux.redim(s.specCount);
-        double i = 1.0;
-        auto pass = [&](double T) {
-            s.designSa.at(i) = compute::design_spectrum(T, A, k, group);
-            s.designAux.at(i) = text::chk(i * step);
-            i = i + 1.0;
-        };
-        // A counted loop over doubles: the end and the step are fixed when it starts.
-        if (step > 0.0) {
-            for (double T = start; T <= end; T = T + step) pass(T);
-        } else {
-            for (double T = start; T >= end; T = T + step) pass(T);
-        }
+        const compute::PeriodGrid grid{start, end, step, s.specCount};
+        grid.each([&](long i, double T) {
+            s.designSa(i) = compute::design_spectrum(T, A, k, group);
+            s.designAux(i) = compute::period_of_index(i, step);
+        });
     }
     Ts = k.Ts;
     Command7.set_enabled(true);
