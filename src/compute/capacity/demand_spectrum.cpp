@@ -22,8 +22,8 @@ double short_spectrum(double T, double A, const ShortSpectrumConstants& c) {
     return 0.0;
 }
 
-void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
-                         double tstart, double tend, double xstep, double A, const ShortSpectrumConstants& c) {
+void fill_demand_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
+                          double tstart, double tend, double xstep, const std::function<double(double T)>& ordinate) {
     specCount = period_count(tend, xstep);
     // The arrays run from 1: an upper bound below 1 is refused as the old ReDim did.
     if (specCount < 1) text::raise(text::kSubscript);
@@ -31,7 +31,7 @@ void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, t
     designAux.redim(specCount);
     const PeriodGrid grid{tstart, tend, xstep, specCount};
     grid.each([&](long k, double T) {
-        designSa(k) = short_spectrum(T, A, c);
+        designSa(k) = ordinate(T);
         designAux(k) = period_of_index(k, xstep);
     });
 }

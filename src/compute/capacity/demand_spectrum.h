@@ -2,6 +2,7 @@
 // The demand spectrum of the capacity spectrum method: the short code spectrum of the capacity
 // wizard, the period-and-Sa spectrum file, and the interpolation of Sa at given periods.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,14 +24,15 @@ struct ShortSpectrumConstants {
 /// A (S + 1) (Ts / T)^(2/3). A negative T gives 0. Never fails for T0 > 0.
 double short_spectrum(double T, double A, const ShortSpectrumConstants& c);
 
-/// "Show Diagram" of the capacity wizard: specCount = tend / xstep rounded half to even, both
-/// arrays made anew with indices 1..specCount (index 0 unused), then T runs from tstart to tend
-/// by repeated addition of xstep; pass k stores designSa(k) = short_spectrum(T) and
-/// designAux(k) = xstep * k. The arrays are filled in place.
+/// "Show Diagram" of both capacity windows: specCount = period_count(tend, xstep), both arrays
+/// made anew with indices 1..specCount (index 0 unused), then for each pass k of the period
+/// grid from tstart to tend by xstep (repeated addition) designSa(k) = ordinate(T) and
+/// designAux(k) = xstep * k: the stored period is that of the index, not the loop's T. The
+/// capacity wizard gives its short spectrum, the one-period window the code spectrum.
 /// Failure: xstep 0 raises 11 (6 for tend 0 too); specCount below 1 raises 9; a pass beyond
-/// specCount raises 9 with the earlier passes stored.
-void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
-                         double tstart, double tend, double xstep, double A, const ShortSpectrumConstants& c);
+/// specCount raises 9 with the earlier passes stored; whatever `ordinate` raises.
+void fill_demand_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
+                          double tstart, double tend, double xstep, const std::function<double(double T)>& ordinate);
 
 /// The spectrum file's lines into designAux (periods) and designSa (ordinates), indices from 1:
 /// per line the word before the first blank or tab is the period, the next word Sa, and the

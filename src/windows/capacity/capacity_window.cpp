@@ -233,8 +233,9 @@ void Form9::Command6_Click() {
         if (!fromFile) {
             const compute::SpectrumConstants k = compute::spectrum_constants(soil(), risk_group());
             const compute::ShortSpectrumConstants c{k.S, k.T0, k.Ts};
-            compute::fill_short_spectrum(s.specCount, s.designSa, s.designAux, val(tstart.text()), val(tend.text()),
-                                         val(xstep.text()), s.peakAccel, c);
+            const double A = s.peakAccel;
+            compute::fill_demand_spectrum(s.specCount, s.designSa, s.designAux, val(tstart.text()), val(tend.text()),
+                                          val(xstep.text()), [&](double T) { return compute::short_spectrum(T, A, c); });
         }
         Command7.set_enabled(true);
         Command6.set_enabled(true);

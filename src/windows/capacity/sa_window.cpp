@@ -1,10 +1,8 @@
 #include "windows/capacity/sa_window.h"
 
 #include "compute/capacity/demand_spectrum.h"
-#include "compute/spectra/period_grid.h"
 #include "text/format.h"
 #include "text/number_text.h"
-#include "text/runtime_error.h"
 #include "windows/capacity/capacity_axes.h"
 #include "windows/project/main_frame_window.h"
 
@@ -124,18 +122,9 @@ void Form11::Command6_Click() {
     const compute::HazardGroup group = risk_group();
     const compute::SpectrumConstants k = compute::spectrum_constants(soil(), group);
     if (!fromFile) {
-        const double start = val(tstart.text()), end = val(tend.text()), step = val(xstep.text());
         const double A = s.peakAccel;
-        s.specCount = compute::period_count(end, step);
-        // Both arrays run from 1.
-        if (s.specCount < 1) text::raise(text::kSubscript);
-        s.designSa.redim(s.specCount);
-        s.designAux.redim(s.specCount);
-        const compute::PeriodGrid grid{start, end, step, s.specCount};
-        grid.each([&](long i, double T) {
-            s.designSa(i) = compute::design_spectrum(T, A, k, group);
-            s.designAux(i) = compute::period_of_index(i, step);
-        });
+        compute::fill_demand_spectrum(s.specCount, s.designSa, s.designAux, val(tstart.text()), val(tend.text()),
+                                      val(xstep.text()), [&](double T) { return compute::design_spectrum(T, A, k, group); });
     }
     Ts = k.Ts;
     Command7.set_enabled(true);

@@ -79,7 +79,8 @@ TEST(RealCapacityFiles, WholeRoadOnARealCurve) {
     // Soil II, low hazard, A = 0.35 g, the wizard's default period grid; cm: g = 981.
     std::int32_t specCount = 0;
     text::DoubleArray designSa, designAux, saAtStep;
-    fill_short_spectrum(specCount, designSa, designAux, 0.01, 4.0, 0.02, 0.35, {1.5, 0.1, 0.5});
+    fill_demand_spectrum(specCount, designSa, designAux, 0.01, 4.0, 0.02,
+                         [](double T) { return short_spectrum(T, 0.35, {1.5, 0.1, 0.5}); });
     TextTable FG2(1, 4);
     ASSERT_EQ(calculare_sa(FG2, saAtStep, Fg, designAux, designSa, 4.0, 0.02), SaTableOutcome::filled);
     // The first step has period 0 and gets 0. The others lie on the falling branch, shifted by

@@ -14,6 +14,11 @@ namespace {
 const ShortSpectrumConstants kSoilII{1.5, 0.1, 0.5};
 const ShortSpectrumConstants kSoilI{1.5, 0.1, 0.4};
 
+// The wizard's spectrum as the ordinate of the fill.
+std::function<double(double)> short_of(double A, ShortSpectrumConstants c) {
+    return [=](double T) { return short_spectrum(T, A, c); };
+}
+
 int error_of(auto&& f) {
     try {
         f();
@@ -37,10 +42,10 @@ TEST(ShortSpectrum, ThreeBranchesWithoutS0AndWithoutN) {
     EXPECT_EQ(short_spectrum(-0.01, 0.3, kSoilII), 0.0);
 }
 
-TEST(FillShortSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
+TEST(FillDemandSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
     std::int32_t specCount = 0;
     text::DoubleArray sa, aux;
-    fill_short_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, 1.0, kSoilI);
+    fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, short_of(1.0, kSoilI));
     EXPECT_EQ(specCount, 200);
     EXPECT_EQ(aux.ubound(), 200);
     // Pass 1 works at T = 0.01 but stores the period 0.02.
@@ -51,16 +56,18 @@ TEST(FillShortSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
     EXPECT_EQ(aux(0), 0.0);
 }
 
-TEST(FillShortSpectrum, FailuresOfTheStepAndTheBounds) {
+TEST(FillDemandSpectrum, FailuresOfTheStepAndTheBounds) {
     std::int32_t specCount = 0;
     text::DoubleArray sa, aux;
-    EXPECT_EQ(error_of([&] { fill_short_spectrum(specCount, sa, aux, 0.01, 4.0, 0.0, 1.0, kSoilI); }),
+    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.0, short_of(1.0, kSoilI)); }),
               text::kDivisionByZero);
-    // 0.005 / 0.02 rounds to 0: an array 1..0 is refused.
-    EXPECT_EQ(error_of([&] { fill_short_spectrum(specCount, sa, aux, 0.01, 0.005, 0.02, 1.0, kSoilI); }),
+    // 0.02 / 0.02: an array 1..1 is taken, 0.005 / 0.02 rounds to 0: an array 1..0 is refused.
+    fill_demand_spectrum(specCount, sa, aux, 0.01, 0.02, 0.02, short_of(1.0, kSoilI));
+    EXPECT_EQ(aux(1), 0.02);
+    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 0.005, 0.02, short_of(1.0, kSoilI)); }),
               text::kSubscript);
     // Starting too low runs one pass more than the array holds; the earlier passes stay.
-    EXPECT_EQ(error_of([&] { fill_short_spectrum(specCount, sa, aux, 0.0, 0.1, 0.02, 1.0, kSoilI); }),
+    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.0, 0.1, 0.02, short_of(1.0, kSoilI)); }),
               text::kSubscript);
     EXPECT_EQ(specCount, 5);
     EXPECT_EQ(aux(5), 0.1);
@@ -206,7 +213,7 @@ TEST(CalculareSa, FillsTheFourColumns) {
 TEST(CalculareSa, DefaultStepGivesTwoHundredAndOneRows) {
     std::int32_t specCount = 0;
     text::DoubleArray sa, aux, saAtStep;
-    fill_short_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, 0.35, kSoilII);
+    fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, short_of(0.35, kSoilII));
     TextTable FG2(2, 4);
     calculare_sa(FG2, saAtStep, capacity_teff({" 0.5"}), aux, sa, 4.0, 0.02);
     EXPECT_EQ(FG2.rows(), 201);
