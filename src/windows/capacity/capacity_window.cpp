@@ -22,14 +22,14 @@ ChartOptions demand_chart(Form9& f) {
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_labels = compute::chart::TimeLabels::Spaced;
-    o.time_step = [&f] { return val(f.xstep.text()); };
+    o.time_step = [&f] { return val(f.demand.xstep.text()); };
     o.value_steps = compute::chart::ValueSteps::PeakRule;
     o.value_peak = [&f] { return f.state().peakAccel; };
     o.readout.label = "Label14";
     o.readout.caption = "";
     o.readout.x_text = "T(Period): ";
     o.readout.y_text = ", B.A: ";
-    o.readout.x_step = [&f] { return text::to_double(f.xstep.text()); };
+    o.readout.x_step = [&f] { return text::to_double(f.demand.xstep.text()); };
     o.container = &f.Frame2;
     o.replot = [&f] { f.plot_spectrum(f.fileChart); };
     return o;
@@ -49,10 +49,7 @@ void every_second_time_strip(Chart& chart, double dt) {
 
 Form9::Form9(forms::App& app)
     : Window(app, "Form9", "Capacity Spec Method", 12500, 9000), chart(*this, demand_chart(*this)) {
-    Option1.set_value(true);
-    Option5.set_value(true);
     Op1.set_value(true);
-    Command4.set_enabled(false);
     for (const char* unit : {"mm", "cm", "m"}) Combo1.add_item(unit);
     // A popup menu: shown over Fg3, never in a menu bar.
     menu_file.set_visible(false);
@@ -60,10 +57,10 @@ Form9::Form9(forms::App& app)
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
     Combo1.Click = [this] { Combo1_Click(); };
-    Check1.Click = [this] { Check1_Click(); };
-    Command4.Click = [this] { Command4_Click(); };
-    Command6.Click = [this] { Command6_Click(); };
-    Command7.Click = [this] { Command7_Click(); };
+    demand.Check1.Click = [this] { demand.Check1_Click(); };
+    demand.Command4.Click = [this] { Command4_Click(); };
+    demand.Command6.Click = [this] { Command6_Click(); };
+    demand.Command7.Click = [this] { Command7_Click(); };
     Command8.Click = [this] { Command8_Click(); };
     Command9.Click = [this] { Command9_Click(); };
     Command3.Click = [this] { Command3_Click(); };
@@ -84,7 +81,7 @@ void Form9::Form_Load() {
     Frame2.set_visible(false);
     Frame3.set_visible(false);
     frame2_internal.set_visible(false);
-    Command7.set_enabled(false);
+    demand.Command7.set_enabled(false);
     Command3.set_enabled(false);
     Command5.set_enabled(false);
     pageIndex = 0;
@@ -95,17 +92,6 @@ void Form9::Form_Load() {
 void Form9::Form_Unload(int&) {
     // The diagram reads this window's boxes; it does not outlive them.
     program().unload<Form10>();
-}
-
-compute::Soil Form9::soil() const {
-    if (Option2.value()) return compute::Soil::II;
-    if (Option3.value()) return compute::Soil::III;
-    if (Option4.value()) return compute::Soil::IV;
-    return compute::Soil::I;
-}
-
-compute::HazardGroup Form9::risk_group() const {
-    return Option6.value() ? compute::HazardGroup::HighVeryHigh : compute::HazardGroup::LowModerate;
 }
 
 int Form9::kind() const {
@@ -171,50 +157,27 @@ void Form9::Combo1_Click() {
 
 // --- Page 1: the demand spectrum --------------------------------------------------------------
 
-void Form9::Check1_Click() {
-    if (Check1.value() == 0) {
-        Command6.set_enabled(true);
-        Command4.set_enabled(false);
-        fsoil.set_enabled(true);
-        Frisk.set_enabled(true);
-        fromFile = false;
-    } else {
-        Command4.set_enabled(true);
-        fsoil.set_enabled(false);
-        Frisk.set_enabled(false);
-        Command6.set_enabled(false);
-    }
-}
-
 void Form9::plot_spectrum(bool fromFileRoutine) {
     fileChart = fromFileRoutine;
-    chart.plot(state().designSa, val(xstep.text()), true);
-    if (fileChart) every_second_time_strip(chart, val(xstep.text()));
+    chart.plot(state().designSa, val(demand.xstep.text()), true);
+    if (fileChart) every_second_time_strip(chart, val(demand.xstep.text()));
     draw_legible_value_strip(chart, state().peakAccel);
 }
 
 void Form9::redraw_axes() {
     chart.scroll();
-    if (fileChart) every_second_time_strip(chart, val(xstep.text()));
+    if (fileChart) every_second_time_strip(chart, val(demand.xstep.text()));
     draw_legible_value_strip(chart, state().peakAccel);
 }
 
 void Form9::Command4_Click() {
-    ProjectState& s = state();
-    forms::FileDialogRequest request;
-    request.filter = "*.txt";
-    request.file_name = "*.txt";
     try {
-        auto chosen = platform().file_dialog(request);
+        auto chosen = demand.choose_file();
         // The dialog reports Cancel as an error: the handler shows its description.
         if (!chosen) text::raise(text::kCancel);
         // The preset name left as it was: nothing is read, nothing said.
         if (*chosen == "*.txt") return;
-        s.fileName = *chosen;
-        platform().set_busy(true);
-        compute::read_period_sa_file(resolve_in_workdir(s, s.fileName), s.designAux, s.designSa);
-        Command7.set_enabled(true);
-        fromFile = true;
+        demand.read_file(*chosen);
         plot_spectrum(true);
         platform().set_busy(false);
     } catch (const text::RuntimeError& e) {
@@ -224,21 +187,15 @@ void Form9::Command4_Click() {
 }
 
 void Form9::Command6_Click() {
-    ProjectState& s = state();
     try {
         frame2_internal.set_visible(false);
-        Command6.set_enabled(false);
+        demand.Command6.set_enabled(false);
         shown = 1;
-        s.peakAccel = val(xscale.text());
-        if (!fromFile) {
-            const compute::SpectrumConstants k = compute::spectrum_constants(soil(), risk_group());
-            const compute::ShortSpectrumConstants c{k.S, k.T0, k.Ts};
-            const double A = s.peakAccel;
-            compute::fill_demand_spectrum(s.specCount, s.designSa, s.designAux, val(tstart.text()), val(tend.text()),
-                                          val(xstep.text()), [&](double T) { return compute::short_spectrum(T, A, c); });
-        }
-        Command7.set_enabled(true);
-        Command6.set_enabled(true);
+        // The wizard's short form of the code spectrum: no S0, no long-period factor.
+        demand.show_spectrum([](double T, double A, const compute::SpectrumConstants& k, compute::HazardGroup) {
+            return compute::short_spectrum(T, A, {k.S, k.T0, k.Ts});
+        });
+        demand.Command6.set_enabled(true);
         plot_spectrum(false);
     } catch (const text::RuntimeError& e) {
         show_error_description(e.description(), "");
@@ -261,8 +218,8 @@ void Form9::calculare_sa() {
     try {
         const compute::TextTable fg = to_table(Fg);
         const compute::SaTableOutcome outcome = with_table(FG2, [&](compute::TextTable& t) {
-            return compute::calculare_sa(t, saAtStep, fg, s.designAux, s.designSa, val(tend.text()),
-                                         val(xstep.text()));
+            return compute::calculare_sa(t, saAtStep, fg, s.designAux, s.designSa, val(demand.tend.text()),
+                                         val(demand.xstep.text()));
         });
         if (outcome == compute::SaTableOutcome::zero_step)
             platform().message_box("Error Time Step", forms::MsgButtons::Ok, "", forms::MsgIcon::None);
@@ -312,12 +269,12 @@ void Form9::calculate() {
 void Form9::Command3_Click() {
     pageIndex = static_cast<std::int16_t>(pageIndex + 1);
     if (pageIndex == 1) {
-        fromFile = false;
+        demand.fromFile = false;
         shown = 0;
-        Command7.set_enabled(false);
-        Check1.set_value(0);
+        demand.Command7.set_enabled(false);
+        demand.Check1.set_value(0);
         Command3.set_enabled(false);
-        xscale.set_text("1");
+        demand.xscale.set_text("1");
         Command5.set_enabled(true);
         Frame1.set_visible(false);
         Frame2.set_visible(true);

@@ -110,8 +110,8 @@ protected:
     void to_demand_done() {
         read_capacity(kHandCurve);
         press(form9().Command3);
-        press(form9().Command6);
-        press(form9().Command7);
+        press(form9().demand.Command6);
+        press(form9().demand.Command7);
     }
     /// The sweep's hand-worked demand: Sa of the capacity rows in column 1, periods 0.2 .. 1.4
     /// in columns 2 and 3, eight rows in all.

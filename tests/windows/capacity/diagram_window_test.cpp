@@ -68,8 +68,8 @@ protected:
         run([&] { f.Combo1.set_list_index(unit); });
         read_capacity(hand_curve_times(factor));
         press(f.Command3);
-        press(f.Command6);
-        press(f.Command7);
+        press(f.demand.Command6);
+        press(f.demand.Command7);
         press(f.Command3);
         press(f.Command9);
         press(f.Command3);
@@ -258,8 +258,8 @@ TEST_F(DiagramTest, WithoutACrossingThePlotFailsOnlyWhenNothingCanBeScaled) {
     read_capacity("Teff\n 1 0.3 5 0 0 0 0 0 1\n 2 0.4 5 0 0 0 0 0 1\n 3 0.5 5 0 0 0 0 0 1\n");
     windows::Form9& f = form9();
     press(f.Command3);
-    press(f.Command6);
-    press(f.Command7);
+    press(f.demand.Command6);
+    press(f.demand.Command7);
     press(f.Command3);
     press(f.Command9);
     press(f.Command3);
