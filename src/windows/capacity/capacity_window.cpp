@@ -1,13 +1,15 @@
 #include "windows/capacity/capacity_window.h"
 
-#include "compute/capacity/capacity_results.h"
 #include "compute/capacity/demand_spectrum.h"
 #include "compute/chart/chart_axes.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_axes.h"
+#include "windows/capacity/capacity_results.h"
+#include "windows/capacity/demand_table.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/grid_table.h"
+#include "windows/capacity/step_table.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::windows {
@@ -85,7 +87,7 @@ void Form9::Form_Load() {
     Command3.set_enabled(false);
     Command5.set_enabled(false);
     pageIndex = 0;
-    with_table(Fg, [](compute::TextTable& t) { compute::write_capacity_headings(t); });
+    with_table(Fg, [](TextTable& t) { write_capacity_headings(t); });
     Combo1.set_list_index(0);
 }
 
@@ -132,7 +134,7 @@ void Form9::Command2_Click() {
         capacityPoints[r] = table.rows[r].point;
     }
     // The rows before a failure stay in the table.
-    with_table(Fg, [&table](compute::TextTable& t) { compute::write_capacity_rows(t, table); });
+    with_table(Fg, [&table](TextTable& t) { write_capacity_rows(t, table); });
     if (!table.ok()) {
         Command3.set_enabled(false);
         Command5.set_enabled(false);
@@ -216,12 +218,12 @@ void Form9::Command7_Click() {
 void Form9::calculare_sa() {
     const ProjectState& s = state();
     try {
-        const compute::TextTable fg = to_table(Fg);
-        const compute::SaTableOutcome outcome = with_table(FG2, [&](compute::TextTable& t) {
-            return compute::calculare_sa(t, saAtStep, fg, s.designAux, s.designSa, val(demand.tend.text()),
+        const TextTable fg = to_table(Fg);
+        const SaTableOutcome outcome = with_table(FG2, [&](TextTable& t) {
+            return windows::calculare_sa(t, saAtStep, fg, s.designAux, s.designSa, val(demand.tend.text()),
                                          val(demand.xstep.text()));
         });
-        if (outcome == compute::SaTableOutcome::zero_step)
+        if (outcome == SaTableOutcome::zero_step)
             platform().message_box("Error Time Step", forms::MsgButtons::Ok, "", forms::MsgIcon::None);
     } catch (const text::RuntimeError& e) {
         show_error_description(e.description(), "Error");
@@ -229,8 +231,8 @@ void Form9::calculare_sa() {
 }
 
 void Form9::Command8_Click() {
-    const compute::TextTable fg = to_table(Fg);
-    with_table(FG2, [&](compute::TextTable& t) { compute::input_teff_from_capacity(t, fg, T3.text()); });
+    const TextTable fg = to_table(Fg);
+    with_table(FG2, [&](TextTable& t) { input_teff_from_capacity(t, fg, T3.text()); });
 }
 
 // --- Page 2: the sweep ------------------------------------------------------------------------
@@ -238,15 +240,15 @@ void Form9::Command8_Click() {
 void Form9::Command9_Click() { calculate(); }
 
 void Form9::calculate() {
-    compute::SweepSettings settings;
+    SweepSettings settings;
     settings.T1 = T1.text();
     settings.T2 = T2.text();
     settings.T3 = T3.text();
     settings.T4 = T4.text();
     settings.kind = kind();
-    compute::SweepResults results;
-    const compute::TextTable fg = to_table(Fg);
-    const compute::TextTable fg2 = to_table(FG2);
+    SweepResults results;
+    const TextTable fg = to_table(Fg);
+    const TextTable fg2 = to_table(FG2);
     auto write_results = [&] {
         slopeK0 = results.slopeK0;
         Re1.set_text(results.Re1);
@@ -255,7 +257,7 @@ void Form9::calculate() {
         Re4.set_text(results.Re4);
     };
     try {
-        with_table(Fg3, [&](compute::TextTable& t) { compute::calculate(fg, fg2, settings, t, results); });
+        with_table(Fg3, [&](TextTable& t) { windows::calculate(fg, fg2, settings, t, results); });
     } catch (...) {
         write_results();
         throw;
@@ -308,7 +310,7 @@ void Form9::Command5_Click() {
 
 void Form9::copy_Click() {
     platform().set_clipboard_text("");
-    platform().set_clipboard_text(compute::clipboard_text(to_table(Fg3), Fg3.selected_rows()));
+    platform().set_clipboard_text(clipboard_text(to_table(Fg3), Fg3.selected_rows()));
 }
 
 void Form9::Fg3_MouseUp(int button, int, float, float) {

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "compute/capacity/capacity_reader.h"
-#include "compute/capacity/capacity_sweep.h"
 #include "text/checked.h"
 #include "windows/capacity/demand_spectrum_panel.h"
+#include "windows/capacity/sweep_table.h"
 #include "windows/chart/chart.h"
 #include "windows/program.h"
 
@@ -58,7 +58,7 @@ public:
 
     // Page 2: the sweep and its results.
     forms::Frame& Frame3 = frame("Frame3", "Calculate");
-    forms::Grid& Fg3 = grid("Fg3", 1, compute::fg3::kCount, &Frame3);
+    forms::Grid& Fg3 = grid("Fg3", 1, fg3::kCount, &Frame3);
     forms::Frame& Frame5 = frame("Frame5", "Structure Type", &Frame3);
     forms::OptionButton& Op1 = option("Op1", "A", &Frame5);
     forms::OptionButton& Op2 = option("Op2", "B", &Frame5);

@@ -1,7 +1,7 @@
 // Form9's last page: the sweep through the window, its colours, the results and the clipboard.
 #include "capacity_fixture.h"
 
-#include "compute/capacity/text_table.h"
+#include "windows/capacity/text_table.h"
 
 namespace tv::test {
 namespace {
@@ -32,9 +32,9 @@ TEST_F(CapacityTest, TheSweepOfTheHandCaseGivesItsTargetPoint) {
 TEST_F(CapacityTest, StepCellsAreBlueAndRedAtTheCrossing) {
     sweep_hand_case();
     windows::Form9& f = form9();
-    for (int r = 1; r <= 3; ++r) EXPECT_EQ(f.Fg3.cell_back_color(r, 2), compute::kBlue) << r;
-    EXPECT_EQ(f.Fg3.cell_back_color(4, 2), compute::kRed);
-    EXPECT_EQ(f.Fg3.cell_back_color(5, 2), compute::kRed);
+    for (int r = 1; r <= 3; ++r) EXPECT_EQ(f.Fg3.cell_back_color(r, 2), windows::kBlue) << r;
+    EXPECT_EQ(f.Fg3.cell_back_color(4, 2), windows::kRed);
+    EXPECT_EQ(f.Fg3.cell_back_color(5, 2), windows::kRed);
     EXPECT_EQ(f.Fg3.cell_back_color(6, 2), -1);
     EXPECT_EQ(f.Fg3.cell_back_color(4, 3), -1);
 
@@ -45,8 +45,8 @@ TEST_F(CapacityTest, StepCellsAreBlueAndRedAtTheCrossing) {
     press(f.Command9);
     EXPECT_EQ(f.Re1.text(), "");
     EXPECT_EQ(f.Re4.text(), "");
-    EXPECT_EQ(f.Fg3.cell_back_color(4, 2), compute::kBlue);
-    EXPECT_EQ(f.Fg3.cell_back_color(5, 2), compute::kBlue);
+    EXPECT_EQ(f.Fg3.cell_back_color(4, 2), windows::kBlue);
+    EXPECT_EQ(f.Fg3.cell_back_color(5, 2), windows::kBlue);
     EXPECT_EQ(f.Fg3.text(4, 1), "");
 }
 

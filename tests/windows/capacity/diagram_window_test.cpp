@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "compute/capacity/capacity_results.h"
+#include "windows/capacity/capacity_results.h"
 
 namespace tv::test {
 namespace {
@@ -182,7 +182,7 @@ TEST_F(DiagramTest, NextFromTheLastPageShowsTheDiagramAndStaysOnPageTwo) {
 
 TEST_F(DiagramTest, FillarrayReadsTheFiveSeriesOfTheTable) {
     windows::Form10& d = to_diagram();
-    using D = compute::CapacityDiagram;
+    using D = windows::CapacityDiagram;
     const auto& capacity = d.diagram.series[D::kCapacity];
     ASSERT_EQ(capacity.x.ubound(), 5);
     EXPECT_EQ(capacity.x(4), 4.0);
