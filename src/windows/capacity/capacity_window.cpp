@@ -240,7 +240,7 @@ void Form9::Command8_Click() {
 void Form9::Command9_Click() { calculate(); }
 
 void Form9::calculate() {
-    SweepSettings settings;
+    SweepBoxes settings;
     settings.T1 = T1.text();
     settings.T2 = T2.text();
     settings.T3 = T3.text();

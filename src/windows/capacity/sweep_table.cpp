@@ -20,8 +20,6 @@ const std::array<const char*, fg3::kCount> kSweepHeadings = {
 
 namespace {
 
-constexpr double kTwoPi = 6.283185308;
-
 std::string f4(double x) { return text::format(x, "0.0000"); }
 
 // A cell text through a number pattern: a text that is a number is formatted, any other text
@@ -50,12 +48,6 @@ std::string f4_or_zero(double x) { return x == 0.0 ? std::string("0") : f4(x); }
 
 double cell(const TextTable& t, long row, long col) { return text::val(t.text(row, col)); }
 
-// Squared period over two pi, as (T / 6.283185308) ^ 2.
-double period_factor(double T) {
-    const double x = T / kTwoPi;
-    return x * x;
-}
-
 }  // namespace
 
 void header(TextTable& Fg3) {
@@ -66,42 +58,96 @@ void header(TextTable& Fg3) {
     Fg3.set_col_hidden(fg3::kSaTarsim, true);
 }
 
-void calculate(const TextTable& Fg, const TextTable& FG2, const SweepSettings& settings, TextTable& Fg3,
+namespace {
+
+using namespace fg3;
+
+// Row i of Fg3 from a row of the sweep, as far as the row got.
+void write_row(TextTable& Fg3, long i, const compute::SweepRow& row, SweepResults& results) {
+    using std::isnan;
+    if (isnan(row.A)) return;
+    Fg3.set_text(i, kA, f4(row.A));
+    Fg3.set_text(i, kM, f4(row.slopeK0));
+    if (isnan(row.Es0)) return;
+    Fg3.set_text(i, kEs0, f4(row.Es0));
+    if (isnan(row.A1)) return;
+    Fg3.set_text(i, kA1, f4(row.A1));
+    if (isnan(row.ED)) return;
+    Fg3.set_text(i, kED, text::to_text(row.ED));
+    // Without damping worked out the two cells keep their "0".
+    if (row.Es0 != 0.0) {
+        if (isnan(row.B0)) return;
+        Fg3.set_text(i, kB0, f4(row.B0));
+        if (isnan(row.Lambda)) return;
+        Fg3.set_text(i, kLambda, f4(row.Lambda));
+    }
+    if (!row.tested) return;
+    if (row.crossing) {
+        Fg3.set_cell_color(i - 1, kStep, kRed);
+        Fg3.set_cell_color(i, kStep, kRed);
+        const compute::SweepCrossing& x = row.at;
+        if (isnan(x.targetStar)) return;
+        Fg3.set_text(1, kBilinearD, "0");
+        Fg3.set_text(1, kBilinearA, "0");
+        Fg3.set_text(2, kBilinearD, f4(x.dyPrev));
+        Fg3.set_text(2, kBilinearA, f4(x.ayPrev));
+        Fg3.set_text(3, kBilinearD, f4(x.d));
+        Fg3.set_text(3, kBilinearA, f4(x.a));
+        Fg3.set_text(i - 1, kTarget, f4(x.targetPrev));
+        Fg3.set_text(i, kTarget, f4(x.target));
+        results.Re1 = f4(x.targetStar);
+        results.Re2 = f4(x.SRA);
+        results.Re3 = f4(x.SRV);
+        results.Re4 = f4(x.Beff);
+        results.lastCrossing = i;
+    } else {
+        Fg3.set_cell_color(i, kStep, kBlue);
+    }
+    if (isnan(row.final)) return;
+    Fg3.set_text(i, kFinal, f4(row.final));
+    Fg3.set_text(i, kDy, f4(row.dy));
+    Fg3.set_text(i, kAy, f4(row.ay));
+    Fg3.set_text(i, kSa, f4(row.Sa));
+    Fg3.set_text(i, kSaReduce, f4(row.SaRed));
+    Fg3.set_text(i, kSdReduce, f4(row.SdRed));
+    Fg3.set_text(i, kK, f4(row.K));
+    Fg3.set_text(i, kBeff, f4(row.Beff));
+    Fg3.set_text(i, kSRA, f4(row.SRA));
+    Fg3.set_text(i, kSRV, f4(row.SRV));
+}
+
+// Row j of the demand columns, as far as the row got.
+void write_demand(TextTable& Fg3, long j, double T, double Sa, const compute::DemandRow& row) {
+    if (std::isnan(row.Sd)) return;
+    Fg3.set_text(j, kTSec, f4(T));
+    Fg3.set_text(j, kSaDemand, f4(Sa));
+    Fg3.set_text(j, kSdDemand, f4_or_zero(row.Sd));
+    if (std::isnan(row.SdRed)) return;
+    Fg3.set_text(j, kSaReDemand, f4_or_zero(row.SaRed));
+    Fg3.set_text(j, kSdReDemand, f4_or_zero(row.SdRed));
+}
+
+}  // namespace
+
+void calculate(const TextTable& Fg, const TextTable& FG2, const SweepBoxes& boxes, TextTable& Fg3,
                SweepResults& results) {
-    using text::chk;
-    using namespace fg3;
-
-    // Preparation.
     Fg3.set_rows(static_cast<long>(FG2.rows()) - 1);
-    const double skip = text::val(settings.T3);
-    const double T0 = text::val(settings.T2);
-    const double g = text::val(settings.T1);
-    const double m = text::val(settings.T4);
-    const int kind = settings.kind;
-
-    double& slopeK0 = results.slopeK0;
-    slopeK0 = 0.0;
-    double A = 0.0, ED = 0.0, dy = 0.0, ay = 0.0, Lambda = 0.0, SRV = 0.0, SRA = 0.0, A1 = 0.0, B0 = 0.0,
-           K = 0.0, Beff = 0.0, finalPrev = 0.0;
-    results.Re1.clear();
-    results.Re2.clear();
-    results.Re3.clear();
-    results.Re4.clear();
-    results.lastCrossing = 0;
-
-    double final_ = 0.0, target = 0.0, targetPrev = 0.0, SaRed = 0.0, SaRedPrev = 0.0, SaCap = 0.0;
-    double BeffPrev = 0.0, dyPrev = 0.0, ayPrev = 0.0, SRVPrev = 0.0, SRAPrev = 0.0;
-    // Interpolated at the crossing; empty boxes until then, which count as 0.
-    double SRVs = 0.0, SRAs = 0.0, Beffs = 0.0, ds = 0.0, as = 0.0, targets = 0.0;
+    const double skip = text::val(boxes.T3);
+    compute::SweepSettings settings;
+    settings.T0 = text::val(boxes.T2);
+    settings.g = text::val(boxes.T1);
+    settings.m = text::val(boxes.T4);
+    settings.kind = boxes.kind;
+    results = SweepResults{};
 
     const double n = capacity_end_row(Fg, skip);
     const double N = n - skip - 1.0;
-
     Fg3.clear();
     header(Fg3);
 
+    compute::CapacitySweep sweep(settings);
     for (long i = 1; i <= N; ++i) {
-        // Take the capacity step over; what follows reads the rounded texts back.
+        // Take the capacity step over; the sweep works from the rounded texts read back.
         const double r = skip + static_cast<double>(i);
         Fg3.set_text(i, kB0, "0");
         Fg3.set_text(i, kLambda, "0");
@@ -110,127 +156,37 @@ void calculate(const TextTable& Fg, const TextTable& FG2, const SweepSettings& s
         Fg3.set_text(i, kSdpi, pattern_text(Fg.text_at(r, 3)));
         Fg3.set_text(i, kSapi, pattern_text(Fg.text_at(r, 4)));
         Fg3.set_text(i, kPFPhi, pattern_text(Fg.text_at(r, 8)));
-
-        const double PFPhi = cell(Fg3, i, kPFPhi);
-        const double T = cell(Fg3, i, kT);
-        const double d = cell(Fg3, i, kSdpi);
-        const double a = cell(Fg3, i, kSapi);
-        const double dPrev = cell(Fg3, i - 1, kSdpi);
-        const double aPrev = cell(Fg3, i - 1, kSapi);
-
-        if (static_cast<double>(i - 1) == m) slopeK0 = text::div(a, d);
-
-        const double increment = i == 1 ? 0.0 : chk(((a + aPrev) / 2.0) * (d - dPrev));
-        A = chk(A + increment);
-        Fg3.set_text(i, kA, f4(A));
-        Fg3.set_text(i, kM, f4(slopeK0));
-
-        double Es0 = chk((d * a) / 2.0);
-        if (Es0 < 0.0) Es0 = 0.0;
-        Fg3.set_text(i, kEs0, f4(Es0));
-
-        if (slopeK0 != 0.0) A1 = chk((d - chk((slopeK0 * d - a) / slopeK0)) * a / 2.0);
-        Fg3.set_text(i, kA1, f4(A1));
-        if (A1 != 0.0) ED = chk(4.0 * (A - A1));
-        if (ED < 0.0) ED = 0.0;
-        Fg3.set_text(i, kED, text::to_text(ED));
-
-        if (Es0 != 0.0) {
-            if (static_cast<double>(i - 1) >= m) B0 = chk((1.0 / 12.5664 * 100.0) * (ED / Es0));
-            Fg3.set_text(i, kB0, f4(B0));
-
-            BeffPrev = Beff;
-            dyPrev = dy;
-            ayPrev = ay;
-
-            const double c = chk(slopeK0 * d / 2.0 - a / 2.0);
-            if (c != 0.0) dy = chk((A - a * d / 2.0) / c);
-            ay = chk(slopeK0 * dy);
-
-            if (d * a != 0.0) {
-                Lambda = chk((ay * d - dy * a) / (d * a));
-                if (Lambda < 0.0) Lambda = 0.0;
-            }
-            // The bilinear estimate above is kept for the table only; damping works from B0.
-            Lambda = B0 / 63.7;
-            Fg3.set_text(i, kLambda, f4(Lambda));
-
-            K = compute::damping_modification(kind, B0, Lambda, K);
-            SRVPrev = SRV;
-            SRAPrev = SRA;
-            Beff = chk((63.7 * K) * Lambda + 5.0);
-            const compute::ReductionFactors f = compute::reduction_factors(kind, Beff, {SRA, SRV});
-            SRA = f.SRA;
-            SRV = f.SRV;
-        }
-
+        compute::SweepStep step;
+        step.PFPhi = cell(Fg3, i, kPFPhi);
+        step.T = cell(Fg3, i, kT);
+        step.d = cell(Fg3, i, kSdpi);
+        step.a = cell(Fg3, i, kSapi);
         // The demand of row i, not of the capacity row skip + i.
-        const double Sa = cell(FG2, i, 1);
-        SaRedPrev = SaRed;
-        SaRed = chk(T >= T0 ? SRV * Sa : SRA * Sa);
-        if (SaRed == SaRedPrev) SaCap = SaRed;
-        if (SaCap != 0.0 && SaRed > SaCap) SaRed = SaCap;
-
-        const double SdRed = chk((g * SaRed) * period_factor(T));
-        finalPrev = final_;
-        final_ = chk(SdRed - d);
-        targetPrev = target;
-        target = chk(PFPhi * d);
-
-        if (finalPrev > 0.0 && final_ < 0.0) {
-            Fg3.set_cell_color(i - 1, kStep, kRed);
-            Fg3.set_cell_color(i, kStep, kRed);
-            const double span = final_ - finalPrev;
-            SRVs = chk(((SRV - SRVPrev) / span) * (-finalPrev) + SRVPrev);
-            SRAs = chk(((SRA - SRAPrev) / span) * (-finalPrev) + SRAPrev);
-            Beffs = chk(((Beff - BeffPrev) / span) * (-finalPrev) + BeffPrev);
-            ds = chk(((d - dPrev) / span) * (-finalPrev) + dPrev);
-            as = chk(((a - aPrev) / span) * (-finalPrev) + aPrev);
-            targets = chk(((target - targetPrev) / span) * (-finalPrev) + targetPrev);
-
-            Fg3.set_text(1, kBilinearD, "0");
-            Fg3.set_text(1, kBilinearA, "0");
-            Fg3.set_text(2, kBilinearD, f4(dyPrev));
-            Fg3.set_text(2, kBilinearA, f4(ayPrev));
-            Fg3.set_text(3, kBilinearD, f4(ds));
-            Fg3.set_text(3, kBilinearA, f4(as));
-
-            Fg3.set_text(i - 1, kTarget, f4(targetPrev));
-            Fg3.set_text(i, kTarget, f4(target));
-
-            results.Re1 = f4(targets);
-            results.Re2 = f4(SRAs);
-            results.Re3 = f4(SRVs);
-            results.Re4 = f4(Beffs);
-            results.lastCrossing = i;
-        } else {
-            Fg3.set_cell_color(i, kStep, kBlue);
+        auto Sa = [&] { return cell(FG2, i, 1); };
+        compute::SweepRow row;
+        try {
+            sweep.row(step, Sa, row);
+        } catch (...) {
+            results.slopeK0 = sweep.slopeK0();
+            write_row(Fg3, i, row, results);
+            throw;
         }
-
-        Fg3.set_text(i, kFinal, f4(final_));
-        Fg3.set_text(i, kDy, f4(dy));
-        Fg3.set_text(i, kAy, f4(ay));
-        Fg3.set_text(i, kSa, f4(Sa));
-        Fg3.set_text(i, kSaReduce, f4(SaRed));
-        Fg3.set_text(i, kSdReduce, f4(SdRed));
-        Fg3.set_text(i, kK, f4(K));
-        Fg3.set_text(i, kBeff, f4(Beff));
-        Fg3.set_text(i, kSRA, f4(SRA));
-        Fg3.set_text(i, kSRV, f4(SRV));
+        results.slopeK0 = sweep.slopeK0();
+        write_row(Fg3, i, row, results);
     }
 
-    // The demand spectrum and its reduced form, for the diagram. No cap here.
+    // The demand spectrum and its reduced form, for the diagram.
     for (long j = 1;; ++j) {
         const double T = cell(FG2, j, 2);
         const double Sa = cell(FG2, j, 3);
-        const double Sd = chk((g * Sa) * period_factor(T));
-        Fg3.set_text(j, kTSec, f4(T));
-        Fg3.set_text(j, kSaDemand, f4(Sa));
-        Fg3.set_text(j, kSdDemand, f4_or_zero(Sd));
-        const double reduced = chk(T >= T0 ? SRVs * Sa : SRAs * Sa);
-        const double SdReduced = chk((g * reduced) * period_factor(T));
-        Fg3.set_text(j, kSaReDemand, f4_or_zero(reduced));
-        Fg3.set_text(j, kSdReDemand, f4_or_zero(SdReduced));
+        compute::DemandRow row;
+        try {
+            sweep.demand(T, Sa, row);
+        } catch (...) {
+            write_demand(Fg3, j, T, Sa, row);
+            throw;
+        }
+        write_demand(Fg3, j, T, Sa, row);
         if (FG2.text(j, 2).empty() || j >= static_cast<long>(FG2.rows()) - 2) break;
     }
 }

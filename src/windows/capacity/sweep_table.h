@@ -1,8 +1,7 @@
 #pragma once
-// The sweep of the capacity spectrum method (calculate of the capacity wizard): one pass down
-// the capacity steps that turns each into spectral coordinates, hysteretic energy, effective
-// damping and reduced demand, takes the point where the reduced demand displacement falls
-// below the curve, then lays the demand spectrum and its reduced form beside it.
+// The sweep table Fg3 of the capacity wizard: its columns and headings, and calculate, which
+// takes the capacity steps over from the step table, runs the sweep on the numbers their texts
+// show and writes its rows, colours and results as texts.
 #include <array>
 #include <string>
 
@@ -54,7 +53,7 @@ enum Column : int {
 extern const std::array<const char*, fg3::kCount> kSweepHeadings;
 
 /// The settings boxes as typed, each read by the leading-number rule, and the structure type.
-struct SweepSettings {
+struct SweepBoxes {
     std::string T1 = "9810";    // g in the file's length unit
     std::string T2 = "0.4358";  // T0, s: acceleration range below, velocity range from it on
     std::string T3 = "0";       // skip: capacity rows ignored at the head
@@ -86,7 +85,7 @@ void header(TextTable& Fg3);
 /// Failure (RuntimeError; tables and results as far as they got): 9 for a row outside Fg,
 /// FG2 or Fg3 (a skip beyond the data, FG2 shorter than the curve, fewer than 4 rows at a
 /// crossing); 11 or 6 for the initial slope taken where d is 0; 6 for an overflow.
-void calculate(const TextTable& Fg, const TextTable& FG2, const SweepSettings& settings, TextTable& Fg3,
+void calculate(const TextTable& Fg, const TextTable& FG2, const SweepBoxes& boxes, TextTable& Fg3,
                SweepResults& results);
 
 }  // namespace tv::windows

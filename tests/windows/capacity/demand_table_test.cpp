@@ -180,7 +180,7 @@ TEST_F(CapacityTest, TheTablesOfTheWholeRoadOnARealCurve) {
     EXPECT_EQ(FG2.text(1, 1), "0");
     EXPECT_NEAR(text::val(FG2.text(8, 1)), 0.875 * std::pow(0.5 / 0.807, 2.0 / 3.0), 1e-4);
 
-    SweepSettings set;
+    SweepBoxes set;
     set.T1 = "981";
     TextTable Fg3(1, fg3::kCount);
     SweepResults r;
