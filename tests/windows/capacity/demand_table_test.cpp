@@ -19,15 +19,7 @@ namespace tv::windows {
 namespace {
 
 using test::CapacityTest;
-
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using test::error_of;
 
 TEST(StepTable, HeadingsAndTheCellsOfTheRowsAsCut) {
     const compute::CapacityTable t = compute::parse_capacity_lines(

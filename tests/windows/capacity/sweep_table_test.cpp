@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "capacity_fixture.h"
 #include "compute/capacity/capacity_reader.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/step_table.h"
@@ -12,6 +13,7 @@ namespace tv::windows {
 namespace {
 
 using namespace fg3;
+using test::error_of;
 
 // The step table as the reader leaves it, from nine-column lines.
 TextTable capacity_table(const std::vector<std::string>& data) {
@@ -61,15 +63,6 @@ struct Sweep {
     Sweep(const TextTable& Fg, const TextTable& FG2, const SweepBoxes& s) { calculate(Fg, FG2, s, Fg3, results); }
     const std::string& at(long r, long c) const { return Fg3.text(r, c); }
 };
-
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
 
 TEST(SweepTable, RowTextsAndTheirFormats) {
     Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
