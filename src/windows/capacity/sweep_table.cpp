@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "compute/capacity/capacity_sweep.h"
-#include "text/checked.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
@@ -47,18 +46,6 @@ std::string general_text(const std::string& s) {
 std::string f4_or_zero(double x) { return x == 0.0 ? std::string("0") : f4(x); }
 
 double cell(const TextTable& t, long row, long col) { return text::val(t.text(row, col)); }
-
-}  // namespace
-
-void header(TextTable& Fg3) {
-    if (Fg3.cols() != fg3::kCount) Fg3.set_cols(fg3::kCount);
-    for (long c = 0; c < fg3::kCount; ++c) Fg3.set_text(0, c, kSweepHeadings[static_cast<std::size_t>(c)]);
-    Fg3.set_col_hidden(fg3::kSort, true);
-    Fg3.set_col_hidden(fg3::kX, true);
-    Fg3.set_col_hidden(fg3::kSaTarsim, true);
-}
-
-namespace {
 
 using namespace fg3;
 
@@ -128,6 +115,14 @@ void write_demand(TextTable& Fg3, long j, double T, double Sa, const compute::De
 }
 
 }  // namespace
+
+void header(TextTable& Fg3) {
+    if (Fg3.cols() != fg3::kCount) Fg3.set_cols(fg3::kCount);
+    for (long c = 0; c < fg3::kCount; ++c) Fg3.set_text(0, c, kSweepHeadings[static_cast<std::size_t>(c)]);
+    Fg3.set_col_hidden(fg3::kSort, true);
+    Fg3.set_col_hidden(fg3::kX, true);
+    Fg3.set_col_hidden(fg3::kSaTarsim, true);
+}
 
 void calculate(const TextTable& Fg, const TextTable& FG2, const SweepBoxes& boxes, TextTable& Fg3,
                SweepResults& results) {
