@@ -36,22 +36,15 @@ FourierSamples synthetic_record(int samples, double dt) {
 constexpr int kSamples = 20000;
 constexpr double kDt = 0.005;
 
-// What GO--! runs: fourier_sums (threads, ordered hand-over) with the window's per-omega step,
-// the amplitude and the peak, for n omegas spaced deltaOmega. One item is one term (one sample at
-// one omega). 0.05 by 12,001 is the window's largest grid; 0.5 by 1,200 every tenth omega of it.
+// What GO--! runs: fourier_transform (threads, ordered hand-over) with the amplitude and the
+// peak, for n omegas spaced deltaOmega. One item is one term (one sample at one omega). 0.05 by
+// 12,001 is the window's largest grid; 0.5 by 1,200 every tenth omega of it.
 void run_sums(benchmark::State& state, double deltaOmega, std::int32_t n) {
     const FourierSamples s = synthetic_record(kSamples, kDt);
-    std::vector<double> re, im, omega;
+    tv::compute::FourierSpectrum out;
     for (auto _ : state) {
         FourierPeak peak;
-        tv::compute::fourier_sums(s, kDt, deltaOmega, n, re, im, omega, [&](std::int32_t i) {
-            const auto u = static_cast<std::size_t>(i);
-            const double amp = tv::compute::fourier_amplitude(re[u], im[u]);
-            if (peak.amp < amp) {
-                peak.omega = omega[u];
-                peak.amp = amp;
-            }
-        });
+        tv::compute::fourier_transform(s, kDt, deltaOmega, n, out, peak);
         benchmark::DoNotOptimize(peak.amp);
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kSamples) * n);

@@ -124,24 +124,24 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         }
 
         // Page 1: the demand spectrum and Sa at every period.
-        forms::OptionButton* soils[] = {&f9.Option1, &f9.Option2, &f9.Option3, &f9.Option4};
-        forms::OptionButton* risks[] = {&f9.Option5, &f9.Option6};
+        forms::OptionButton* soils[] = {&f9.demand.Option1, &f9.demand.Option2, &f9.demand.Option3, &f9.demand.Option4};
+        forms::OptionButton* risks[] = {&f9.demand.Option5, &f9.demand.Option6};
         s.step([&] { soils[soil]->user_click(); });
         s.step([&] { risks[risk]->user_click(); });
         s.step([&] {
-            if (auto v = o.get("scale")) f9.xscale.set_text(*v);
-            if (auto v = o.get("tstart")) f9.tstart.set_text(*v);
-            if (auto v = o.get("tend")) f9.tend.set_text(*v);
-            if (auto v = o.get("step")) f9.xstep.set_text(*v);
+            if (auto v = o.get("scale")) f9.demand.xscale.set_text(*v);
+            if (auto v = o.get("tstart")) f9.demand.tstart.set_text(*v);
+            if (auto v = o.get("tend")) f9.demand.tend.set_text(*v);
+            if (auto v = o.get("step")) f9.demand.xstep.set_text(*v);
         });
         if (auto f = o.get("spectrum-file")) {
-            s.step([&] { f9.Check1.user_click(); });
+            s.step([&] { f9.demand.Check1.user_click(); });
             s.platform.file_answers.push_back(*f);
-            s.step([&] { f9.Command4.press(); });
+            s.step([&] { f9.demand.Command4.press(); });
         } else {
-            s.step([&] { f9.Command6.press(); });
+            s.step([&] { f9.demand.Command6.press(); });
         }
-        s.step([&] { f9.Command7.press(); });
+        s.step([&] { f9.demand.Command7.press(); });
         if (o.has("teff-from-capacity")) s.step([&] { f9.Command8.press(); });
         s.step([&] { f9.Command3.press(); });
         // Without Sa the window stays on this page: the sweep is out of reach and its boxes stay

@@ -163,12 +163,12 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
             if (!sa_code.empty()) {
                 s.step([&] { f8.Command3.press(); });
                 auto& f11 = s.program.form<windows::Form11>();
-                forms::OptionButton* soils[] = {&f11.Option1, &f11.Option2, &f11.Option3, &f11.Option4};
+                forms::OptionButton* soils[] = {&f11.demand.Option1, &f11.demand.Option2, &f11.demand.Option3, &f11.demand.Option4};
                 const std::size_t soil_index = sa_code[0] == "I" ? 0 : sa_code[0] == "II" ? 1 : sa_code[0] == "III" ? 2 : 3;
                 s.step([&] { soils[soil_index]->user_click(); });
-                s.step([&] { (sa_code[1] == "low" ? f11.Option5 : f11.Option6).user_click(); });
-                s.step([&] { f11.Command6.press(); });
-                s.step([&] { f11.Command7.press(); });
+                s.step([&] { (sa_code[1] == "low" ? f11.demand.Option5 : f11.demand.Option6).user_click(); });
+                s.step([&] { f11.demand.Command6.press(); });
+                s.step([&] { f11.demand.Command7.press(); });
             }
             if (o.has("use-alpha")) s.step([&] { f8.Check10.user_click(); });
             if (auto v = o.get("c3")) {

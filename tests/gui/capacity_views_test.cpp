@@ -222,8 +222,8 @@ TEST_F(CapacityViewsTest, TheSaWindow) {
     QTest::mouseClick(&child<QRadioButton>(w, "Option3"), Qt::LeftButton);
     click(w, "Command6");
     EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(f11.Option3.value());
-    EXPECT_FALSE(f11.Option1.value());
+    EXPECT_TRUE(f11.demand.Option3.value());
+    EXPECT_FALSE(f11.demand.Option1.value());
     test::save_shot(w, "Form11");
 }
 

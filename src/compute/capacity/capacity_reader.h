@@ -9,8 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "compute/capacity/text_table.h"
-
 namespace tv::compute {
 
 /// One step of the capacity curve, in spectral coordinates.
@@ -46,10 +44,6 @@ struct CapacityTable {
     bool ok() const { return error == 0; }
 };
 
-/// Headings of the step table, row 0, columns 0 to 8.
-inline const std::array<const char*, 9> kCapacityHeadings = {"Step", "Teff", "Betaeff", "Sd_C", "Sa_C",
-                                                             "Sd_d", "Sa_d", "ALPHA", "Pf_fi"};
-
 /// The two cleaning passes. Pass one drops the first character and every blank that follows a
 /// blank; pass two drops a tab followed by a blank, turns any other tab into a blank, and keeps
 /// the last character as it is.
@@ -77,14 +71,6 @@ CapacityTable parse_capacity_lines(const std::vector<std::string>& lines);
 /// Failure: 53 "File not found", 75 "Path/File access error", or those of
 /// parse_capacity_lines; the rows hold what was read.
 CapacityTable read_capacity_file(const std::string& path);
-
-/// Writes the rows into the step table `Fg` as the reader does: for record n (from 0) the
-/// table gets n + 2 rows and row n + 1 the nine texts. No rows leave the table as it was.
-void write_capacity_rows(TextTable& Fg, const CapacityTable& table);
-
-/// Writes the headings into row 0 of `Fg` (nine columns, column 0 500 twips wide, all
-/// left-centre aligned).
-void write_capacity_headings(TextTable& Fg);
 
 namespace detail {
 /// The lines of a text file; throws RuntimeError 53 or 75 when it cannot be read.

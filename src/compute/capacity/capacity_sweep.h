@@ -2,74 +2,95 @@
 // The sweep of the capacity spectrum method (calculate of the capacity wizard): one pass down
 // the capacity steps that turns each into spectral coordinates, hysteretic energy, effective
 // damping and reduced demand, takes the point where the reduced demand displacement falls
-// below the curve, then lays the demand spectrum and its reduced form beside it.
-#include <array>
-#include <string>
-
-#include "compute/capacity/text_table.h"
+// below the curve, then the demand spectrum and its reduced form for the diagram.
+#include <functional>
+#include <limits>
 
 namespace tv::compute {
 
-/// Columns of the calculation table Fg3.
-namespace fg3 {
-enum Column : int {
-    kSort = 0,  // hidden, never written
-    kTarget = 1,
-    kStep = 2,
-    kSdpi = 3,
-    kSapi = 4,
-    kT = 5,
-    kSa = 6,
-    kSaReduce = 7,
-    kFinal = 8,
-    kSdReduce = 9,
-    kA = 10,
-    kM = 11,
-    kX = 12,  // hidden, never written
-    kA1 = 13,
-    kDy = 14,
-    kAy = 15,
-    kEs0 = 16,
-    kED = 17,
-    kB0 = 18,
-    kLambda = 19,
-    kK = 20,
-    kBeff = 21,
-    kSRA = 22,
-    kSRV = 23,
-    kTSec = 24,
-    kSaDemand = 25,
-    kSdDemand = 26,
-    kSaReDemand = 27,
-    kSaTarsim = 28,  // hidden, never written
-    kSdReDemand = 29,
-    kPFPhi = 30,
-    kBilinearD = 31,
-    kBilinearA = 32,
-    kCount = 33,
-};
-}  // namespace fg3
-
-/// Headings of Fg3, columns 0 to 32.
-extern const std::array<const char*, fg3::kCount> kSweepHeadings;
-
-/// The settings boxes as typed, each read by the leading-number rule, and the structure type.
+/// The sweep's settings as numbers.
 struct SweepSettings {
-    std::string T1 = "9810";    // g in the file's length unit
-    std::string T2 = "0.4358";  // T0, s: acceleration range below, velocity range from it on
-    std::string T3 = "0";       // skip: capacity rows ignored at the head
-    std::string T4 = "2";       // m: the initial slope is taken where i - 1 equals m
-    int kind = 1;               // 1 "A", 2 "B", 3 "C"
+    double g = 0;   // g in the length unit of Sd, per s^2
+    double T0 = 0;  // s: the acceleration range lies below, the velocity range from it on
+    double m = 0;   // the initial slope is taken at the row where i - 1 equals m
+    int kind = 1;   // structure type: 1 "A", 2 "B", 3 "C"
 };
 
-/// What the sweep leaves outside the table.
-struct SweepResults {
-    std::string Re1;  // target displacement at the crossing, "0.0000"; empty without one
-    std::string Re2;  // SRA there
-    std::string Re3;  // SRV there
-    std::string Re4;  // Beff there, percent
-    double slopeK0 = 0.0;     // initial slope, the window's own field
-    long lastCrossing = 0;    // Fg3 row of the crossing that stands; 0 without one
+/// One capacity step as a row of the sweep takes it, numbers as its table shows them.
+struct SweepStep {
+    double T = 0;      // effective period, s
+    double d = 0;      // spectral displacement, length unit of g
+    double a = 0;      // spectral acceleration
+    double PFPhi = 0;  // roof displacement per spectral displacement
+};
+
+inline constexpr double kNotReached = std::numeric_limits<double>::quiet_NaN();
+
+/// Where the reduced demand displacement fell below the curve, between a row and the row
+/// before: each value the row before's plus theta times the change, theta = -final' / (final -
+/// final').
+struct SweepCrossing {
+    double dyPrev = kNotReached, ayPrev = kNotReached;  // the bilinear point of the row before
+    double d = kNotReached, a = kNotReached;            // the point on the curve
+    double targetPrev = kNotReached, target = kNotReached;  // PFPhi d of the two rows
+    double targetStar = kNotReached;  // PFPhi d at the crossing: the target displacement
+    double SRA = kNotReached, SRV = kNotReached, Beff = kNotReached;  // there; Beff in percent
+};
+
+/// One row of the sweep. A value that a failure kept the row from reaching is kNotReached
+/// (NaN); B0 and Lambda are also where Es0 is 0, for the row works out no damping then.
+struct SweepRow {
+    double A = kNotReached;        // hysteretic area up to this step
+    double slopeK0 = kNotReached;  // the initial slope as it stands
+    double Es0 = kNotReached, A1 = kNotReached, ED = kNotReached;
+    double B0 = kNotReached, Lambda = kNotReached;  // percent, and B0 / 63.7
+    bool tested = false;    // the crossing test ran
+    bool crossing = false;  // final of the row before > 0 > final of this one
+    SweepCrossing at;       // when crossing
+    // The row as it closes.
+    double final = kNotReached, dy = kNotReached, ay = kNotReached, Sa = kNotReached;
+    double SaRed = kNotReached, SdRed = kNotReached, K = kNotReached, Beff = kNotReached;
+    double SRA = kNotReached, SRV = kNotReached;
+};
+
+/// The demand spectrum at one period and its form reduced by the factors of the last crossing
+/// (0 without one; no cap). Sd = (g Sa) (T / 6.283185308)^2.
+struct DemandRow {
+    double Sd = kNotReached;
+    double SaRed = kNotReached, SdRed = kNotReached;
+};
+
+/// calculate of the capacity wizard as numbers: one row per capacity step, in order, each
+/// from the rows before it; then the demand rows. Units: g in the length unit of Sd per s^2,
+/// T in s, damping in percent.
+class CapacitySweep {
+public:
+    explicit CapacitySweep(const SweepSettings& settings) : settings_(settings) {}
+
+    /// The next row, i = 1, 2, ...: the area grows by the trapezium from the step before (row 1
+    /// from (0, 0)); the initial slope is a / d where i - 1 equals m; with Es0 = d a / 2 not 0
+    /// the damping B0 (from i - 1 = m on), the bilinear point, K, Beff and the reduction factors;
+    /// then the demand `Sa()` (the demand of this row, asked for at this point) reduced, capped
+    /// once two rows agree, its displacement, and the crossing test.
+    /// Failure: 11 or 6 for the slope where d is 0, 6 for an overflow, whatever `Sa` raises;
+    /// `out` then holds the row as far as it got.
+    void row(const SweepStep& step, const std::function<double()>& Sa, SweepRow& out);
+    /// The initial slope so far; 0 until the row where i - 1 equals m.
+    double slopeK0() const { return slopeK0_; }
+    /// The demand at period T (s) with ordinate Sa. Failure: 6 for an overflow, `out` as far
+    /// as it got.
+    void demand(double T, double Sa, DemandRow& out) const;
+
+private:
+    SweepSettings settings_;
+    long i_ = 0;
+    double dPrev_ = 0, aPrev_ = 0;
+    double slopeK0_ = 0, A_ = 0, A1_ = 0, ED_ = 0, B0_ = 0, Lambda_ = 0;
+    double dy_ = 0, ay_ = 0, K_ = 0, Beff_ = 0, SRA_ = 0, SRV_ = 0;
+    double BeffPrev_ = 0, dyPrev_ = 0, ayPrev_ = 0, SRVPrev_ = 0, SRAPrev_ = 0;
+    double SaRed_ = 0, SaCap_ = 0, final_ = 0, target_ = 0;
+    // At the last crossing: what the demand rows are reduced by.
+    double SRAs_ = 0, SRVs_ = 0;
 };
 
 /// Limits of a structure type: damping (percent) up to which K is the low value, and the
@@ -97,22 +118,5 @@ struct ReductionFactors {
 /// SRA = (3.21 - 0.68 ln Beff) / 2.12 and SRV = (2.31 - 0.41 ln Beff) / 1.65 for Beff
 /// (percent) above 0, each raised to the type's lower limit; Beff not above 0 keeps `previous`.
 ReductionFactors reduction_factors(int kind, double Beff, ReductionFactors previous);
-
-/// Writes the headings of Fg3 into row 0 (33 columns) and hides columns 0, 12 and 28.
-void header(TextTable& Fg3);
-
-/// calculate: Fg3 gets the row count of FG2 minus 1, is cleared and gets its headings; the
-/// capacity rows of Fg from skip + 1 to the end (its last data row left out) are swept into
-/// Fg3 rows 1.., reading every value back from its "0.0000" text; the demand of row i is FG2
-/// row i column 1, whatever the skip; each crossing from final > 0 to final < 0 writes the
-/// "Target" cells, the bilinear rows 1 to 3 and the results, so the last one stands; step
-/// cells are coloured red at a crossing (both rows) and blue elsewhere. Then the demand pass
-/// lays FG2 columns 2 and 3 with their reduced form into Fg3 columns 24 to 29.
-/// Units: g in the length unit of Sd per s^2, T in s, damping in percent.
-/// Failure (RuntimeError; tables and results as far as they got): 9 for a row outside Fg,
-/// FG2 or Fg3 (a skip beyond the data, FG2 shorter than the curve, fewer than 4 rows at a
-/// crossing); 11 or 6 for the initial slope taken where d is 0; 6 for an overflow.
-void calculate(const TextTable& Fg, const TextTable& FG2, const SweepSettings& settings, TextTable& Fg3,
-               SweepResults& results);
 
 }  // namespace tv::compute

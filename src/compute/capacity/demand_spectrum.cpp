@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "compute/capacity/capacity_reader.h"
+#include "compute/spectra/period_grid.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
@@ -21,25 +22,18 @@ double short_spectrum(double T, double A, const ShortSpectrumConstants& c) {
     return 0.0;
 }
 
-void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
-                         double tstart, double tend, double xstep, double A, const ShortSpectrumConstants& c) {
-    specCount = text::to_int32(text::div(tend, xstep));
+void fill_demand_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
+                          double tstart, double tend, double xstep, const std::function<double(double T)>& ordinate) {
+    specCount = period_count(tend, xstep);
     // The arrays run from 1: an upper bound below 1 is refused as the old ReDim did.
     if (specCount < 1) text::raise(text::kSubscript);
     designSa.redim(specCount);
     designAux.redim(specCount);
-    double index = 1.0;
-    // A counted loop over doubles: the end and the step are fixed when it starts.
-    auto pass = [&](double T) {
-        designSa.at(index) = short_spectrum(T, A, c);
-        designAux.at(index) = text::chk(xstep * index);
-        index = index + 1.0;
-    };
-    if (xstep > 0.0) {
-        for (double T = tstart; T <= tend; T = T + xstep) pass(T);
-    } else {
-        for (double T = tstart; T >= tend; T = T + xstep) pass(T);
-    }
+    const PeriodGrid grid{tstart, tend, xstep, specCount};
+    grid.each([&](long k, double T) {
+        designSa(k) = ordinate(T);
+        designAux(k) = period_of_index(k, xstep);
+    });
 }
 
 void read_period_sa_lines(const std::vector<std::string>& lines, text::DoubleArray& designAux,
@@ -82,58 +76,7 @@ void calculare_sa_period(double& saAtPeriod, const text::DoubleArray& designAux,
     auto keep = [&saAtPeriod](double v) { saAtPeriod = v; };
     for (long i = 1; i <= L - 1; ++i) search_sa(designAux, designSa, requestedPeriod, keep);
     auto drop = [](double) {};
-    for (long i = 1; i <= L - 1; ++i) search_sa(designAux, designSa, text::chk(i * xstep), drop);
-}
-
-SaTableOutcome calculare_sa(TextTable& FG2, text::DoubleArray& saAtStep, const TextTable& Fg,
-                            const text::DoubleArray& designAux, const text::DoubleArray& designSa, double tend,
-                            double xstep) {
-    FG2.clear();
-    if (xstep == 0.0) return SaTableOutcome::zero_step;
-    const double L = text::div(tend, xstep);
-    const long upper = text::index_of(L);
-    if (upper < 1) text::raise(text::kSubscript);
-    saAtStep.redim(upper);
-    const long R = Fg.rows();
-    FG2.set_rows(text::index_of(L + 1.0));
-
-    for (long i = 1; i <= R - 1; ++i) {
-        const double q = text::val(Fg.text(i, 1));
-        search_sa(designAux, designSa, q, [&](double v) { FG2.set_text(i, 1, text::to_text(v)); });
-    }
-    for (long i = 1; i <= L - 1; ++i) {
-        const double q = text::chk(i * xstep);
-        search_sa(designAux, designSa, q, [&](double v) { FG2.set_text(i, 3, text::to_text(v)); });
-    }
-    for (long i = 1; i <= R - 1; ++i) FG2.set_text(i, 0, Fg.text(i, 1));
-    for (long i = 1; i <= L; ++i) {
-        FG2.set_text(i, 2, text::to_text(text::chk(i * xstep)));
-        saAtStep(i) = text::val(FG2.text(i, 3));
-    }
-
-    static const char* const headings[4] = {"Teff", "Sa", "T", "SA"};
-    static const int widths[4] = {1000, 2000, 1000, 2000};
-    for (long c = 0; c < 4; ++c) {
-        FG2.set_text(0, c, headings[c]);
-        FG2.set_col_width(c, widths[c]);
-        FG2.set_col_alignment(c, kLeftCentre);
-    }
-    return SaTableOutcome::filled;
-}
-
-double capacity_end_row(const TextTable& Fg, double skip) {
-    double n = skip;
-    do {
-        n = n + 1.0;
-    } while (!(Fg.text_at(n, 0).empty() || n >= Fg.rows() - 1));
-    return n;
-}
-
-void input_teff_from_capacity(TextTable& FG2, const TextTable& Fg, const std::string& skipText) {
-    const double skip = text::val(skipText);
-    for (long r = 1; r < FG2.rows(); ++r) FG2.set_text(r, 0, "");
-    const double n = capacity_end_row(Fg, skip);
-    for (long k = 1; k <= n - skip - 1; ++k) FG2.set_text(k, 0, Fg.text_at(skip + k, 1));
+    for (long i = 1; i <= L - 1; ++i) search_sa(designAux, designSa, period_of_index(i, xstep), drop);
 }
 
 }  // namespace tv::compute

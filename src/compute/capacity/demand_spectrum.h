@@ -2,10 +2,10 @@
 // The demand spectrum of the capacity spectrum method: the short code spectrum of the capacity
 // wizard, the period-and-Sa spectrum file, and the interpolation of Sa at given periods.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "compute/capacity/text_table.h"
 #include "text/checked.h"
 
 namespace tv::compute {
@@ -23,14 +23,15 @@ struct ShortSpectrumConstants {
 /// A (S + 1) (Ts / T)^(2/3). A negative T gives 0. Never fails for T0 > 0.
 double short_spectrum(double T, double A, const ShortSpectrumConstants& c);
 
-/// "Show Diagram" of the capacity wizard: specCount = tend / xstep rounded half to even, both
-/// arrays made anew with indices 1..specCount (index 0 unused), then T runs from tstart to tend
-/// by repeated addition of xstep; pass k stores designSa(k) = short_spectrum(T) and
-/// designAux(k) = xstep * k. The arrays are filled in place.
+/// "Show Diagram" of both capacity windows: specCount = period_count(tend, xstep), both arrays
+/// made anew with indices 1..specCount (index 0 unused), then for each pass k of the period
+/// grid from tstart to tend by xstep (repeated addition) designSa(k) = ordinate(T) and
+/// designAux(k) = xstep * k: the stored period is that of the index, not the loop's T. The
+/// capacity wizard gives its short spectrum, the one-period window the code spectrum.
 /// Failure: xstep 0 raises 11 (6 for tend 0 too); specCount below 1 raises 9; a pass beyond
-/// specCount raises 9 with the earlier passes stored.
-void fill_short_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
-                         double tstart, double tend, double xstep, double A, const ShortSpectrumConstants& c);
+/// specCount raises 9 with the earlier passes stored; whatever `ordinate` raises.
+void fill_demand_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, text::DoubleArray& designAux,
+                          double tstart, double tend, double xstep, const std::function<double(double T)>& ordinate);
 
 /// The spectrum file's lines into designAux (periods) and designSa (ordinates), indices from 1:
 /// per line the word before the first blank or tab is the period, the next word Sa, and the
@@ -60,32 +61,6 @@ bool search_sa(const text::DoubleArray& designAux, const text::DoubleArray& desi
 /// The caller refuses xstep 0 first ("Error Time Step"); here it raises 11.
 void calculare_sa_period(double& saAtPeriod, const text::DoubleArray& designAux, const text::DoubleArray& designSa,
                          double requestedPeriod, double tend, double xstep);
-
-/// What calculare_sa of the wizard did.
-enum class SaTableOutcome { filled, zero_step };
-
-/// calculare_sa of the capacity wizard, into its four-column table FG2 ("Teff", "Sa", "T",
-/// "SA"): clears FG2; with xstep 0 stops there (zero_step: the caller shows "Error Time
-/// Step"); L = tend / xstep; saAtStep gets indices 1..L and FG2 L + 1 rows (both rounded); for
-/// each row i of Fg (1 .. rows - 1) Sa at the Teff of Fg column 1 goes to FG2 column 1 as
-/// general text; for i = 1 .. L - 1 Sa at i * xstep to column 3; Fg column 1 is copied to
-/// column 0 (no regard to a skip); for i = 1 .. L column 2 gets i * xstep and saAtStep(i) the
-/// number of column 3; then the headings, widths and alignment.
-/// Failure (RuntimeError, FG2 as far as it got): Fg longer than L rows raises 9 at the table;
-/// L below 1 raises 9; the searches' failures.
-SaTableOutcome calculare_sa(TextTable& FG2, text::DoubleArray& saAtStep, const TextTable& Fg,
-                            const text::DoubleArray& designAux, const text::DoubleArray& designSa, double tend,
-                            double xstep);
-
-/// "Input Teff From Capacity": skip = val(skipText); empties column 0 of every FG2 row, finds
-/// the end of Fg as the sweep does, and copies Fg row skip + k column 1 to FG2 row k column 0
-/// for k = 1 .. n - skip - 1. Column 1 keeps what it held.
-/// Failure: RuntimeError 9 when a row is outside either table.
-void input_teff_from_capacity(TextTable& FG2, const TextTable& Fg, const std::string& skipText);
-
-/// The end of the capacity rows: n from skip, add 1, read Fg row n column 0, stop when it is
-/// empty or n >= rows - 1. Returns n. Failure: 9 when n passes the table.
-double capacity_end_row(const TextTable& Fg, double skip);
 
 // ---------------------------------------------------------------------------------------------
 

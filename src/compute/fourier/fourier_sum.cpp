@@ -84,24 +84,17 @@ void make_rows(std::int32_t n, double deltaOmega, std::vector<double>& real, std
 }  // namespace
 
 void fourier_transform(const FourierSamples& samples, double dt, double deltaOmega, std::int32_t n,
-                       FourierSpectrum& out, FourierPeak& peak, const std::function<void(std::int32_t i)>& omega_done) {
+                       FourierSpectrum& out, FourierPeak& peak, const std::function<void(std::int32_t i)>& omega_done,
+                       const std::function<void(std::int32_t i)>& sums_done) {
     make_rows(n, deltaOmega, out.real, out.imag, out.omega);
     out.amp.assign(out.real.size(), 0.0);
     run_sums(samples, dt, n, out.real, out.imag, out.omega, [&](std::size_t i) {
+        if (sums_done) sums_done(static_cast<std::int32_t>(i));
         out.amp[i] = fourier_amplitude(out.real[i], out.imag[i]);
         if (peak.amp < out.amp[i]) {
             peak.omega = out.omega[i];
             peak.amp = out.amp[i];
         }
-        if (omega_done) omega_done(static_cast<std::int32_t>(i));
-    });
-}
-
-void fourier_sums(const FourierSamples& samples, double dt, double deltaOmega, std::int32_t n,
-                  std::vector<double>& real, std::vector<double>& imag, std::vector<double>& omega,
-                  const std::function<void(std::int32_t i)>& omega_done) {
-    make_rows(n, deltaOmega, real, imag, omega);
-    run_sums(samples, dt, n, real, imag, omega, [&](std::size_t i) {
         if (omega_done) omega_done(static_cast<std::int32_t>(i));
     });
 }

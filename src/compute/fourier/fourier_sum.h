@@ -52,23 +52,19 @@ struct FourierSpectrum {
 ///   Real(i) = round15(Real(i) + dt * x(j) * cos(j * omega * dt)),
 ///   Imag(i) = round15(Imag(i) + dt * x(j) * sin(j * omega * dt)),
 /// evaluated left to right with std::cos and std::sin; then Amp(i), and `peak` takes omega(i)
-/// and Amp(i) when its amplitude is below Amp(i). `omega_done(i)` is called on the calling
-/// thread for i = 1..n in order, after row i is complete and the peak updated (the window
-/// writes the row, moves its bar and lets events run there). Omegas are summed several at a
-/// time on all processors; results are those of the plain loop bit for bit. The caller checks
-/// omega_steps_accepted first. `out` is made 0..max(n, 0).
+/// and Amp(i) when its amplitude is below Amp(i). On the calling thread, for i = 1..n in
+/// order: `sums_done(i)` once Real(i) and Imag(i) are complete, before the amplitude (the
+/// window shows the sums first, so an amplitude beyond the range stops with them shown), then
+/// `omega_done(i)` after Amp(i) and the peak (the window writes the row, moves its bar and lets
+/// events run there). Omegas are summed several at a time on all processors; results are
+/// those of the plain loop bit for bit. The caller checks omega_steps_accepted first. `out` is
+/// made 0..max(n, 0).
 /// Failure: 6 when a value overflows, raised in omega order: rows before i are complete and
-/// reported, row i holds the sums as far as they got.
+/// reported; a sum of row i that overflows leaves its sums as far as they got, unreported.
 void fourier_transform(const FourierSamples& samples, double dt, double deltaOmega, std::int32_t n,
                        FourierSpectrum& out, FourierPeak& peak,
-                       const std::function<void(std::int32_t i)>& omega_done = {});
-
-/// The sums alone, as fourier_transform makes them (real, imag, omega made 0..max(n, 0)), with
-/// `omega_done(i)` in order on the calling thread; no amplitude, no peak.
-/// Failure: 6 when a sum overflows, raised at its omega.
-void fourier_sums(const FourierSamples& samples, double dt, double deltaOmega, std::int32_t n,
-                  std::vector<double>& real, std::vector<double>& imag, std::vector<double>& omega,
-                  const std::function<void(std::int32_t i)>& omega_done = {});
+                       const std::function<void(std::int32_t i)>& omega_done = {},
+                       const std::function<void(std::int32_t i)>& sums_done = {});
 
 /// Amp = (Imag^2 + Real^2)^0.5, the power as written (std::pow, not sqrt). Failure: 6.
 double fourier_amplitude(double real, double imag);

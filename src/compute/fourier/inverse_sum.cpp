@@ -12,8 +12,6 @@
 
 namespace tv::compute {
 
-std::int32_t history_steps(double time, double dtOut) { return text::to_int32(text::div(time, dtOut)); }
-
 InverseTerms all_inverse_terms(const std::vector<double>& realCells, const std::vector<double>& imagCells,
                                double deltaOmega) {
     if (realCells.size() != imagCells.size()) text::raise(text::kSubscript);
@@ -96,26 +94,6 @@ HistoryRowTexts history_row_texts(const History& history, std::int32_t k) {
 
 std::string export_line(double first, double second) {
     return text::format(first, "0.00000000") + "    " + text::format(second, "0.00000000");
-}
-
-namespace {
-std::vector<std::string> export_lines(std::string_view heading, const std::vector<double>& first,
-                                      const std::vector<double>& second) {
-    if (first.size() != second.size()) text::raise(text::kSubscript);
-    std::vector<std::string> lines;
-    lines.reserve(first.size() + 1);
-    lines.emplace_back(heading);
-    for (std::size_t k = 0; k < first.size(); ++k) lines.push_back(export_line(first[k], second[k]));
-    return lines;
-}
-}  // namespace
-
-std::vector<std::string> history_export_lines(const std::vector<double>& time, const std::vector<double>& accel) {
-    return export_lines(kHistoryHeading, time, accel);
-}
-
-std::vector<std::string> spectrum_export_lines(const std::vector<double>& omega, const std::vector<double>& amp) {
-    return export_lines(kSpectrumHeading, omega, amp);
 }
 
 }  // namespace tv::compute

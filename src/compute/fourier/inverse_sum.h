@@ -12,10 +12,6 @@ namespace tv::compute {
 /// The factor of the inverse integral, 1 / pi with the program's own pi (not 3.1416).
 inline constexpr double kInversePi = 1 / 3.14159265358979;
 
-/// m = time / dtOut to the nearest whole number, halves to even: the rows of the history.
-/// Failure: dtOut 0 raises 11 (6 for 0 / 0), a count beyond 32 bits 6.
-std::int32_t history_steps(double time, double dtOut);
-
 /// The terms of the inverse sum, term i at index i - 1, and the weight of every term.
 struct InverseTerms {
     std::vector<double> omega;  // rad/s
@@ -67,15 +63,8 @@ HistoryRowTexts history_row_texts(const History& history, std::int32_t k);
 inline constexpr std::string_view kHistoryHeading = "time               accel       ";
 inline constexpr std::string_view kSpectrumHeading = "      omega               Amp ";
 
-/// One export line: Format(first, "0.00000000"), four blanks, Format(second, "0.00000000").
+/// One export line: Format(first, "0.00000000"), four blanks, Format(second, "0.00000000"):
+/// time and accel of the history table, omega and Amp of the transform table.
 std::string export_line(double first, double second);
-
-/// The history export: its heading, then one line per row of Grid2 from row 1 with the numbers
-/// of its columns 0 (time) and 1 (accel); time[k - 1] is row k. Sizes must match (else 9).
-std::vector<std::string> history_export_lines(const std::vector<double>& time, const std::vector<double>& accel);
-
-/// The amplitude export: its heading, then one line per row of Grid1 from row 1 with the
-/// numbers of its columns 3 (omega) and 2 (Amp). Sizes must match (else 9).
-std::vector<std::string> spectrum_export_lines(const std::vector<double>& omega, const std::vector<double>& amp);
 
 }  // namespace tv::compute

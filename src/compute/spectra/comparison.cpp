@@ -1,5 +1,6 @@
 #include "compute/spectra/comparison.h"
 
+#include "compute/spectra/period_grid.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
@@ -48,14 +49,14 @@ double largest_shortfall_ratio(const text::DoubleArray& average, const text::Dou
     const double first = text::val(text::format(tStart, "0.00"));
     const double last = text::val(text::format(tEnd, "0.00"));
     double M = 1;
-    // A For loop on doubles: a negative step counts down.
-    for (double T = first; periodStep < 0 ? T >= last : T <= last; T = T + periodStep) {
-        const long j = text::index_of(text::div(T, periodStep));
+    const PeriodGrid band{first, last, periodStep};
+    band.each([&](long, double T) {
+        const long j = index_of_period(T, periodStep);
         if (average(j) < target(j)) {
             const double ratio = text::div(target(j), average(j));
             if (ratio > M) M = ratio;
         }
-    }
+    });
     return M;
 }
 

@@ -1,11 +1,11 @@
 #include "compute/spectra/design_spectrum.h"
 
-#include "compute/project/text_file.h"
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "compute/project/text_file.h"
+#include "compute/spectra/period_grid.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 
@@ -56,26 +56,21 @@ double design_spectrum(double T, double A, const SpectrumConstants& k, HazardGro
     return text::chk(b1 * n);
 }
 
-std::int32_t spectrum_count(double tEnd, double step) { return text::to_int32(text::div(tEnd, step)); }
-
 void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, double tStart, double tEnd,
                           double step, double A, const SpectrumConstants& k, HazardGroup group) {
-    specCount = spectrum_count(tEnd, step);
+    specCount = period_count(tEnd, step);
     designSa.redim(specCount);
     // The pass count is not tied to specCount: rounding of T may drop the last pass, and a
     // start of 0 makes one pass too many, which fails on the index.
-    long i = 1;
-    for (double T = tStart; T <= tEnd; T = T + step) {
-        designSa(i) = design_spectrum(T, A, k, group);
-        ++i;
-    }
+    const PeriodGrid grid{tStart, tEnd, step, specCount, true};
+    grid.each([&](long i, double T) { designSa(i) = design_spectrum(T, A, k, group); });
 }
 
 void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
                         std::int32_t& specCount) {
     TextFile file = read_text_file(path);
     if (!file.ok()) throw text::RuntimeError(file.error, file.description);
-    specCount = spectrum_count(tEnd, step);
+    specCount = period_count(tEnd, step);
     designSa.redim(specCount);
     for (long i = 1; i <= specCount && i <= static_cast<long>(file.lines.size()); ++i)
         designSa(i) = text::val(file.lines[static_cast<std::size_t>(i - 1)]);

@@ -37,24 +37,21 @@ double default_scale(Hazard hazard);
 /// raises RuntimeError 6.
 double design_spectrum(double T, double A, const SpectrumConstants& k, HazardGroup group);
 
-/// Upper index of the spectrum arrays: tEnd / step to the nearest integer, halves to even.
-/// Failure: step 0 raises 11 (6 when tEnd is 0 too), a count beyond 32 bits raises 6.
-std::int32_t spectrum_count(double tEnd, double step);
-
-/// Show Diagram: specCount = spectrum_count(tEnd, step), designSa made anew 0..specCount, then
+/// Show Diagram: specCount = period_count(tEnd, step), designSa made anew 0..specCount, then
 /// designSa(i) = B(T) for T = tStart, tStart + step, ... (repeated addition) while T <= tEnd,
-/// i from 1. specCount is set before the array is made, so it stands when a later step fails.
-/// Failure: as spectrum_count; an i beyond specCount raises 9 with what was written kept
+/// also for a negative step, i from 1. specCount is set before the array is made, so it stands
+/// when a later step fails.
+/// Failure: as period_count; an i beyond specCount raises 9 with what was written kept
 /// (tStart = 0 does so on the last pass).
 void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, double tStart, double tEnd,
                           double step, double A, const SpectrumConstants& k, HazardGroup group);
 
 /// Browse: the ordinate file, one ordinate per line, line i for index i. The file is opened
-/// first; then specCount = spectrum_count(tEnd, step) and designSa is made anew 0..specCount;
+/// first; then specCount = period_count(tEnd, step) and designSa is made anew 0..specCount;
 /// lines are read until the end of the file or until i passes specCount, each line's leading
 /// number (0 when there is none) going to designSa(i). Lines end at LF, CR LF or CR.
 /// Failure: RuntimeError 53 "File not found" (missing) or 75 "Path/File access error" (a folder
-/// or unreadable), before anything is changed; then as spectrum_count.
+/// or unreadable), before anything is changed; then as period_count.
 void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
                         std::int32_t& specCount);
 

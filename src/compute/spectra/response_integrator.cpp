@@ -257,11 +257,6 @@ void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid
         return f;
     };
 
-    const double step = grid.periodStep;
-    const double tEnd = grid.tEnd;
-    // A For loop on doubles: a negative step counts down.
-    auto more = [&](double T) { return step < 0 ? T >= tEnd : T <= tEnd; };
-
     LaneCoefficients lanes;  // the block's periods, lane m for its m-th period
     LaneCoefficients rerun;  // the periods still to store, moved to the front
     double wd[kLanes];
@@ -273,7 +268,7 @@ void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid
     for (;;) {
         int n = 0;
         std::optional<text::RuntimeError> pending;  // a later period's failure, raised in its turn
-        while (n < kLanes && more(T)) {
+        while (n < kLanes && grid.holds(T)) {
             OscillatorCoefficients k;
             try {
                 k = oscillator_coefficients(T, zeta, record.dt);
@@ -284,7 +279,7 @@ void integrate_record(const RecordSpectra& record, double zeta, const PeriodGrid
             lanes.set(n, k);
             wd[n] = k.wd;
             ++n;
-            T = T + step;
+            T = grid.next(T);
         }
         if (n == 0 && !pending) break;
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "compute/spectra/period_grid.h"
 #include "text/checked.h"
 
 namespace tv::compute {
@@ -33,15 +34,6 @@ enum class SpectrumMeasure {
 /// The measure chosen by the response spectrum window's tick boxes, in their order of tests:
 /// Velocity wins, then Displacement, then Ps.Velocity; none ticked is pseudo acceleration.
 SpectrumMeasure measure_from_ticks(bool displacement, bool pseudoVelocity, bool velocity);
-
-/// The period grid: T runs from tStart by repeated addition of periodStep to tEnd; spectra
-/// have indices 0..specCount.
-struct PeriodGrid {
-    double tStart = 0;
-    double tEnd = 0;
-    double periodStep = 0;
-    std::int32_t specCount = 0;
-};
 
 /// One record: its settings, its two acceleration histories and the two spectra it fills.
 struct RecordSpectra {

@@ -1,13 +1,15 @@
 #include "windows/capacity/capacity_window.h"
 
-#include "compute/capacity/capacity_results.h"
 #include "compute/capacity/demand_spectrum.h"
 #include "compute/chart/chart_axes.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_axes.h"
+#include "windows/capacity/capacity_results.h"
+#include "windows/capacity/demand_table.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/grid_table.h"
+#include "windows/capacity/step_table.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::windows {
@@ -22,14 +24,14 @@ ChartOptions demand_chart(Form9& f) {
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_labels = compute::chart::TimeLabels::Spaced;
-    o.time_step = [&f] { return val(f.xstep.text()); };
+    o.time_step = [&f] { return val(f.demand.xstep.text()); };
     o.value_steps = compute::chart::ValueSteps::PeakRule;
     o.value_peak = [&f] { return f.state().peakAccel; };
     o.readout.label = "Label14";
     o.readout.caption = "";
     o.readout.x_text = "T(Period): ";
     o.readout.y_text = ", B.A: ";
-    o.readout.x_step = [&f] { return text::to_double(f.xstep.text()); };
+    o.readout.x_step = [&f] { return text::to_double(f.demand.xstep.text()); };
     o.container = &f.Frame2;
     o.replot = [&f] { f.plot_spectrum(f.fileChart); };
     return o;
@@ -49,10 +51,7 @@ void every_second_time_strip(Chart& chart, double dt) {
 
 Form9::Form9(forms::App& app)
     : Window(app, "Form9", "Capacity Spec Method", 12500, 9000), chart(*this, demand_chart(*this)) {
-    Option1.set_value(true);
-    Option5.set_value(true);
     Op1.set_value(true);
-    Command4.set_enabled(false);
     for (const char* unit : {"mm", "cm", "m"}) Combo1.add_item(unit);
     // A popup menu: shown over Fg3, never in a menu bar.
     menu_file.set_visible(false);
@@ -60,10 +59,10 @@ Form9::Form9(forms::App& app)
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
     Combo1.Click = [this] { Combo1_Click(); };
-    Check1.Click = [this] { Check1_Click(); };
-    Command4.Click = [this] { Command4_Click(); };
-    Command6.Click = [this] { Command6_Click(); };
-    Command7.Click = [this] { Command7_Click(); };
+    demand.Check1.Click = [this] { demand.Check1_Click(); };
+    demand.Command4.Click = [this] { Command4_Click(); };
+    demand.Command6.Click = [this] { Command6_Click(); };
+    demand.Command7.Click = [this] { Command7_Click(); };
     Command8.Click = [this] { Command8_Click(); };
     Command9.Click = [this] { Command9_Click(); };
     Command3.Click = [this] { Command3_Click(); };
@@ -84,28 +83,17 @@ void Form9::Form_Load() {
     Frame2.set_visible(false);
     Frame3.set_visible(false);
     frame2_internal.set_visible(false);
-    Command7.set_enabled(false);
+    demand.Command7.set_enabled(false);
     Command3.set_enabled(false);
     Command5.set_enabled(false);
     pageIndex = 0;
-    with_table(Fg, [](compute::TextTable& t) { compute::write_capacity_headings(t); });
+    with_table(Fg, [](TextTable& t) { write_capacity_headings(t); });
     Combo1.set_list_index(0);
 }
 
 void Form9::Form_Unload(int&) {
     // The diagram reads this window's boxes; it does not outlive them.
     program().unload<Form10>();
-}
-
-compute::Soil Form9::soil() const {
-    if (Option2.value()) return compute::Soil::II;
-    if (Option3.value()) return compute::Soil::III;
-    if (Option4.value()) return compute::Soil::IV;
-    return compute::Soil::I;
-}
-
-compute::HazardGroup Form9::risk_group() const {
-    return Option6.value() ? compute::HazardGroup::HighVeryHigh : compute::HazardGroup::LowModerate;
 }
 
 int Form9::kind() const {
@@ -146,7 +134,7 @@ void Form9::Command2_Click() {
         capacityPoints[r] = table.rows[r].point;
     }
     // The rows before a failure stay in the table.
-    with_table(Fg, [&table](compute::TextTable& t) { compute::write_capacity_rows(t, table); });
+    with_table(Fg, [&table](TextTable& t) { write_capacity_rows(t, table); });
     if (!table.ok()) {
         Command3.set_enabled(false);
         Command5.set_enabled(false);
@@ -171,50 +159,27 @@ void Form9::Combo1_Click() {
 
 // --- Page 1: the demand spectrum --------------------------------------------------------------
 
-void Form9::Check1_Click() {
-    if (Check1.value() == 0) {
-        Command6.set_enabled(true);
-        Command4.set_enabled(false);
-        fsoil.set_enabled(true);
-        Frisk.set_enabled(true);
-        fromFile = false;
-    } else {
-        Command4.set_enabled(true);
-        fsoil.set_enabled(false);
-        Frisk.set_enabled(false);
-        Command6.set_enabled(false);
-    }
-}
-
 void Form9::plot_spectrum(bool fromFileRoutine) {
     fileChart = fromFileRoutine;
-    chart.plot(state().designSa, val(xstep.text()), true);
-    if (fileChart) every_second_time_strip(chart, val(xstep.text()));
+    chart.plot(state().designSa, val(demand.xstep.text()), true);
+    if (fileChart) every_second_time_strip(chart, val(demand.xstep.text()));
     draw_legible_value_strip(chart, state().peakAccel);
 }
 
 void Form9::redraw_axes() {
     chart.scroll();
-    if (fileChart) every_second_time_strip(chart, val(xstep.text()));
+    if (fileChart) every_second_time_strip(chart, val(demand.xstep.text()));
     draw_legible_value_strip(chart, state().peakAccel);
 }
 
 void Form9::Command4_Click() {
-    ProjectState& s = state();
-    forms::FileDialogRequest request;
-    request.filter = "*.txt";
-    request.file_name = "*.txt";
     try {
-        auto chosen = platform().file_dialog(request);
+        auto chosen = demand.choose_file();
         // The dialog reports Cancel as an error: the handler shows its description.
         if (!chosen) text::raise(text::kCancel);
         // The preset name left as it was: nothing is read, nothing said.
         if (*chosen == "*.txt") return;
-        s.fileName = *chosen;
-        platform().set_busy(true);
-        compute::read_period_sa_file(resolve_in_workdir(s, s.fileName), s.designAux, s.designSa);
-        Command7.set_enabled(true);
-        fromFile = true;
+        demand.read_file(*chosen);
         plot_spectrum(true);
         platform().set_busy(false);
     } catch (const text::RuntimeError& e) {
@@ -224,20 +189,15 @@ void Form9::Command4_Click() {
 }
 
 void Form9::Command6_Click() {
-    ProjectState& s = state();
     try {
         frame2_internal.set_visible(false);
-        Command6.set_enabled(false);
+        demand.Command6.set_enabled(false);
         shown = 1;
-        s.peakAccel = val(xscale.text());
-        if (!fromFile) {
-            const compute::SpectrumConstants k = compute::spectrum_constants(soil(), risk_group());
-            const compute::ShortSpectrumConstants c{k.S, k.T0, k.Ts};
-            compute::fill_short_spectrum(s.specCount, s.designSa, s.designAux, val(tstart.text()), val(tend.text()),
-                                         val(xstep.text()), s.peakAccel, c);
-        }
-        Command7.set_enabled(true);
-        Command6.set_enabled(true);
+        // The wizard's short form of the code spectrum: no S0, no long-period factor.
+        demand.show_spectrum([](double T, double A, const compute::SpectrumConstants& k, compute::HazardGroup) {
+            return compute::short_spectrum(T, A, {k.S, k.T0, k.Ts});
+        });
+        demand.Command6.set_enabled(true);
         plot_spectrum(false);
     } catch (const text::RuntimeError& e) {
         show_error_description(e.description(), "");
@@ -258,12 +218,12 @@ void Form9::Command7_Click() {
 void Form9::calculare_sa() {
     const ProjectState& s = state();
     try {
-        const compute::TextTable fg = to_table(Fg);
-        const compute::SaTableOutcome outcome = with_table(FG2, [&](compute::TextTable& t) {
-            return compute::calculare_sa(t, saAtStep, fg, s.designAux, s.designSa, val(tend.text()),
-                                         val(xstep.text()));
+        const TextTable fg = to_table(Fg);
+        const SaTableOutcome outcome = with_table(FG2, [&](TextTable& t) {
+            return windows::calculare_sa(t, saAtStep, fg, s.designAux, s.designSa, val(demand.tend.text()),
+                                         val(demand.xstep.text()));
         });
-        if (outcome == compute::SaTableOutcome::zero_step)
+        if (outcome == SaTableOutcome::zero_step)
             platform().message_box("Error Time Step", forms::MsgButtons::Ok, "", forms::MsgIcon::None);
     } catch (const text::RuntimeError& e) {
         show_error_description(e.description(), "Error");
@@ -271,8 +231,8 @@ void Form9::calculare_sa() {
 }
 
 void Form9::Command8_Click() {
-    const compute::TextTable fg = to_table(Fg);
-    with_table(FG2, [&](compute::TextTable& t) { compute::input_teff_from_capacity(t, fg, T3.text()); });
+    const TextTable fg = to_table(Fg);
+    with_table(FG2, [&](TextTable& t) { input_teff_from_capacity(t, fg, T3.text()); });
 }
 
 // --- Page 2: the sweep ------------------------------------------------------------------------
@@ -280,15 +240,15 @@ void Form9::Command8_Click() {
 void Form9::Command9_Click() { calculate(); }
 
 void Form9::calculate() {
-    compute::SweepSettings settings;
+    SweepBoxes settings;
     settings.T1 = T1.text();
     settings.T2 = T2.text();
     settings.T3 = T3.text();
     settings.T4 = T4.text();
     settings.kind = kind();
-    compute::SweepResults results;
-    const compute::TextTable fg = to_table(Fg);
-    const compute::TextTable fg2 = to_table(FG2);
+    SweepResults results;
+    const TextTable fg = to_table(Fg);
+    const TextTable fg2 = to_table(FG2);
     auto write_results = [&] {
         slopeK0 = results.slopeK0;
         Re1.set_text(results.Re1);
@@ -297,7 +257,7 @@ void Form9::calculate() {
         Re4.set_text(results.Re4);
     };
     try {
-        with_table(Fg3, [&](compute::TextTable& t) { compute::calculate(fg, fg2, settings, t, results); });
+        with_table(Fg3, [&](TextTable& t) { windows::calculate(fg, fg2, settings, t, results); });
     } catch (...) {
         write_results();
         throw;
@@ -311,12 +271,12 @@ void Form9::calculate() {
 void Form9::Command3_Click() {
     pageIndex = static_cast<std::int16_t>(pageIndex + 1);
     if (pageIndex == 1) {
-        fromFile = false;
+        demand.fromFile = false;
         shown = 0;
-        Command7.set_enabled(false);
-        Check1.set_value(0);
+        demand.Command7.set_enabled(false);
+        demand.Check1.set_value(0);
         Command3.set_enabled(false);
-        xscale.set_text("1");
+        demand.xscale.set_text("1");
         Command5.set_enabled(true);
         Frame1.set_visible(false);
         Frame2.set_visible(true);
@@ -350,7 +310,7 @@ void Form9::Command5_Click() {
 
 void Form9::copy_Click() {
     platform().set_clipboard_text("");
-    platform().set_clipboard_text(compute::clipboard_text(to_table(Fg3), Fg3.selected_rows()));
+    platform().set_clipboard_text(clipboard_text(to_table(Fg3), Fg3.selected_rows()));
 }
 
 void Form9::Fg3_MouseUp(int button, int, float, float) {

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "compute/capacity/capacity_reader.h"
-#include "compute/capacity/capacity_sweep.h"
-#include "compute/spectra/design_spectrum.h"
 #include "text/checked.h"
+#include "windows/capacity/demand_spectrum_panel.h"
+#include "windows/capacity/sweep_table.h"
 #include "windows/chart/chart.h"
 #include "windows/program.h"
 
@@ -43,28 +43,13 @@ public:
     // Page 1: the demand spectrum.
     forms::Frame& Frame2 = frame("Frame2", "Demand Spectrum");
     forms::Frame& Framex = frame("Framex", "Input", &Frame2);
-    forms::Frame& fsoil = frame("fsoil", "Soil", &Framex);
-    forms::OptionButton& Option1 = option("Option1", "I", &fsoil);
-    forms::OptionButton& Option2 = option("Option2", "II", &fsoil);
-    forms::OptionButton& Option3 = option("Option3", "III", &fsoil);
-    forms::OptionButton& Option4 = option("Option4", "IV", &fsoil);
-    forms::Frame& Frisk = frame("Frisk", "Risk", &Framex);
-    forms::OptionButton& Option5 = option("Option5", "Low", &Frisk);
-    forms::OptionButton& Option6 = option("Option6", "High", &Frisk);
+    DemandSpectrumPanel demand{*this, {.inputs = &Framex, .calculate = &Frame2, .hazard = "Risk", .step = "0.02"}};
     forms::Label& Label9 = label("Label9", "Scale(A)", &Framex);
-    forms::TextBox& xscale = text_box("xscale", "1", &Framex);
     forms::Label& Label10 = label("Label10", "T (start)", &Framex);
-    forms::TextBox& tstart = text_box("tstart", "0.01", &Framex);
     forms::Label& Label13 = label("Label13", "sec", &Framex);
     forms::Label& Label11 = label("Label11", "T (end)", &Framex);
-    forms::TextBox& tend = text_box("tend", "4", &Framex);
     forms::Label& Label15 = label("Label15", "sec", &Framex);
     forms::Label& Label12 = label("Label12", "Step ", &Framex);
-    forms::TextBox& xstep = text_box("xstep", "0.02", &Framex);
-    forms::CheckBox& Check1 = check_box("Check1", "From File", &Framex);
-    forms::CommandButton& Command4 = button("Command4", "Browse", &Framex);
-    forms::CommandButton& Command6 = button("Command6", "Show Diagram", &Framex);
-    forms::CommandButton& Command7 = button("Command7", "Calculate Sa", &Frame2);
     forms::Frame& frame2_internal = frame("frame2_internal", "Calculate Sa", &Frame2);
     forms::Grid& FG2 = grid("FG2", 1, 4, &frame2_internal);
     forms::CommandButton& Command8 = button("Command8", "Input Teff From Capacity", &frame2_internal);
@@ -73,7 +58,7 @@ public:
 
     // Page 2: the sweep and its results.
     forms::Frame& Frame3 = frame("Frame3", "Calculate");
-    forms::Grid& Fg3 = grid("Fg3", 1, compute::fg3::kCount, &Frame3);
+    forms::Grid& Fg3 = grid("Fg3", 1, fg3::kCount, &Frame3);
     forms::Frame& Frame5 = frame("Frame5", "Structure Type", &Frame3);
     forms::OptionButton& Op1 = option("Op1", "A", &Frame5);
     forms::OptionButton& Op2 = option("Op2", "B", &Frame5);
@@ -103,8 +88,6 @@ public:
 
     /// 0 capacity, 1 demand, 2 calculation.
     std::int16_t pageIndex = 0;
-    /// True after a spectrum file was read.
-    bool fromFile = false;
     /// 1 once Show Diagram ran on this visit of page 1.
     std::int32_t shown = 0;
     /// Sa of FG2 column 3 by period step, kept by calculare_sa.
@@ -125,7 +108,6 @@ public:
     void Command2_Click();
     /// The unit: g in that unit into T1, the unit's name into vahed.
     void Combo1_Click();
-    void Check1_Click();
     /// Browse of page 1: the period and Sa spectrum file.
     void Command4_Click();
     /// Show Diagram: the short code spectrum (or the file's), then the plot.
@@ -149,8 +131,6 @@ public:
     /// The sweep of Fg against FG2 into Fg3 and the results.
     void calculate();
 
-    compute::Soil soil() const;
-    compute::HazardGroup risk_group() const;
     /// 1 "A", 2 "B", 3 "C".
     int kind() const;
 

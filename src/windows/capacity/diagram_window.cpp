@@ -77,7 +77,7 @@ void Form10::plot_or_say_so() {
     }
 }
 
-void Form10::fillarray() { diagram = compute::fillarray(to_table(program().form<Form9>().Fg3)); }
+void Form10::fillarray() { diagram = windows::fillarray(to_table(program().form<Form9>().Fg3)); }
 
 void Form10::plot(bool rescale) {
     forms::PictureBox& P = chart.picNemodar;
@@ -93,10 +93,10 @@ void Form10::plot(bool rescale) {
         P.scale(0, r, right, -r);
     }
     for (std::size_t k = 0; k < diagram.series.size(); ++k) {
-        const compute::DiagramSeries& s = diagram.series[k];
+        const DiagramSeries& s = diagram.series[k];
         if (!s.x.allocated() || !s.y.allocated()) continue;
         const long u = std::min(s.x.ubound(), s.y.ubound());
-        const int colour = compute::kDiagramColors[k];
+        const int colour = kDiagramColors[k];
         for (long i = 2; i <= u; ++i)
             P.line(single(s.x(i - 1)), single(s.y(i - 1)), single(s.x(i)), single(s.y(i)), colour);
     }

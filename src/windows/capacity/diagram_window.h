@@ -2,8 +2,8 @@
 // Form10 ("Diagram"): the result of the capacity spectrum method drawn as five series (demand,
 // reduced demand, capacity curve, bilinear form, reduced points of the sweep), with the
 // read-out and the printed page "Diagram & Result".
-#include "compute/capacity/capacity_results.h"
 #include "forms/platform.h"
+#include "windows/capacity/capacity_results.h"
 #include "windows/chart/chart.h"
 #include "windows/program.h"
 
@@ -25,7 +25,7 @@ public:
         picture("pic1", Chart::kValueStripWidth + 9165, Chart::kPlotHeight + Chart::kTimeStripHeight);
 
     /// The five series read from Form9's Fg3, and the largest values met.
-    compute::CapacityDiagram diagram;
+    CapacityDiagram diagram;
     /// Form_Activate has run once since the load.
     bool activated = false;
 

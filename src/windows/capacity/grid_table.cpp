@@ -2,8 +2,8 @@
 
 namespace tv::windows {
 
-compute::TextTable to_table(const forms::Grid& grid) {
-    compute::TextTable t(grid.rows(), grid.cols());
+TextTable to_table(const forms::Grid& grid) {
+    TextTable t(grid.rows(), grid.cols());
     for (int c = 0; c < grid.cols(); ++c) {
         t.set_col_hidden(c, grid.col_hidden(c));
         t.set_col_width(c, grid.col_width(c));
@@ -19,7 +19,7 @@ compute::TextTable to_table(const forms::Grid& grid) {
     return t;
 }
 
-void copy_to_grid(const compute::TextTable& table, forms::Grid& grid) {
+void copy_to_grid(const TextTable& table, forms::Grid& grid) {
     // One refresh of the view for the whole copy.
     const bool redraw = grid.redraw();
     grid.set_redraw(false);

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "compute/spectra/design_spectrum.h"
+#include "windows/capacity/demand_spectrum_panel.h"
 #include "windows/chart/chart.h"
 #include "windows/program.h"
 
@@ -14,33 +14,16 @@ class Form11 : public Window {
 public:
     explicit Form11(forms::App& app);
 
-    forms::CheckBox& Check1 = check_box("Check1", "From File");
-    forms::CommandButton& Command4 = button("Command4", "Browse");
-    forms::CommandButton& Command6 = button("Command6", "Show Diagram");
-    forms::Frame& fsoil = frame("fsoil", "Soil");
-    forms::OptionButton& Option1 = option("Option1", "I", &fsoil);
-    forms::OptionButton& Option2 = option("Option2", "II", &fsoil);
-    forms::OptionButton& Option3 = option("Option3", "III", &fsoil);
-    forms::OptionButton& Option4 = option("Option4", "IV", &fsoil);
-    forms::Frame& Frisk = frame("Frisk", "Hazard");
-    forms::OptionButton& Option5 = option("Option5", "Low", &Frisk);
-    forms::OptionButton& Option6 = option("Option6", "High", &Frisk);
+    DemandSpectrumPanel demand{*this, {.hazard = "Hazard", .step = "0.01"}};
     forms::Label& Label1 = label("Label1", "T (start) =");
-    forms::TextBox& tstart = text_box("tstart", "0.01");
     forms::Label& Label2 = label("Label2", "sec");
     forms::Label& Label3 = label("Label3", "T (end) =");
-    forms::TextBox& tend = text_box("tend", "4");
     forms::Label& Label4 = label("Label4", "sec");
     forms::Label& Label5 = label("Label5", "Step =");
-    forms::TextBox& xstep = text_box("xstep", "0.01");
     forms::Label& Label7 = label("Label7", "Scale(A) =");
-    forms::TextBox& xscale = text_box("xscale", "1");
-    forms::CommandButton& Command7 = button("Command7", "Calculate Sa");
     /// The chart of the spectrum, with its read-out Label8.
     Chart chart;
 
-    /// True after a spectrum file was read.
-    bool fromFile = false;
     /// Sa found at requestedPeriod by the last calculare_sa; 0 when none.
     double saAtPeriod = 0;
     /// The period asked for, seconds; set by the window that opens this one.
@@ -62,9 +45,6 @@ public:
     void Command7_Click();
     /// saAtPeriod from the spectrum.
     void calculare_sa();
-
-    compute::Soil soil() const;
-    compute::HazardGroup risk_group() const;
 
     /// designSa on the chart, its value labels clear of each other.
     void plot_spectrum();

@@ -5,7 +5,6 @@
 
 #include "compute/fourier/fourier_sum.h"
 #include "text/checked.h"
-#include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/project/main_frame_window.h"
@@ -106,7 +105,7 @@ void Form12::Command1_Click() {
     s.accelX1.redim(n);
     s.accelY1.redim(n);
     s.accelX2.redim(n);
-    if (n >= compute::kOmegaStepLimit) {
+    if (!compute::omega_steps_accepted(n)) {
         platform().message_box("Steps are too many...! Change Omega Lim or Delta Omega", forms::MsgButtons::Ok, "Error",
                                forms::MsgIcon::Information);
         return;
@@ -127,32 +126,35 @@ void Form12::Command1_Click() {
             return val(f1.Grid1.text(static_cast<int>(text::index_of(j)), 1));
         });
     }
-    std::vector<double> re, im, omega;
-    compute::fourier_sums(samples, dt, deltaOmega, n, re, im, omega, [&](std::int32_t i) {
+    compute::FourierSpectrum spectrum;
+    compute::FourierPeak peak{peakOmega, peakAmp};
+    // The cells hold the sums until the row is done, then their rounded texts.
+    auto show_sums = [&](std::int32_t i) {
         const auto u = static_cast<std::size_t>(i);
         pbar.set_value(static_cast<float>(i));
-        Grid1.set_text(i, 0, to_text(re[u]));
+        Grid1.set_text(i, 0, to_text(spectrum.real[u]));
         s.accelX1(i) = val(Grid1.text(i, 0));
-        Grid1.set_text(i, 1, to_text(im[u]));
+        Grid1.set_text(i, 1, to_text(spectrum.imag[u]));
         s.accelY1(i) = val(Grid1.text(i, 1));
-        const double amp = compute::fourier_amplitude(s.accelX1(i), s.accelY1(i));
-        Grid1.set_text(i, 2, to_text(text::round_to(amp, 4)));
-        Grid1.set_text(i, 3, to_text(text::round_to(omega[u], 2)));
+    };
+    auto show_row = [&](std::int32_t i) {
+        const compute::FourierRowTexts row = compute::fourier_row_texts(spectrum, i);
+        Grid1.set_text(i, 2, row.amp);
+        Grid1.set_text(i, 3, row.omega);
         s.accelX2(i) = val(Grid1.text(i, 2));
-        if (peakAmp < amp) {
-            peakOmega = omega[u];
-            peakAmp = amp;
-        }
-        Grid1.set_text(i, 0, to_text(text::round_to(s.accelX1(i), 5)));
-        Grid1.set_text(i, 1, to_text(text::round_to(s.accelY1(i), 5)));
+        peakOmega = peak.omega;
+        peakAmp = peak.amp;
+        Grid1.set_text(i, 0, row.real);
+        Grid1.set_text(i, 1, row.imag);
         platform().do_events();
-    });
+    };
+    compute::fourier_transform(samples, dt, deltaOmega, n, spectrum, peak, show_row, show_sums);
     Picbar.set_visible(false);
     Text3.set_text(to_text(text::round_to(peakOmega, 2)));
     Text4.set_text(to_text(text::round_to(peakAmp, 4)));
     plot_amplitude();
     for (forms::Control* c : std::initializer_list<forms::Control*>{&Command3, &Text5, &Text6, &Check1}) c->set_enabled(true);
-    Label11.set_caption(to_text(text::round_to(text::div(compute::kTwoPiRounded, val(Text3.text())), 2)));
+    Label11.set_caption(to_text(compute::period_of_omega(val(Text3.text()))));
     Command9.set_enabled(true);
 }
 
@@ -280,17 +282,17 @@ void Form12::Command5_Click() {
     plot_amplitude();
 }
 
-void Form12::export_lines(const std::string& heading, forms::Grid& g, int first_col, int second_col,
+void Form12::export_lines(std::string_view heading, forms::Grid& g, int first_col, int second_col,
                           text::DoubleArray& first, text::DoubleArray& second) {
     ProjectState& s = state();
     std::string name = save_txt_dialog(platform());
     if (name == "*.txt") return;
     s.fileName = name;
-    std::vector<std::string> lines{heading};
+    std::vector<std::string> lines{std::string(heading)};
     for (int k = 1; k < g.rows(); ++k) {
         first(k) = val(g.text(k, first_col));
         second(k) = val(g.text(k, second_col));
-        Text7.set_text(text::format(first(k), "0.00000000") + "    " + text::format(second(k), "0.00000000"));
+        Text7.set_text(compute::export_line(first(k), second(k)));
         lines.push_back(Text7.text());
     }
     write_export(s, s.fileName, lines);
@@ -299,7 +301,7 @@ void Form12::export_lines(const std::string& heading, forms::Grid& g, int first_
 
 void Form12::Command4_Click() {
     if (looping_) return;
-    export_lines("time               accel       ", Grid2, 0, 1, state().accelX1, state().accelY1);
+    export_lines(compute::kHistoryHeading, Grid2, 0, 1, state().accelX1, state().accelY1);
 }
 
 void Form12::Command9_Click() {
@@ -308,7 +310,7 @@ void Form12::Command9_Click() {
     // The count of the last sum, not of the step an Accel may have widened since.
     s.accelX2.redim(n);
     s.accelY2.redim(n);
-    export_lines("      omega               Amp ", Grid1, 3, 2, s.accelX2, s.accelY2);
+    export_lines(compute::kSpectrumHeading, Grid1, 3, 2, s.accelX2, s.accelY2);
 }
 
 void Form12::Command8_Click() {
@@ -338,7 +340,7 @@ void Form13::Command1_Click() {
 }
 
 void Form13::Command2_Click() {
-    program().form<Form12>().Text1.set_text(to_text(text::to_int32(val(Text2.text()))));
+    program().form<Form12>().Text1.set_text(to_text(compute::transfer_omega(val(Text2.text()))));
     program().unload(*this);
 }
 

@@ -3,6 +3,7 @@
 // grid, its amplitude spectrum and peak, the strongest omegas, and a history rebuilt from them.
 #include <cstdint>
 #include <functional>
+#include <string_view>
 
 #include "windows/chart/chart.h"
 #include "windows/program.h"
@@ -73,7 +74,7 @@ private:
     // The sums let pending events run; a click that comes in meanwhile must not start another.
     bool looping_ = false;
     void plot_amplitude();
-    void export_lines(const std::string& heading, forms::Grid& grid, int first_col, int second_col,
+    void export_lines(std::string_view heading, forms::Grid& grid, int first_col, int second_col,
                       text::DoubleArray& first, text::DoubleArray& second);
 };
 

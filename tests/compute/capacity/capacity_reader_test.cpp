@@ -162,20 +162,6 @@ TEST(ReadCapacityFile, CrLfLinesAndTheTableCells) {
     ASSERT_TRUE(t.ok());
     ASSERT_EQ(t.rows.size(), 2u);
     EXPECT_EQ(t.rows[1].fields[8], " 1.3");
-
-    TextTable Fg(1, 9);
-    write_capacity_headings(Fg);
-    write_capacity_rows(Fg, t);
-    EXPECT_EQ(Fg.rows(), 3);
-    EXPECT_EQ(Fg.row_texts(0), (std::vector<std::string>{"Step", "Teff", "Betaeff", "Sd_C", "Sa_C", "Sd_d",
-                                                          "Sa_d", "ALPHA", "Pf_fi"}));
-    EXPECT_EQ(Fg.text(2, 3), " 10.5");
-    EXPECT_EQ(Fg.col_width(0), 500);
-    EXPECT_EQ(Fg.col_alignment(8), kLeftCentre);
-
-    // A later file without rows leaves the table as it stood.
-    write_capacity_rows(Fg, parse_capacity_lines({"nothing"}));
-    EXPECT_EQ(Fg.rows(), 3);
 }
 
 }  // namespace

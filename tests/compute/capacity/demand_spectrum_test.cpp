@@ -14,6 +14,11 @@ namespace {
 const ShortSpectrumConstants kSoilII{1.5, 0.1, 0.5};
 const ShortSpectrumConstants kSoilI{1.5, 0.1, 0.4};
 
+// The wizard's spectrum as the ordinate of the fill.
+std::function<double(double)> short_of(double A, ShortSpectrumConstants c) {
+    return [=](double T) { return short_spectrum(T, A, c); };
+}
+
 int error_of(auto&& f) {
     try {
         f();
@@ -37,10 +42,10 @@ TEST(ShortSpectrum, ThreeBranchesWithoutS0AndWithoutN) {
     EXPECT_EQ(short_spectrum(-0.01, 0.3, kSoilII), 0.0);
 }
 
-TEST(FillShortSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
+TEST(FillDemandSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
     std::int32_t specCount = 0;
     text::DoubleArray sa, aux;
-    fill_short_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, 1.0, kSoilI);
+    fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, short_of(1.0, kSoilI));
     EXPECT_EQ(specCount, 200);
     EXPECT_EQ(aux.ubound(), 200);
     // Pass 1 works at T = 0.01 but stores the period 0.02.
@@ -51,27 +56,18 @@ TEST(FillShortSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
     EXPECT_EQ(aux(0), 0.0);
 }
 
-TEST(FillShortSpectrum, AccumulatedStepCanDropTheLastPass) {
-    // 0.02 added 199 times overshoots 4 a little, so the 200th pass never runs.
+TEST(FillDemandSpectrum, FailuresOfTheStepAndTheBounds) {
     std::int32_t specCount = 0;
     text::DoubleArray sa, aux;
-    fill_short_spectrum(specCount, sa, aux, 0.02, 4.0, 0.02, 1.0, kSoilI);
-    EXPECT_EQ(specCount, 200);
-    EXPECT_EQ(aux(199), 0.02 * 199.0);
-    EXPECT_EQ(aux(200), 0.0);
-    EXPECT_EQ(sa(200), 0.0);
-}
-
-TEST(FillShortSpectrum, FailuresOfTheStepAndTheBounds) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux;
-    EXPECT_EQ(error_of([&] { fill_short_spectrum(specCount, sa, aux, 0.01, 4.0, 0.0, 1.0, kSoilI); }),
+    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.0, short_of(1.0, kSoilI)); }),
               text::kDivisionByZero);
-    // 0.005 / 0.02 rounds to 0: an array 1..0 is refused.
-    EXPECT_EQ(error_of([&] { fill_short_spectrum(specCount, sa, aux, 0.01, 0.005, 0.02, 1.0, kSoilI); }),
+    // 0.02 / 0.02: an array 1..1 is taken, 0.005 / 0.02 rounds to 0: an array 1..0 is refused.
+    fill_demand_spectrum(specCount, sa, aux, 0.01, 0.02, 0.02, short_of(1.0, kSoilI));
+    EXPECT_EQ(aux(1), 0.02);
+    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 0.005, 0.02, short_of(1.0, kSoilI)); }),
               text::kSubscript);
     // Starting too low runs one pass more than the array holds; the earlier passes stay.
-    EXPECT_EQ(error_of([&] { fill_short_spectrum(specCount, sa, aux, 0.0, 0.1, 0.02, 1.0, kSoilI); }),
+    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.0, 0.1, 0.02, short_of(1.0, kSoilI)); }),
               text::kSubscript);
     EXPECT_EQ(specCount, 5);
     EXPECT_EQ(aux(5), 0.1);
@@ -167,94 +163,6 @@ TEST(CalculareSaPeriod, OnePeriodAndItsBlindSpots) {
     calculare_sa_period(sa, p.aux, p.sa, 0.25, 0.01, 0.01);
     EXPECT_EQ(sa, 0.0);
     EXPECT_EQ(error_of([&] { calculare_sa_period(sa, p.aux, p.sa, 0.25, 4.0, 0.0); }), text::kDivisionByZero);
-}
-
-// A spectrum on 0.02 .. 0.1 s as the wizard's Show Diagram stores it.
-struct SmallSpectrum {
-    text::DoubleArray aux{5}, sa{5};
-    SmallSpectrum() {
-        for (long j = 1; j <= 5; ++j) {
-            aux(j) = 0.02 * static_cast<double>(j);
-            sa(j) = 0.3 + 0.2 * static_cast<double>(j);
-        }
-    }
-};
-
-TextTable capacity_teff(const std::vector<std::string>& teff) {
-    TextTable Fg(static_cast<int>(teff.size()) + 1, 9);
-    for (std::size_t i = 0; i < teff.size(); ++i) {
-        Fg.set_text(static_cast<long>(i) + 1, 0, std::to_string(i + 1));
-        Fg.set_text(static_cast<long>(i) + 1, 1, teff[i]);
-    }
-    return Fg;
-}
-
-TEST(CalculareSa, FillsTheFourColumns) {
-    SmallSpectrum s;
-    TextTable Fg = capacity_teff({" 0.03", " 0", " 0.1"});
-    TextTable FG2(3, 4);
-    FG2.set_text(2, 1, "old");
-    text::DoubleArray saAtStep;
-    ASSERT_EQ(calculare_sa(FG2, saAtStep, Fg, s.aux, s.sa, 0.1, 0.02), SaTableOutcome::filled);
-    // L = 0.1 / 0.02 = 5: six rows.
-    ASSERT_EQ(FG2.rows(), 6);
-    EXPECT_EQ(FG2.row_texts(0), (std::vector<std::string>{"Teff", "Sa", "T", "SA"}));
-    // Teff 0.03 between 0.02 (0.5) and 0.04 (0.7); 0 gives 0; the last period finds nothing.
-    EXPECT_EQ(FG2.row_texts(1), (std::vector<std::string>{" 0.03", "0.6", "0.02", "0.5"}));
-    EXPECT_EQ(FG2.row_texts(2), (std::vector<std::string>{" 0", "0", "0.04", "0.7"}));
-    EXPECT_EQ(FG2.row_texts(3), (std::vector<std::string>{" 0.1", "", "0.06", "0.9"}));
-    EXPECT_EQ(FG2.row_texts(4), (std::vector<std::string>{"", "", "0.08", "1.1"}));
-    // Column 3 runs to L - 1 only.
-    EXPECT_EQ(FG2.row_texts(5), (std::vector<std::string>{"", "", "0.1", ""}));
-    EXPECT_EQ(saAtStep.ubound(), 5);
-    EXPECT_EQ(saAtStep(4), 1.1);
-    EXPECT_EQ(saAtStep(5), 0.0);
-    EXPECT_EQ(FG2.col_width(1), 2000);
-    EXPECT_EQ(FG2.col_width(2), 1000);
-    EXPECT_EQ(FG2.col_alignment(3), kLeftCentre);
-}
-
-TEST(CalculareSa, DefaultStepGivesTwoHundredAndOneRows) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux, saAtStep;
-    fill_short_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, 0.35, kSoilII);
-    TextTable FG2(2, 4);
-    calculare_sa(FG2, saAtStep, capacity_teff({" 0.5"}), aux, sa, 4.0, 0.02);
-    EXPECT_EQ(FG2.rows(), 201);
-    EXPECT_EQ(FG2.text(1, 1), "0.875");
-}
-
-TEST(CalculareSa, ZeroStepAndACurveLongerThanTheTable) {
-    SmallSpectrum s;
-    text::DoubleArray saAtStep;
-    TextTable FG2(3, 4);
-    FG2.set_text(1, 1, "x");
-    EXPECT_EQ(calculare_sa(FG2, saAtStep, capacity_teff({" 0.03"}), s.aux, s.sa, 0.1, 0.0),
-              SaTableOutcome::zero_step);
-    EXPECT_EQ(FG2.text(1, 1), "");
-    // Six capacity rows against L = 5.
-    TextTable Fg = capacity_teff({" 0.03", " 0.03", " 0.03", " 0.03", " 0.03", " 0.03"});
-    EXPECT_EQ(error_of([&] { calculare_sa(FG2, saAtStep, Fg, s.aux, s.sa, 0.1, 0.02); }), text::kSubscript);
-    // What was written before the failure stays.
-    EXPECT_EQ(FG2.text(5, 1), "0.6");
-}
-
-TEST(InputTeffFromCapacity, CopiesFromTheSkippedRowsAndLeavesColumnOne) {
-    TextTable Fg = capacity_teff({" 0.1", " 0.2", " 0.3", " 0.4", " 0.5"});
-    TextTable FG2(7, 4);
-    FG2.set_text(0, 0, "Teff");
-    for (long r = 1; r < 7; ++r) {
-        FG2.set_text(r, 0, "old");
-        FG2.set_text(r, 1, "sa");
-    }
-    input_teff_from_capacity(FG2, Fg, "1");
-    // Rows 2 to 4 of the curve (the last data row is left out) go to rows 1 to 3.
-    EXPECT_EQ(FG2.text(1, 0), " 0.2");
-    EXPECT_EQ(FG2.text(3, 0), " 0.4");
-    EXPECT_EQ(FG2.text(4, 0), "");
-    EXPECT_EQ(FG2.text(6, 0), "");
-    EXPECT_EQ(FG2.text(4, 1), "sa");
-    EXPECT_EQ(FG2.text(0, 0), "Teff");
 }
 
 }  // namespace

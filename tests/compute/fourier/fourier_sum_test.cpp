@@ -78,17 +78,20 @@ TEST(FourierSum, APureSinePeaksAtItsOwnOmega) {
 }
 
 TEST(FourierSum, TheFirstOfEqualPeaksStandsAndThePeakIsKeptAcrossRuns) {
-    const FourierSamples s = sine(10.0, 0.01, 2000);
+    // One sample at line 0 has the same amplitude dt |x| at every omega: the first row stands.
     FourierSpectrum out;
+    FourierPeak tie;
+    fourier_transform(FourierSamples{{0}, {2}}, 0.5, 0.25, 4, out, tie);
+    EXPECT_EQ(out.amp[1], out.amp[4]);
+    EXPECT_EQ(tie.omega, 0.25);
+    EXPECT_EQ(tie.amp, 1.0);
+    const FourierSamples s = sine(10.0, 0.01, 2000);
     FourierPeak peak;
     fourier_transform(s, 0.01, 0.05, 800, out, peak);
     const FourierPeak first = peak;
-    // A weaker record does not displace it; neither does an equal amplitude.
+    // A weaker record does not displace it.
     fourier_transform(sine(20.0, 0.01, 2000, 0.5), 0.01, 0.05, 800, out, peak);
     EXPECT_EQ(peak.omega, first.omega);
-    FourierPeak equal = first;
-    fourier_transform(s, 0.01, 0.05, 800, out, equal);
-    EXPECT_EQ(equal.omega, first.omega);
     // A stronger one does.
     fourier_transform(sine(20.0, 0.01, 2000, 3), 0.01, 0.05, 800, out, peak);
     EXPECT_EQ(text::to_text(text::round_to(peak.omega, 2)), "20");
@@ -140,12 +143,6 @@ TEST(FourierSum, ThreadedRowsEqualThePlainLoopBitForBit) {
     }
     EXPECT_EQ(peak.omega, want.omega);
     EXPECT_EQ(peak.amp, want.amp);
-    // The sums alone, as the older entry point gives them.
-    std::vector<double> re, im, om;
-    fourier_sums(s, 0.02, 0.07, n, re, im, om);
-    EXPECT_EQ(re, out.real);
-    EXPECT_EQ(im, out.imag);
-    EXPECT_EQ(om, out.omega);
 }
 
 TEST(FourierSum, NoOmegasNoRows) {
@@ -164,32 +161,32 @@ TEST(FourierSum, NoOmegasNoRows) {
     EXPECT_EQ(zero.omega, 0.0);
 }
 
-TEST(FourierSum, AnOverflowIsRaisedAtItsOmegaWithTheRowsBeforeItDone) {
-    // Two terms of 1.5E308: the cosine sums stay finite at omega 2 and 4 and overflow at 6.
-    const FourierSamples s{{1, 2}, {1.5e308, 1.5e308}};
-    std::vector<double> re, im, om;
-    std::vector<std::int32_t> reported;
-    EXPECT_EQ(error_of([&] { fourier_sums(s, 1, 2, 5, re, im, om, [&](std::int32_t i) { reported.push_back(i); }); }),
-              text::kOverflow);
-    EXPECT_EQ(reported, (std::vector<std::int32_t>{1, 2}));
-    EXPECT_EQ(re[3], text::round15(1.5e308 * std::cos(6.0)));  // the first term of row 3 stands
-    EXPECT_EQ(im[3], text::round15(1.5e308 * std::sin(6.0)));
-    // dt * x beyond the range fails at the first omega, before any row.
+TEST(FourierSum, AnOverflowIsRaisedAtItsOmegaWithItsSumsAsFarAsTheyGot) {
     FourierSpectrum out;
     FourierPeak peak;
-    reported.clear();
-    EXPECT_EQ(error_of([&] {
-                  fourier_transform(FourierSamples{{1}, {1e308}}, 10, 0.1, 3, out, peak,
-                                    [&](std::int32_t i) { reported.push_back(i); });
-              }),
+    std::vector<std::int32_t> reported, summed;
+    auto report = [&](std::int32_t i) { reported.push_back(i); };
+    auto sums = [&](std::int32_t i) { summed.push_back(i); };
+    // Two terms of 1.5E308 overflow the cosine sum of the first omega at the second term.
+    const FourierSamples s{{1, 2}, {1.5e308, 1.5e308}};
+    EXPECT_EQ(error_of([&] { fourier_transform(s, 1, 0.1, 5, out, peak, report, sums); }), text::kOverflow);
+    EXPECT_TRUE(summed.empty());
+    EXPECT_EQ(out.real[1], text::round15(1.5e308 * std::cos(0.1)));  // the first term stands
+    EXPECT_EQ(out.imag[1], text::round15(1.5e308 * std::sin(0.1)));
+    // dt * x beyond the range fails at the first omega, before any row.
+    EXPECT_EQ(error_of([&] { fourier_transform(FourierSamples{{1}, {1e308}}, 10, 0.1, 3, out, peak, report, sums); }),
               text::kOverflow);
-    EXPECT_TRUE(reported.empty());
+    EXPECT_TRUE(summed.empty());
     EXPECT_EQ(out.real[1], 0.0);
-    // Huge but finite sums are settled by the checked loop, not refused.
-    fourier_sums(FourierSamples{{1, 2, 3}, {1e300, 1e300, 1e300}}, 1, 0.1, 2, re, im, om);
+    // Huge but finite sums are settled by the checked loop, not refused; their amplitude then
+    // fails after the row's sums were handed over.
+    const FourierSamples huge{{1, 2, 3}, {1e300, 1e300, 1e300}};
+    EXPECT_EQ(error_of([&] { fourier_transform(huge, 1, 0.1, 2, out, peak, report, sums); }), text::kOverflow);
+    EXPECT_EQ(summed, std::vector<std::int32_t>{1});
+    EXPECT_TRUE(reported.empty());
     double r = 0;
     for (double j : {1.0, 2.0, 3.0}) r = text::round15(r + 1 * 1e300 * std::cos(j * 0.1 * 1));
-    EXPECT_EQ(re[1], r);
+    EXPECT_EQ(out.real[1], r);
 }
 
 TEST(FourierSum, AnErrorInTheCallbackStopsTheRun) {

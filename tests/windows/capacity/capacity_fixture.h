@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "support/fake_platform.h"
+#include "text/runtime_error.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/sa_window.h"
@@ -21,6 +22,16 @@
 #include "windows/project/main_frame_window.h"
 
 namespace tv::test {
+
+/// The number of the run-time error that `f` raises; 0 when it raises none.
+inline int error_of(auto&& f) {
+    try {
+        f();
+    } catch (const text::RuntimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
 
 /// The curve worked by hand in the sweep's tests: (T, d, a) = (0.3, 0, 0), (0.4, 1, 0.4),
 /// (0.5, 2, 0.8), (0.6, 4, 1.0), (0.8, 6, 1.1), PFPhi 1.2, and a sixth row the sweep leaves out.
@@ -110,8 +121,8 @@ protected:
     void to_demand_done() {
         read_capacity(kHandCurve);
         press(form9().Command3);
-        press(form9().Command6);
-        press(form9().Command7);
+        press(form9().demand.Command6);
+        press(form9().demand.Command7);
     }
     /// The sweep's hand-worked demand: Sa of the capacity rows in column 1, periods 0.2 .. 1.4
     /// in columns 2 and 3, eight rows in all.

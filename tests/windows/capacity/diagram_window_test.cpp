@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "compute/capacity/capacity_results.h"
+#include "windows/capacity/capacity_results.h"
 
 namespace tv::test {
 namespace {
@@ -68,8 +68,8 @@ protected:
         run([&] { f.Combo1.set_list_index(unit); });
         read_capacity(hand_curve_times(factor));
         press(f.Command3);
-        press(f.Command6);
-        press(f.Command7);
+        press(f.demand.Command6);
+        press(f.demand.Command7);
         press(f.Command3);
         press(f.Command9);
         press(f.Command3);
@@ -182,7 +182,7 @@ TEST_F(DiagramTest, NextFromTheLastPageShowsTheDiagramAndStaysOnPageTwo) {
 
 TEST_F(DiagramTest, FillarrayReadsTheFiveSeriesOfTheTable) {
     windows::Form10& d = to_diagram();
-    using D = compute::CapacityDiagram;
+    using D = windows::CapacityDiagram;
     const auto& capacity = d.diagram.series[D::kCapacity];
     ASSERT_EQ(capacity.x.ubound(), 5);
     EXPECT_EQ(capacity.x(4), 4.0);
@@ -258,8 +258,8 @@ TEST_F(DiagramTest, WithoutACrossingThePlotFailsOnlyWhenNothingCanBeScaled) {
     read_capacity("Teff\n 1 0.3 5 0 0 0 0 0 1\n 2 0.4 5 0 0 0 0 0 1\n 3 0.5 5 0 0 0 0 0 1\n");
     windows::Form9& f = form9();
     press(f.Command3);
-    press(f.Command6);
-    press(f.Command7);
+    press(f.demand.Command6);
+    press(f.demand.Command7);
     press(f.Command3);
     press(f.Command9);
     press(f.Command3);

@@ -26,32 +26,32 @@ protected:
 TEST_F(SaWindowTest, LoadsWithItsDefaults) {
     windows::Form11& f = form11();
     EXPECT_EQ(f.caption(), "Calculate SA");
-    EXPECT_EQ(f.Frisk.caption(), "Hazard");
-    EXPECT_EQ(f.xstep.text(), "0.01");
+    EXPECT_EQ(f.demand.Frisk.caption(), "Hazard");
+    EXPECT_EQ(f.demand.xstep.text(), "0.01");
     EXPECT_EQ(f.Label5.caption(), "Step =");
-    EXPECT_FALSE(f.Command4.enabled());
-    EXPECT_FALSE(f.Command7.enabled());
-    EXPECT_TRUE(f.Command6.enabled());
-    EXPECT_TRUE(f.Option1.value());
-    EXPECT_TRUE(f.Option5.value());
+    EXPECT_FALSE(f.demand.Command4.enabled());
+    EXPECT_FALSE(f.demand.Command7.enabled());
+    EXPECT_TRUE(f.demand.Command6.enabled());
+    EXPECT_TRUE(f.demand.Option1.value());
+    EXPECT_TRUE(f.demand.Option5.value());
 }
 
 TEST_F(SaWindowTest, TheCodeSpectrumGivesSaAndTsBackAndTheWindowCloses) {
     windows::Form11& f = open(1.0);
     run([&] {
-        f.Option2.user_click();
-        f.Option6.user_click();
-        f.xscale.set_text("0.3");
+        f.demand.Option2.user_click();
+        f.demand.Option6.user_click();
+        f.demand.xscale.set_text("0.3");
     });
-    press(f.Command6);
+    press(f.demand.Command6);
     // Soil II, high, A 0.3 at T 1: 2.5 x 0.3 x 0.5 / 1 x (1 + 0.7 x 0.5 / 3.5) = 0.4125.
     EXPECT_EQ(program.state.specCount, 400);
     EXPECT_EQ(program.state.designAux(100), 1.0);
     EXPECT_NEAR(program.state.designSa(100), 0.4125, 1e-12);
     EXPECT_EQ(f.Ts, 0.5);
-    EXPECT_TRUE(f.Command7.enabled());
+    EXPECT_TRUE(f.demand.Command7.enabled());
     EXPECT_FALSE(f.chart.picNemodar.ops().empty());
-    press(f.Command7);
+    press(f.demand.Command7);
     EXPECT_EQ(handed, 1);
     EXPECT_EQ(handedSa, "0.4125");
     EXPECT_EQ(handedTs, "0.5000");
@@ -61,38 +61,36 @@ TEST_F(SaWindowTest, TheCodeSpectrumGivesSaAndTsBackAndTheWindowCloses) {
 
 TEST_F(SaWindowTest, AFileSpectrumInterpolatesAndTsComesFromTheGreyedOptions) {
     windows::Form11& f = open(0.75);
-    run([&] { f.Option4.user_click(); });
-    run([&] { f.Option6.user_click(); });
-    run([&] { f.Check1.user_click(); });
-    EXPECT_TRUE(f.Command4.enabled());
-    EXPECT_FALSE(f.Command6.enabled());
-    EXPECT_FALSE(f.fsoil.enabled());
-    EXPECT_FALSE(f.xscale.enabled());
-    EXPECT_FALSE(f.tstart.enabled());
-    EXPECT_FALSE(f.tend.enabled());
-    EXPECT_TRUE(f.xstep.enabled());
+    run([&] { f.demand.Option4.user_click(); });
+    run([&] { f.demand.Option6.user_click(); });
+    run([&] { f.demand.Check1.user_click(); });
+    // The code spectrum's boxes follow the tick here, the step stays.
+    EXPECT_FALSE(f.demand.xscale.enabled());
+    EXPECT_FALSE(f.demand.tstart.enabled());
+    EXPECT_FALSE(f.demand.tend.enabled());
+    EXPECT_TRUE(f.demand.xstep.enabled());
     platform.file_answers.push_back(write("spectrum.txt", "0.5 1.0\n1.0 0.6\n1.5 0.4\n"));
-    press(f.Command4);
-    EXPECT_TRUE(f.fromFile);
+    press(f.demand.Command4);
+    EXPECT_TRUE(f.demand.fromFile);
     EXPECT_EQ(f.Ts, 1.0);  // soil IV
-    press(f.Command7);
+    press(f.demand.Command7);
     EXPECT_EQ(handedSa, "0.8000");
     EXPECT_EQ(handedTs, "1.0000");
 }
 
 TEST_F(SaWindowTest, APeriodOutsideTheSpectrumHandsBackZero) {
     windows::Form11& f = open(9.0);
-    press(f.Command6);
-    press(f.Command7);
+    press(f.demand.Command6);
+    press(f.demand.Command7);
     EXPECT_EQ(handedSa, "0.0000");
     EXPECT_EQ(handedTs, "0.4000");
 }
 
 TEST_F(SaWindowTest, AZeroStepSaysSoAndStillHandsBack) {
     windows::Form11& f = open(1.0);
-    press(f.Command6);
-    run([&] { f.xstep.set_text("0"); });
-    press(f.Command7);
+    press(f.demand.Command6);
+    run([&] { f.demand.xstep.set_text("0"); });
+    press(f.demand.Command7);
     EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Error Time Step"});
     EXPECT_EQ(handedSa, "0.0000");
     EXPECT_EQ(handed, 1);
@@ -100,30 +98,28 @@ TEST_F(SaWindowTest, AZeroStepSaysSoAndStillHandsBack) {
 
 TEST_F(SaWindowTest, UntickingFromFileGivesTheCodeSpectrumBack) {
     windows::Form11& f = open(1.0);
-    run([&] { f.Check1.user_click(); });
-    run([&] { f.Check1.user_click(); });
-    EXPECT_TRUE(f.Command6.enabled());
-    EXPECT_FALSE(f.Command4.enabled());
-    EXPECT_TRUE(f.xscale.enabled());
-    EXPECT_TRUE(f.Frisk.enabled());
-    EXPECT_FALSE(f.fromFile);
+    run([&] { f.demand.Check1.user_click(); });
+    run([&] { f.demand.Check1.user_click(); });
+    EXPECT_TRUE(f.demand.Command6.enabled());
+    EXPECT_TRUE(f.demand.xscale.enabled());
+    EXPECT_TRUE(f.demand.tend.enabled());
 }
 
 TEST_F(SaWindowTest, CancellingTheSpectrumFileEndsQuietly) {
     windows::Form11& f = open(1.0);
-    run([&] { f.Check1.user_click(); });
-    press(f.Command4);  // the dialog cancelled
+    run([&] { f.demand.Check1.user_click(); });
+    press(f.demand.Command4);  // the dialog cancelled
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_FALSE(f.fromFile);
-    EXPECT_FALSE(f.Command7.enabled());
+    EXPECT_FALSE(f.demand.fromFile);
+    EXPECT_FALSE(f.demand.Command7.enabled());
     EXPECT_FALSE(platform.busy);
 }
 
 TEST_F(SaWindowTest, TheValueLabelsStandClear) {
     windows::Form11& f = open(1.0);
-    run([&] { f.Option3.user_click(); });
-    press(f.Command6);
+    run([&] { f.demand.Option3.user_click(); });
+    press(f.demand.Command6);
     // Soil III: the plateau 2.75 sets the range 3.3; every 0.2 would print over each other.
     expect_value_labels_clear(f.chart.PicySxale, 8.25 * 23.5, 2);
     const auto labels = value_labels(f.chart.PicySxale);

@@ -247,11 +247,11 @@ TEST_F(TargetDisplacementTest, CalRoundTripThroughForm11FillsSaAndTs) {
     press(f8().Command3);
     ASSERT_TRUE(program.is_loaded<windows::Form11>());
     windows::Form11& f11 = program.form<windows::Form11>();
-    EXPECT_TRUE(f11.Option1.value());  // soil I
-    EXPECT_TRUE(f11.Option5.value());  // low hazard
-    press(f11.Command6);               // Show Diagram
-    EXPECT_TRUE(f11.Command7.enabled());
-    press(f11.Command7);               // Calculate Sa
+    EXPECT_TRUE(f11.demand.Option1.value());  // soil I
+    EXPECT_TRUE(f11.demand.Option5.value());  // low hazard
+    press(f11.demand.Command6);               // Show Diagram
+    EXPECT_TRUE(f11.demand.Command7.enabled());
+    press(f11.demand.Command7);               // Calculate Sa
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_TRUE(platform.runtime_errors.empty());
     EXPECT_FALSE(program.is_loaded<windows::Form11>());

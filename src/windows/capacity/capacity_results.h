@@ -5,10 +5,10 @@
 #include <set>
 #include <string>
 
-#include "compute/capacity/text_table.h"
+#include "windows/capacity/text_table.h"
 #include "text/checked.h"
 
-namespace tv::compute {
+namespace tv::windows {
 
 /// One series of the diagram: abscissae and ordinates, each grown to the last row that held a
 /// text (rows without text leave 0 behind them); never made when no row held one.
@@ -39,4 +39,4 @@ CapacityDiagram fillarray(const TextTable& Fg3);
 /// CR LF. With column 0 hidden every line begins with a tab.
 std::string clipboard_text(const TextTable& Fg3, const std::set<int>& selectedRows);
 
-}  // namespace tv::compute
+}  // namespace tv::windows

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace tv::compute {
+namespace tv::windows {
 
 /// Cell colours as the grid takes them (0xBBGGRR).
 inline constexpr int kRed = 0x0000FF;
@@ -63,4 +63,4 @@ private:
     std::map<std::pair<int, int>, int> colors_;
 };
 
-}  // namespace tv::compute
+}  // namespace tv::windows

@@ -1,12 +1,12 @@
-#include "compute/capacity/capacity_results.h"
+#include "windows/capacity/capacity_results.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "compute/capacity/capacity_sweep.h"
+#include "windows/capacity/sweep_table.h"
 
-namespace tv::compute {
+namespace tv::windows {
 namespace {
 
 using namespace fg3;
@@ -106,4 +106,4 @@ TEST(ClipboardText, SelectedRowsFollowTheHeader) {
 }
 
 }  // namespace
-}  // namespace tv::compute
+}  // namespace tv::windows

@@ -1,11 +1,11 @@
-#include "compute/capacity/text_table.h"
+#include "windows/capacity/text_table.h"
 
 #include <algorithm>
 
 #include "text/checked.h"
 #include "text/runtime_error.h"
 
-namespace tv::compute {
+namespace tv::windows {
 
 TextTable::TextTable(int rows, int cols) {
     set_cols(cols);
@@ -104,4 +104,4 @@ std::vector<std::string> TextTable::row_texts(long row) const {
     return {cells_.begin() + static_cast<long>(at(row, 0)), cells_.begin() + static_cast<long>(at(row, 0)) + cols_};
 }
 
-}  // namespace tv::compute
+}  // namespace tv::windows

@@ -1,9 +1,9 @@
-#include "compute/capacity/capacity_results.h"
+#include "windows/capacity/capacity_results.h"
 
-#include "compute/capacity/capacity_sweep.h"
+#include "windows/capacity/sweep_table.h"
 #include "text/number_text.h"
 
-namespace tv::compute {
+namespace tv::windows {
 
 namespace {
 
@@ -67,4 +67,4 @@ std::string clipboard_text(const TextTable& Fg3, const std::set<int>& selectedRo
     return out;
 }
 
-}  // namespace tv::compute
+}  // namespace tv::windows

@@ -1,0 +1,203 @@
+// The sweep table Fg3 of the capacity wizard on a hand-worked curve: what the texts, colours
+// and results of the sweep look like (the numbers are the sweep's own tests).
+#include "windows/capacity/sweep_table.h"
+
+#include <gtest/gtest.h>
+
+#include "capacity_fixture.h"
+#include "compute/capacity/capacity_reader.h"
+#include "text/runtime_error.h"
+#include "windows/capacity/step_table.h"
+
+namespace tv::windows {
+namespace {
+
+using namespace fg3;
+using test::error_of;
+
+// The step table as the reader leaves it, from nine-column lines.
+TextTable capacity_table(const std::vector<std::string>& data) {
+    std::vector<std::string> lines{" Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi"};
+    lines.insert(lines.end(), data.begin(), data.end());
+    compute::CapacityTable t = compute::parse_capacity_lines(lines);
+    EXPECT_EQ(t.rows.size(), data.size());
+    TextTable Fg(1, 9);
+    write_capacity_headings(Fg);
+    write_capacity_rows(Fg, t);
+    return Fg;
+}
+
+// The demand table: Sa at each capacity row in column 1, the period grid in columns 2 and 3.
+TextTable demand_table(const std::vector<double>& saAtRow, int rows = 8) {
+    TextTable FG2(rows, 4);
+    for (std::size_t i = 0; i < saAtRow.size(); ++i)
+        FG2.set_text(static_cast<long>(i) + 1, 1, std::to_string(saAtRow[i]));
+    const double T[] = {0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4};
+    const double Sa[] = {1.0, 1.0, 0.9, 0.7, 0.5, 0.4, 0.3};
+    for (long j = 1; j < rows && j <= 7; ++j) {
+        FG2.set_text(j, 2, std::to_string(T[j - 1]));
+        FG2.set_text(j, 3, std::to_string(Sa[j - 1]));
+    }
+    return FG2;
+}
+
+// The sweep's hand-made curve, and a sixth row that the sweep leaves out.
+TextTable hand_curve() {
+    return capacity_table({" 1 0.3 5 0 0 0 0 0 1.2", " 2 0.4 5 1 0.4 0 0 0 1.2", " 3 0.5 5 2 0.8 0 0 0 1.2",
+                           " 4 0.6 5 4 1.0 0 0 0 1.2", " 5 0.8 5 6 1.1 0 0 0 1.2", " 6 1.0 5 8 1.15 0 0 0 1.2"});
+}
+
+SweepBoxes hand_settings(int kind = 1) {
+    SweepBoxes s;
+    s.T1 = "1000";
+    s.T2 = "0.5";
+    s.T3 = "0";
+    s.T4 = "2";
+    s.kind = kind;
+    return s;
+}
+
+struct Sweep {
+    TextTable Fg3{1, kCount};
+    SweepResults results;
+    Sweep(const TextTable& Fg, const TextTable& FG2, const SweepBoxes& s) { calculate(Fg, FG2, s, Fg3, results); }
+    const std::string& at(long r, long c) const { return Fg3.text(r, c); }
+};
+
+TEST(SweepTable, RowTextsAndTheirFormats) {
+    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
+    EXPECT_EQ(s.Fg3.rows(), 7);
+    EXPECT_EQ(s.results.slopeK0, 0.4);
+    // The step in the general format, the curve read back through "0.0000".
+    EXPECT_EQ(s.at(1, kStep), "1");
+    EXPECT_EQ(s.at(1, kT), "0.3000");
+    EXPECT_EQ(s.at(4, kPFPhi), "1.2000");
+    // Without damping worked out B0 and Lambda keep "0"; once worked out, the pattern.
+    EXPECT_EQ(s.at(1, kB0), "0");
+    EXPECT_EQ(s.at(1, kLambda), "0");
+    EXPECT_EQ(s.at(1, kSRA), "0.0000");
+    EXPECT_EQ(s.at(2, kB0), "0.0000");
+    EXPECT_EQ(s.at(4, kM), "0.4000");
+    // ED alone is in the general format.
+    EXPECT_EQ(s.at(4, kED), "5.4");
+    EXPECT_EQ(s.at(5, kED), "12.75");
+    // The sixth data row, the table's last, is left out.
+    EXPECT_EQ(s.at(6, kStep), "");
+    EXPECT_EQ(s.at(6, kSdpi), "");
+}
+
+TEST(SweepTable, TheCrossingMarksItsRowsAndWritesTheResults) {
+    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
+    EXPECT_EQ(s.results.Re1, "5.0169");  // target*, SRA*, SRV* and Beff* alike
+    EXPECT_EQ(s.results.lastCrossing, 5);
+    // The bilinear form: the origin, the point of the row before, the point at the crossing.
+    EXPECT_EQ(s.at(1, kBilinearD), "0");
+    EXPECT_EQ(s.at(1, kBilinearA), "0");
+    EXPECT_EQ(s.at(2, kBilinearD), "2.0000");
+    EXPECT_EQ(s.at(2, kBilinearA), "0.8000");
+    EXPECT_EQ(s.at(3, kBilinearD), "4.1808");
+    EXPECT_EQ(s.at(3, kBilinearA), "1.0090");
+    EXPECT_EQ(s.at(4, kBilinearD), "");
+    EXPECT_EQ(s.at(3, kTarget), "");
+    EXPECT_EQ(s.at(4, kTarget), "4.8000");
+    EXPECT_EQ(s.at(5, kTarget), "7.2000");
+    for (long r = 1; r <= 3; ++r) EXPECT_EQ(s.Fg3.cell_color(r, kStep), kBlue) << r;
+    EXPECT_EQ(s.Fg3.cell_color(4, kStep), kRed);
+    EXPECT_EQ(s.Fg3.cell_color(5, kStep), kRed);
+    EXPECT_EQ(s.Fg3.cell_colors().size(), 5u);
+}
+
+TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod) {
+    // Seven periods in a table of ten rows: row 8 is still written, from empty texts.
+    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}, 10), hand_settings());
+    EXPECT_EQ(s.Fg3.rows(), 9);
+    EXPECT_EQ(s.at(0, kTSec), "T(Sec)");
+    EXPECT_EQ(s.at(1, kTSec), "0.2000");
+    EXPECT_EQ(s.at(7, kTSec), "1.4000");
+    EXPECT_EQ(s.at(8, kTSec), "0.0000");
+    EXPECT_EQ(s.at(8, kSaDemand), "0.0000");
+    EXPECT_EQ(s.at(8, kSdDemand), "0");
+    EXPECT_EQ(s.at(8, kSaReDemand), "0");
+    EXPECT_EQ(s.at(8, kSdReDemand), "0");
+    EXPECT_EQ(s.at(8, kStep), "");
+    // Without a crossing: no results, no bilinear form, the reduced demand "0".
+    Sweep none(hand_curve(), demand_table({0, 0, 0, 0, 0}), hand_settings());
+    EXPECT_EQ(none.results.Re1, "");
+    EXPECT_EQ(none.results.lastCrossing, 0);
+    EXPECT_EQ(none.at(1, kBilinearD), "");
+    EXPECT_EQ(none.at(3, kSaReDemand), "0");
+    EXPECT_EQ(none.Fg3.cell_color(5, kStep), kBlue);
+}
+
+TEST(SweepTable, AnEarlierCrossingKeepsItsMarksAndTargets) {
+    // With m beyond the curve the slope stays 0; final changes sign at rows 2 and 4.
+    SweepBoxes set = hand_settings();
+    set.T4 = "100";
+    Sweep s(capacity_table({" 1 0.6 5 1 0.5 0 0 0 1.5", " 2 0.6 5 2 0.8 0 0 0 1.5", " 3 0.6 5 3 1.0 0 0 0 1.5",
+                            " 4 0.6 5 4 1.1 0 0 0 1.5", " 5 0.6 5 5 1.15 0 0 0 1.5", " 6 0.6 5 6 1.2 0 0 0 1.5"}),
+            demand_table({0.2, 0.1, 0.5, 0.3, 0.2}), set);
+    EXPECT_EQ(s.results.lastCrossing, 4);
+    EXPECT_EQ(s.results.Re1, "5.3285");
+    EXPECT_EQ(s.at(1, kTarget), "1.5000");
+    EXPECT_EQ(s.at(2, kTarget), "3.0000");
+    EXPECT_EQ(s.at(3, kTarget), "4.5000");
+    EXPECT_EQ(s.at(4, kTarget), "6.0000");
+    for (long r = 1; r <= 4; ++r) EXPECT_EQ(s.Fg3.cell_color(r, kStep), kRed) << r;
+    EXPECT_EQ(s.Fg3.cell_color(5, kStep), kBlue);
+}
+
+TEST(SweepTable, SkipOffsetsTheCurveButNotTheDemand) {
+    SweepBoxes set = hand_settings();
+    set.T3 = "1";
+    Sweep s(hand_curve(), demand_table({0.11, 0.22, 0.33, 0.44, 0.55}), set);
+    // Row 1 is the curve's second row, but its demand is FG2 row 1.
+    EXPECT_EQ(s.at(1, kStep), "2");
+    EXPECT_EQ(s.at(1, kT), "0.4000");
+    EXPECT_EQ(s.at(1, kSdpi), "1.0000");
+    EXPECT_EQ(s.at(1, kSa), "0.1100");
+    EXPECT_EQ(s.at(4, kStep), "5");
+    EXPECT_EQ(s.at(4, kSa), "0.4400");
+    EXPECT_EQ(s.at(5, kStep), "");
+    // The slope now comes from the curve's fourth row: 1.0 / 4.
+    EXPECT_EQ(s.results.slopeK0, 0.25);
+}
+
+TEST(SweepTable, AFailureKeepsTheCellsWrittenBeforeIt) {
+    SweepBoxes set = hand_settings();
+    set.T4 = "0";
+    TextTable Fg3(1, kCount);
+    SweepResults r;
+    r.Re1 = "old";
+    EXPECT_EQ(error_of([&] { calculate(hand_curve(), demand_table({1, 1, 1, 1, 1}), set, Fg3, r); }),
+              text::kOverflow);  // 0 / 0
+    EXPECT_EQ(r.Re1, "");
+    EXPECT_EQ(Fg3.text(1, kSdpi), "0.0000");
+    EXPECT_EQ(Fg3.text(1, kA), "");
+}
+
+TEST(SweepTable, ADemandTableShorterThanTheCurveFails) {
+    TextTable Fg3(1, kCount);
+    SweepResults r;
+    EXPECT_EQ(error_of([&] { calculate(hand_curve(), demand_table({1, 1, 1}, 4), hand_settings(), Fg3, r); }),
+              text::kSubscript);
+    EXPECT_EQ(Fg3.rows(), 3);
+}
+
+TEST(SweepTable, HeaderHidesThreeColumnsAndAnotherRunStartsClean) {
+    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
+    EXPECT_EQ(s.at(0, 0), "Sort");
+    EXPECT_EQ(s.at(0, kSaReDemand), "Sa(Re)(demand)");
+    EXPECT_EQ(s.at(0, kBilinearA), "bilinear");
+    EXPECT_TRUE(s.Fg3.col_hidden(kSort));
+    EXPECT_TRUE(s.Fg3.col_hidden(kX));
+    EXPECT_TRUE(s.Fg3.col_hidden(kSaTarsim));
+    EXPECT_FALSE(s.Fg3.col_hidden(kTarget));
+    // Running again without a crossing clears the marks, targets and results.
+    calculate(hand_curve(), demand_table({0, 0, 0, 0, 0}), hand_settings(), s.Fg3, s.results);
+    EXPECT_EQ(s.at(4, kTarget), "");
+    EXPECT_EQ(s.Fg3.cell_color(4, kStep), kBlue);
+    EXPECT_EQ(s.results.Re1, "");
+}
+
+}  // namespace
+}  // namespace tv::windows
