@@ -82,7 +82,7 @@ Outcome read_peer_at2(const SourceText& source) {
             if (!b.add(field, scale)) return fail(not_a_number(static_cast<std::int64_t>(i), field, "a sample"));
     }
     if (static_cast<std::int64_t>(b.count()) != declared.points)
-        return fail(count_mismatch(declared.line, "the header (" + declared.text + ")", declared.points,
+        return fail(count_mismatch(declared.line, "NPTS", declared.points,
                                    static_cast<std::int64_t>(b.count()), ""));
 
     RecordComponent& c = b.component();
