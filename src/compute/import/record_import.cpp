@@ -85,17 +85,16 @@ RecordLayout detect_record_layout(std::string_view content) {
 }
 
 RecordImport parse_record(std::string_view content, const std::string& path) {
-    if (content.size() > kMaxRecordFileBytes) {
-        const RecordLayout layout = detect_record_layout(content);
-        if (layout == RecordLayout::plain) return RecordImport{};
-        return failed(layout, path, 0,
-                      "the file is larger than " + std::to_string(kMaxRecordFileBytes >> 20) + " MB, too large for a "
-                      "record in " + std::string(record_layout_name(layout)) + " layout");
-    }
-    const SourceText source(content);
-    const Reader* r = reader_for(source);
+    // The layout is told from the same first lines as detect_record_layout looks at.
+    const std::string_view head = detection_prefix(content);
+    const SourceText head_source(head);
+    const Reader* r = reader_for(head_source);
     if (!r) return RecordImport{};
-    Outcome outcome = r->read(source);
+    if (content.size() > kMaxRecordFileBytes)
+        return failed(r->layout, path, 0,
+                      "the file is larger than " + std::to_string(kMaxRecordFileBytes >> 20) + " MB, too large for a "
+                      "record in " + std::string(record_layout_name(r->layout)) + " layout");
+    Outcome outcome = head.size() == content.size() ? r->read(head_source) : r->read(SourceText(content));
     if (outcome.failure) return failed(r->layout, path, outcome.failure->line, std::move(outcome.failure->reason));
     if (outcome.components.empty()) return failed(r->layout, path, 0, "the file holds no component");
     RecordImport out;

@@ -74,8 +74,9 @@ struct RecordImport {
     bool ok() const { return !error; }
 };
 
-/// Larger files are refused before anything is allocated for them.
-inline constexpr std::size_t kMaxRecordFileBytes = std::size_t{64} << 20;
+/// Larger files of a recognised layout are refused (reading one holds a few times its size in
+/// memory); a larger plain file is left to the window's road. No real record comes near it.
+inline constexpr std::size_t kMaxRecordFileBytes = std::size_t{16} << 20;
 
 /// The layout of a record file from its content. Plain for one number per line (with or
 /// without header lines) and for anything no reader recognises.
