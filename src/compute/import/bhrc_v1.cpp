@@ -17,6 +17,8 @@ constexpr std::size_t kRealLines = 7;
 
 bool is_block_start(std::string_view line) { return line.substr(0, 5) == "* VOL"; }
 
+bool ends_component(std::string_view line) { return starts_with_key(line, "/&"); }
+
 // "Azimuth L 177   T 267": the angle written after the component's letter.
 std::string azimuth_of(std::string_view station, char letter) {
     const std::size_t at = upper(station).find("AZIMUTH");
@@ -39,12 +41,7 @@ bool looks_like_bhrc_v1(const SourceText& source) {
 Outcome read_bhrc_v1(const SourceText& source) {
     Outcome out;
     std::vector<std::string_view> fields;
-    std::size_t s = 1;
-    while (s <= source.size()) {
-        if (trim(source.line(s)).empty()) {
-            ++s;
-            continue;
-        }
+    for (std::size_t s = next_content_line(source, 1); s <= source.size();) {
         const auto at = [s](std::size_t k) { return static_cast<std::int64_t>(s + k); };
         if (!is_block_start(source.line(s)))
             return fail(at(0), "expected the first line of a component (\"* VOL1DS FILE: ...\")");
@@ -95,28 +92,21 @@ Outcome read_bhrc_v1(const SourceText& source) {
 
         const std::size_t data = s + kTextLines + kIntegerLines + kRealLines;
         ComponentBuilder b(source, s, data - 1, reserve_cap(static_cast<std::int64_t>(declared), source.bytes()));
-        std::size_t i = data;
-        for (; i <= source.size() && !starts_with_key(source.line(i), "/&"); ++i) {
-            split_fields(source.line(i), fields);
-            for (std::string_view f : fields)
-                if (!b.add(f, scale)) return fail(not_a_number(static_cast<std::int64_t>(i), f, "a sample"));
-        }
+        std::optional<Failure> failure;
+        const std::size_t end = b.add_lines(source, data, ends_component, scale, failure);
+        if (failure) return fail(std::move(*failure));
         if (static_cast<double>(b.count()) != declared)
             return fail(count_mismatch(static_cast<std::int64_t>(points_line), "NO. OF POINTS",
                                        static_cast<std::int64_t>(declared), static_cast<std::int64_t>(b.count()),
                                        comp));
 
-        RecordComponent& c = b.component();
         const std::string angle = comp.empty() ? std::string() : azimuth_of(station, comp[0]);
-        c.name = angle.empty() ? comp : comp + " (" + angle + "\u00B0)";
-        c.time_step = text::round15(seconds / declared);
-        c.time_step_source = "DURATION = " + std::string(*duration) + " / NO. OF POINTS = " + std::string(*points) +
-                             ", line " + std::to_string(points_line);
-        c.declared_points = static_cast<std::int64_t>(declared);
-        c.units = units;
-        c.conversion = conversion;
-        out.components.push_back(b.finish());
-        s = i + 1;
+        out.components.push_back(b.finish({angle.empty() ? comp : comp + " (" + angle + "\u00B0)",
+                                           text::round15(seconds / declared),
+                                           "DURATION = " + std::string(*duration) + " / NO. OF POINTS = " +
+                                               std::string(*points) + ", line " + std::to_string(points_line),
+                                           static_cast<std::int64_t>(declared), units, conversion}));
+        s = next_content_line(source, end + 1);
     }
     return out;
 }

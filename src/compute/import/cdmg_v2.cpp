@@ -31,12 +31,7 @@ bool looks_like_cdmg_v2(const SourceText& source) {
 Outcome read_cdmg_v2(const SourceText& source) {
     Outcome out;
     std::vector<std::string_view> fields;
-    std::size_t s = 1;
-    while (s <= source.size()) {
-        if (trim(source.line(s)).empty()) {
-            ++s;
-            continue;
-        }
+    for (std::size_t s = next_content_line(source, 1); s <= source.size();) {
         std::size_t a = s;
         while (a <= source.size() && a < s + kHeaderSearch && !is_acceleration_line(source.line(a))) ++a;
         if (a > source.size() || a == s + kHeaderSearch)
@@ -62,30 +57,22 @@ Outcome read_cdmg_v2(const SourceText& source) {
         }
 
         ComponentBuilder b(source, s, a, reserve_cap(declared, source.bytes()));
-        std::size_t i = a + 1;
-        for (; i <= source.size() && !ends_block(source.line(i)); ++i) {
-            split_fields(source.line(i), fields);
-            for (std::string_view f : fields)
-                if (!b.add(f, scale)) return fail(not_a_number(static_cast<std::int64_t>(i), f, "a sample"));
-        }
-        RecordComponent& c = b.component();
-        for (std::size_t k = s; k < a; ++k)
-            if (starts_with_key(source.line(k), "CHAN")) {
-                c.name = squeeze(source.line(k));
-                break;
-            }
+        std::optional<Failure> failure;
+        std::size_t i = b.add_lines(source, a + 1, ends_block, scale, failure);
+        if (failure) return fail(std::move(*failure));
+        std::string name;
+        for (std::size_t k = s; k < a && name.empty(); ++k)
+            if (starts_with_key(source.line(k), "CHAN")) name = squeeze(source.line(k));
         if (static_cast<std::int64_t>(b.count()) != declared)
             return fail(count_mismatch(static_cast<std::int64_t>(a), "the acceleration block", declared,
-                                       static_cast<std::int64_t>(b.count()), c.name));
-        c.time_step = text::round15(dt);
-        c.time_step_source = "EQUALLY SPACED AT " + std::string(*step) + " SEC., line " + std::to_string(a);
-        c.declared_points = declared;
-        c.units = units;
-        c.conversion = conversion;
-        out.components.push_back(b.finish());
+                                       static_cast<std::int64_t>(b.count()), name));
+        out.components.push_back(b.finish({name, text::round15(dt),
+                                           "EQUALLY SPACED AT " + std::string(*step) + " SEC., line " +
+                                               std::to_string(a),
+                                           declared, units, conversion}));
         // The velocity and displacement blocks are passed over to the channel's end.
         while (i <= source.size() && !starts_with_key(source.line(i), "/&")) ++i;
-        s = i + 1;
+        s = next_content_line(source, i + 1);
     }
     return out;
 }

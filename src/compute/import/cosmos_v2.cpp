@@ -111,12 +111,7 @@ bool looks_like_cosmos_v2(const SourceText& source) {
 Outcome read_cosmos_v2(const SourceText& source) {
     Outcome out;
     std::vector<std::string_view> fields;
-    std::size_t s = 1;
-    while (s <= source.size()) {
-        if (trim(source.line(s)).empty()) {
-            ++s;
-            continue;
-        }
+    for (std::size_t s = next_content_line(source, 1); s <= source.size();) {
         const std::optional<std::string_view> text_lines = number_after(source.line(s), "with");
         const double text_count = text_lines ? read_number(*text_lines).value_or(0.0) : 0.0;
         if (!contains(source.line(s), "(Format v") || !(text_count >= 1) || text_count > 1000)
@@ -180,18 +175,15 @@ Outcome read_cosmos_v2(const SourceText& source) {
                                          "at most " + std::to_string(format->per_line) + " values of width " +
                                              std::to_string(format->width) + " a line"));
         }
-        RecordComponent& c = b.component();
-        c.name = channel_name(source.line(s + 8), source.line(i));
+        std::string name = channel_name(source.line(s + 8), source.line(i));
         if (static_cast<std::int64_t>(b.count()) != declared)
             return fail(count_mismatch(static_cast<std::int64_t>(at), "the data block", declared,
-                                       static_cast<std::int64_t>(b.count()), c.name));
-        c.time_step = text::round15(*step_ms / 1000.0);
-        c.time_step_source = "real header value 62, " + number_text(*step_ms) + " ms, line " + std::to_string(step_line);
-        c.declared_points = declared;
-        c.units = units;
-        c.conversion = conversion;
-        out.components.push_back(b.finish());
-        s = i + 1;
+                                       static_cast<std::int64_t>(b.count()), name));
+        out.components.push_back(b.finish({std::move(name), text::round15(*step_ms / 1000.0),
+                                           "real header value 62, " + number_text(*step_ms) + " ms, line " +
+                                               std::to_string(step_line),
+                                           declared, units, conversion}));
+        s = next_content_line(source, i + 1);
     }
     return out;
 }

@@ -73,26 +73,15 @@ Outcome read_esm(const SourceText& source) {
     }
 
     ComponentBuilder b(source, 1, last, reserve_cap(declared, source.bytes()));
-    std::vector<std::string_view> fields;
-    for (std::size_t i = last + 1; i <= source.size(); ++i) {
-        split_fields(source.line(i), fields);
-        for (std::string_view f : fields)
-            if (!b.add(f, scale)) return fail(not_a_number(static_cast<std::int64_t>(i), f, "a sample"));
-    }
+    std::optional<Failure> failure;
+    b.add_lines(source, last + 1, nullptr, scale, failure);
+    if (failure) return fail(std::move(*failure));
     if (static_cast<std::int64_t>(b.count()) != declared)
         return fail(count_mismatch(static_cast<std::int64_t>(points_line), "NDATA", declared,
                                    static_cast<std::int64_t>(b.count()), ""));
-    RecordComponent& c = b.component();
-    c.name = name;
-    c.time_step = text::round15(*interval);
-    c.time_step_source = "SAMPLING_INTERVAL_S: " + std::string(value_of(source.line(interval_line))) + ", line " +
-                         std::to_string(interval_line);
-    c.declared_points = declared;
-    c.units = units;
-    c.conversion = conversion;
-    Outcome out;
-    out.components.push_back(b.finish());
-    return out;
+    return one_component(b.finish({name, text::round15(*interval),
+                                   squeeze(source.line(interval_line)) + ", line " + std::to_string(interval_line),
+                                   declared, units, conversion}));
 }
 
 }  // namespace tv::compute::import_detail

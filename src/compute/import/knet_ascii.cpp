@@ -109,17 +109,12 @@ Outcome read_knet(const SourceText& source) {
         const double gal = (static_cast<double>(count) - mean) * *numerator / *denominator;
         b.add_value(gal / kGravityGal);
     }
-    RecordComponent& c = b.component();
-    c.name = channel_name(dir);
-    c.time_step = text::round15(1.0 / frequency);
-    c.time_step_source = squeeze(source.line(frequency_line)) + ", line " + std::to_string(frequency_line);
-    c.declared_points = declared;
-    c.units = "counts";
-    c.conversion = "counts minus their mean, times " + std::string(trim(trim(source.line(scale_line)).substr(12))) +
-                   ", gal to g: divided by 980.665";
-    Outcome out;
-    out.components.push_back(b.finish());
-    return out;
+    return one_component(b.finish({channel_name(dir), text::round15(1.0 / frequency),
+                                   squeeze(source.line(frequency_line)) + ", line " + std::to_string(frequency_line),
+                                   declared, "counts",
+                                   "counts minus their mean, times " +
+                                       std::string(trim(trim(source.line(scale_line)).substr(12))) +
+                                       ", gal to g: divided by 980.665"}));
 }
 
 }  // namespace tv::compute::import_detail

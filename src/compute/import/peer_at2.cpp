@@ -75,31 +75,22 @@ Outcome read_peer_at2(const SourceText& source) {
     }
 
     ComponentBuilder b(source, 1, h.last, reserve_cap(declared.points, source.bytes()));
-    std::vector<std::string_view> fields;
-    for (std::size_t i = h.last + 1; i <= source.size(); ++i) {
-        split_fields(source.line(i), fields);
-        for (std::string_view field : fields)
-            if (!b.add(field, scale)) return fail(not_a_number(static_cast<std::int64_t>(i), field, "a sample"));
-    }
+    std::optional<Failure> failure;
+    b.add_lines(source, h.last + 1, nullptr, scale, failure);
+    if (failure) return fail(std::move(*failure));
     if (static_cast<std::int64_t>(b.count()) != declared.points)
         return fail(count_mismatch(declared.line, "NPTS", declared.points,
                                    static_cast<std::int64_t>(b.count()), ""));
 
-    RecordComponent& c = b.component();
+    std::string name;
     if (h.signature) {
         // "Tabas Iran, 9/16/1978, Ferdows, L": the component is the last item of line 2.
         const std::string_view event = source.line(2);
         const std::size_t comma = event.rfind(',');
-        if (comma != std::string_view::npos) c.name = squeeze(event.substr(comma + 1));
+        if (comma != std::string_view::npos) name = squeeze(event.substr(comma + 1));
     }
-    c.time_step = declared.time_step;
-    c.time_step_source = declared.text + ", line " + std::to_string(declared.line);
-    c.declared_points = declared.points;
-    c.units = units;
-    c.conversion = conversion;
-    Outcome out;
-    out.components.push_back(b.finish());
-    return out;
+    return one_component(b.finish({name, declared.time_step, declared.text + ", line " + std::to_string(declared.line),
+                                   declared.points, units, conversion}));
 }
 
 }  // namespace tv::compute::import_detail

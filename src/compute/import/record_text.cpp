@@ -352,6 +352,48 @@ bool ComponentBuilder::add(std::string_view number, const Scale& scale) {
     return true;
 }
 
+std::size_t ComponentBuilder::add_lines(const SourceText& source, std::size_t first, bool (*ends)(std::string_view),
+                                       const Scale& scale, std::optional<Failure>& failure, const double* null) {
+    std::vector<std::string_view> fields;
+    std::size_t i = first;
+    for (; i <= source.size() && !(ends && ends(source.line(i))); ++i) {
+        split_fields(source.line(i), fields);
+        for (std::string_view f : fields) {
+            if (null && read_number(f) == *null) {
+                failure = Failure{static_cast<std::int64_t>(i),
+                                  "a null value (" + std::string(f) + ") where a sample was expected"};
+                return i;
+            }
+            if (!add(f, scale)) {
+                failure = not_a_number(static_cast<std::int64_t>(i), f, "a sample");
+                return i;
+            }
+        }
+    }
+    return i;
+}
+
+RecordComponent ComponentBuilder::finish(ComponentFacts facts) {
+    component_.name = std::move(facts.name);
+    component_.time_step = facts.time_step;
+    component_.time_step_source = std::move(facts.time_step_source);
+    component_.declared_points = facts.declared_points;
+    component_.units = std::move(facts.units);
+    component_.conversion = std::move(facts.conversion);
+    return std::move(component_);
+}
+
+std::size_t next_content_line(const SourceText& source, std::size_t from) {
+    while (from <= source.size() && trim(source.line(from)).empty()) ++from;
+    return from;
+}
+
+Outcome one_component(RecordComponent component) {
+    Outcome out;
+    out.components.push_back(std::move(component));
+    return out;
+}
+
 void ComponentBuilder::add_value(double g) {
     std::string written = text::to_text(g);
     component_.samples.push_back(read_number(written).value_or(g));

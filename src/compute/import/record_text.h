@@ -110,6 +110,16 @@ struct Scale {
     double divisor = 1.0;  // for Kind::divide
 };
 
+/// What a reader found out about a component besides its samples.
+struct ComponentFacts {
+    std::string name;
+    double time_step = 0.0;
+    std::string time_step_source;
+    std::int64_t declared_points = -1;
+    std::string units;
+    std::string conversion;
+};
+
 /// Collects one component: its header lines, then one sample per line.
 class ComponentBuilder {
 public:
@@ -120,13 +130,23 @@ public:
     bool add(std::string_view number, const Scale& scale);
     /// Adds a sample computed in g (written with 15 significant digits).
     void add_value(double g);
+    /// Adds every field of lines `first` on, up to the first line that `ends` accepts (or the
+    /// end of the file), and gives the number of that line (size() + 1 at the end). A field
+    /// that is not a number, or that equals `*null` (a file's null marker), sets `failure`.
+    std::size_t add_lines(const SourceText& source, std::size_t first, bool (*ends)(std::string_view),
+                          const Scale& scale, std::optional<Failure>& failure, const double* null = nullptr);
     std::size_t count() const { return component_.samples.size(); }
-    RecordComponent& component() { return component_; }
-    RecordComponent finish() { return std::move(component_); }
+    RecordComponent finish(ComponentFacts facts);
 
 private:
     RecordComponent component_;
 };
+
+/// The first line at or after `from` that is not blank (size() + 1 when none).
+std::size_t next_content_line(const SourceText& source, std::size_t from);
+
+/// An outcome of one component.
+Outcome one_component(RecordComponent component);
 
 /// The failure for a count that differs from the header's.
 Failure count_mismatch(std::int64_t header_line, std::string_view what, std::int64_t declared,

@@ -163,15 +163,10 @@ Outcome read_two_column(const SourceText& source) {
         b.add(fields[1], scale);
     }
     if (b.count() < 2) return fail(static_cast<std::int64_t>(start), "expected at least two lines of time and value");
-    RecordComponent& c = b.component();
-    c.time_step = step;
-    c.time_step_source = "the time column, lines " + std::to_string(first_line) + " and " +
-                         std::to_string(second_line);
-    c.units = units;
-    c.conversion = conversion;
-    Outcome out;
-    out.components.push_back(b.finish());
-    return out;
+    return one_component(b.finish({"", step,
+                                   "the time column, lines " + std::to_string(first_line) + " and " +
+                                       std::to_string(second_line),
+                                   -1, units, conversion}));
 }
 
 }  // namespace tv::compute::import_detail

@@ -97,31 +97,18 @@ Outcome read_usgs_smc(const SourceText& source) {
     }
 
     ComponentBuilder b(source, 1, data - 1, reserve_cap(declared, source.bytes()));
-    std::vector<std::string_view> fields;
-    for (std::size_t i = data; i <= source.size(); ++i) {
-        split_fields(source.line(i), fields);
-        for (std::string_view f : fields) {
-            if (read_number(f) == real_null)
-                return fail(static_cast<std::int64_t>(i),
-                            "a null value (" + std::string(f) + ") where a sample was expected");
-            if (!b.add(f, scale)) return fail(not_a_number(static_cast<std::int64_t>(i), f, "a sample"));
-        }
-    }
+    std::optional<Failure> bad_sample;
+    b.add_lines(source, data, nullptr, scale, bad_sample, &real_null);
+    if (bad_sample) return fail(std::move(*bad_sample));
     if (static_cast<std::int64_t>(b.count()) != declared)
         return fail(count_mismatch(static_cast<std::int64_t>(points_line), "integer 17 of the header", declared,
                                    static_cast<std::int64_t>(b.count()), ""));
-    RecordComponent& c = b.component();
     const double orientation = (*integers)[kOrientationIndex].first;
-    if (orientation != int_null) c.name = number_text(orientation) + "\u00B0";
-    c.time_step = text::round15(1.0 / rate);
-    c.time_step_source = "real 2 of the header, " + number_text(rate) + " samples per second, line " +
-                         std::to_string(rate_line);
-    c.declared_points = declared;
-    c.units = "cm/s^2";
-    c.conversion = conversion;
-    Outcome out;
-    out.components.push_back(b.finish());
-    return out;
+    return one_component(b.finish({orientation != int_null ? number_text(orientation) + "\u00B0" : std::string(),
+                                   text::round15(1.0 / rate),
+                                   "real 2 of the header, " + number_text(rate) + " samples per second, line " +
+                                       std::to_string(rate_line),
+                                   declared, "cm/s^2", conversion}));
 }
 
 }  // namespace tv::compute::import_detail
