@@ -122,7 +122,8 @@ Outcome read_cosmos_v2(const SourceText& source) {
             return fail(static_cast<std::int64_t>(at), "expected \"<n> Integer-header values follow on <n> lines\"");
         at += integers->lines + 1;
         const std::optional<Announced> reals = announced(source.line(at), "Real-header values follow", true);
-        if (!reals) return fail(static_cast<std::int64_t>(at), "expected \"<n> Real-header values follow on <n> lines\"");
+        if (!reals)
+            return fail(static_cast<std::int64_t>(at), "expected \"<n> Real-header values follow on <n> lines\"");
         std::optional<double> step_ms;
         std::size_t step_line = 0, index = 0;
         for (std::size_t k = at + 1; k <= at + reals->lines; ++k) {
@@ -157,7 +158,8 @@ Outcome read_cosmos_v2(const SourceText& source) {
         if (!known)
             return fail(static_cast<std::int64_t>(at), "expected the units \"units=cm/sec2(04)\" or \"units=g(02)\"");
         const std::optional<FortranFormat> format = data_format(head);
-        if (!format) return fail(static_cast<std::int64_t>(at), "expected the data format \"Format=(<n>E<width>.<d>)\"");
+        if (!format)
+            return fail(static_cast<std::int64_t>(at), "expected the data format \"Format=(<n>E<width>.<d>)\"");
 
         ComponentBuilder b(source, s, at, reserve_cap(declared, source.bytes()));
         std::size_t i = at + 1;

@@ -300,7 +300,9 @@ std::optional<std::string_view> number_after(std::string_view line, std::string_
     return line.substr(i, length);
 }
 
-bool contains(std::string_view line, std::string_view key) { return find_in_any_case(line, key) != std::string_view::npos; }
+bool contains(std::string_view line, std::string_view key) {
+    return find_in_any_case(line, key) != std::string_view::npos;
+}
 
 bool starts_with_key(std::string_view line, std::string_view key) {
     line = trim(line);

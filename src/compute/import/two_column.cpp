@@ -19,6 +19,7 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 struct Style {
     bool decimal_comma = false;
+    bool single_decimal_comma = false;  // "0,0123" alone on its lines: one number, the window's own
 };
 
 // The fields of a line in the file's style; decimal commas become points.
@@ -63,7 +64,7 @@ Style style_of(const SourceText& source) {
             comma = comma || (line[k] == ',' && is_digit(line[k - 1]) && is_digit(line[k + 1]));
         other = other && line.find_first_of(" \t;") != std::string_view::npos;
     }
-    return Style{!point && comma && other};
+    return Style{!point && comma && other, !point && comma && !other};
 }
 
 // The first line of the data: the first line that reads as numbers.
@@ -107,6 +108,7 @@ std::string units_of(const SourceText& source, std::size_t header_last, Scale& s
 
 bool looks_like_two_column(const SourceText& source) {
     const Style style = style_of(source);
+    if (style.single_decimal_comma) return false;
     const std::size_t start = data_start(source, style);
     if (start == 0) return false;
     std::vector<std::string> scratch;
