@@ -1,21 +1,42 @@
 // Sub Main of the desktop program: the platform, the program, the project state reset and the
 // main frame shown; then the windows' events until Exit.
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QStyleFactory>
+#include <QTimer>
 
 #include "gui/platform/qt_platform.h"
 #include "gui/platform/view_registry.h"
 #include "gui/project/app_icon.h"
+#include "gui/project/command_line_files.h"
 #include "gui/views.h"
 #include "windows/program.h"
+#include "windows/project/about_window.h"
 #include "windows/project/main_frame_window.h"
 
 int main(int argc, char** argv) {
     // Fractional scale factors as the screen asks, so that text and charts stay sharp.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qapp(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("tremorvault"));
+    QApplication::setApplicationVersion(QString::fromStdString(tv::windows::version_text()));
+    // Ties the windows to the installed desktop entry (its icon in the task bar).
+    QGuiApplication::setDesktopFileName(QStringLiteral(TV_APP_ID));
     if (QStyle* fusion = QStyleFactory::create(QStringLiteral("Fusion"))) QApplication::setStyle(fusion);
     QApplication::setWindowIcon(tv::gui::app_icon());
+
+    QCommandLineParser command_line;
+    command_line.setApplicationDescription(QStringLiteral(
+        "Tremorvault, seismic assessment of buildings: earthquake records and their spectra, the\n"
+        "coefficient method and the capacity spectrum method."));
+    command_line.addHelpOption();
+    command_line.addVersionOption();
+    command_line.addPositionalArgument(
+        QStringLiteral("files"),
+        QStringLiteral("Record files opened by Project > Open/Add Record in turn: the X file of a record, then its Y file."),
+        QStringLiteral("[FILE...]"));
+    command_line.process(qapp);
+    const QStringList files = command_line.positionalArguments();
 
     tv::gui::ViewRegistry views;
     tv::gui::register_views(views);
@@ -25,10 +46,14 @@ int main(int argc, char** argv) {
         tv::windows::Program program(platform);
         program.run([&program] { tv::windows::start(program); });
         // Without its frame the program has nothing to show: the error was reported already.
-        if (platform.frame() == nullptr)
+        if (platform.frame() == nullptr) {
             status = 1;
-        else if (!program.ended())
+        } else if (!program.ended()) {
+            // Once the frame stands on the screen, so that the prompts stand over it.
+            if (!files.isEmpty())
+                QTimer::singleShot(0, &platform, [&platform, &files] { tv::gui::open_command_line_files(platform, files); });
             status = QApplication::exec();
+        }
         platform.release_views();
     }
     return status;

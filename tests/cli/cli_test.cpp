@@ -1,4 +1,5 @@
-// The batch front end: its command line, exit statuses, file failures and the spectra command's record steps.
+// The batch front end: its command line, exit statuses, file failures, the spectra command's record steps
+// and its manual page.
 #include <gtest/gtest.h>
 
 #include <unistd.h>
@@ -6,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 
 #include "cli_run.h"
 #include "support/fake_platform.h"
@@ -166,6 +168,30 @@ TEST(CliTest, SpectraOptionsReachTheirWindows) {
     EXPECT_EQ(a.status, 0) << a.err;
     EXPECT_NE(a.out.find("scale factor: "), std::string::npos);
     EXPECT_EQ(a.out, b.out);
+}
+
+// The manual page is made from the help at build time: it must hold every command and option.
+TEST(CliTest, ManualPageHoldsEveryCommandAndOption) {
+    std::ifstream in(TV_BINARY_DIR "/packaging/tremorvault-cli.1");
+    ASSERT_TRUE(in) << "manual page not built";
+    const std::string page{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    auto roff = [](std::string s) {
+        for (std::size_t i = 0; (i = s.find('-', i)) != std::string::npos; i += 2) s.insert(i, "\\");
+        return s;
+    };
+    const std::string version = run_cli({"--version"}).out;
+    EXPECT_NE(page.find('"' + version.substr(0, version.find('\n')) + '"'), std::string::npos);  // in its title line
+    const std::string usage = run_cli({"--help"}).out;
+    const std::regex command("\n  ([a-z]+)  "), option("--[a-z0-9-]+");
+    int commands = 0;
+    for (std::sregex_iterator c(usage.begin(), usage.end(), command), end; c != end; ++c, ++commands) {
+        const std::string name = (*c)[1];
+        EXPECT_NE(page.find(".SS " + name + "\n"), std::string::npos) << name;
+        const std::string help = run_cli({name, "--help"}).out;
+        for (std::sregex_iterator o(help.begin(), help.end(), option); o != end; ++o)
+            EXPECT_NE(page.find(roff(o->str())), std::string::npos) << name << ' ' << o->str();
+    }
+    EXPECT_GT(commands, 0);
 }
 
 }  // namespace

@@ -164,7 +164,9 @@ public:
         inputs.pop_front();
         return a;
     }
-    std::optional<std::string> file_dialog(const forms::FileDialogRequest&) override {
+    std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override {
+        // A file named on the command line answers as it does on the real platform.
+        if (open_answer_pending()) return gui::QtPlatform::file_dialog(request);
         if (files.empty()) return std::nullopt;
         auto a = files.front();
         files.pop_front();

@@ -23,6 +23,7 @@
 #include "gui/bind/picture_view.h"
 #include "gui/platform/twips.h"
 #include "gui/platform/view_registry.h"
+#include "gui/project/command_line_files.h"
 #include "gui/views.h"
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
@@ -196,6 +197,43 @@ TEST_F(ScriptedRun, ClosingForm1EndsTheRecordRoad) {
     EXPECT_EQ(program.state.componentLetter, "X");
     EXPECT_TRUE(platform.mdi_area()->subWindowList().isEmpty() ||
                 !platform.mdi_area()->subWindowList().front()->isVisible());
+}
+
+TEST_F(ScriptedRun, FilesOnTheCommandLineGoTheOpenAddRecordRoad) {
+    const QString samples = QStringLiteral(TV_SOURCE_DIR "/samples/");
+    platform.inputs = {"1", "5"};
+    open_command_line_files(platform, {samples + "synthetic_X.txt", samples + "synthetic_Y.txt"});
+    EXPECT_EQ(platform.prompts,
+              (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
+    EXPECT_FALSE(platform.open_answer_pending());
+    windows::Form1* f1 = program.if_loaded<windows::Form1>();
+    ASSERT_NE(f1, nullptr);
+    // Four header lines and 2000 samples in each file, under the heading row.
+    EXPECT_EQ(f1->Grid1.rows(), 2005);
+    EXPECT_EQ(f1->Grid2.rows(), 2005);
+    EXPECT_EQ(in_form1<QLineEdit>("Xfline")->text(), "5");
+    EXPECT_EQ(in_form1<QLineEdit>("Text2")->text(), "0.3");
+    auto* dt = in_form1<QLineEdit>("xstep");
+    dt->selectAll();
+    QTest::keyClicks(dt, "0.01");
+    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(platform.messages.empty());
+    // The picture of the installed program's metainfo: the frame around the record window.
+    const QRect window = platform.window_of(*f1)->geometry();
+    QMdiArea* area = platform.mdi_area();
+    frame->resize(frame->width() - area->width() + window.right() + 1,
+                  frame->height() - area->height() + window.bottom() + 1);
+    test::save_shot(*frame, "command_line_record");
+}
+
+TEST_F(ScriptedRun, ACancelledPromptDropsTheCommandLineFiles) {
+    platform.files = {x_file};
+    open_command_line_files(platform, {QString::fromStdString(x_file), QString::fromStdString(y_file)});
+    EXPECT_EQ(platform.prompts.size(), 2u);
+    EXPECT_FALSE(program.is_loaded<windows::Form1>());
+    EXPECT_FALSE(platform.open_answer_pending());
+    EXPECT_EQ(platform.files.size(), 1u);  // no dialog was asked for
 }
 
 TEST_F(ScriptedRun, AboutWaitsUntilItIsClosed) {

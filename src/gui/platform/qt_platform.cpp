@@ -143,6 +143,12 @@ std::optional<std::string> QtPlatform::input_box(const std::string& prompt, cons
 }
 
 std::optional<std::string> QtPlatform::file_dialog(const forms::FileDialogRequest& request) {
+    if (!request.save && next_open_) {
+        const QFileInfo given(qs(*next_open_));
+        next_open_.reset();
+        last_dir_ = given.absolutePath();
+        return QDir::toNativeSeparators(given.absoluteFilePath()).toStdString();
+    }
     const QString filter = dialog_filter(request.filter, request.file_name);
     // The next dialog opens where the last one was left.
     QString start = last_dir_.isEmpty() ? QDir::currentPath() : last_dir_;

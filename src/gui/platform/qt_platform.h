@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/platform.h"
@@ -64,6 +65,11 @@ public:
     /// Views go before the windows they show: call before the App is destroyed.
     void release_views();
 
+    /// The next open dialog is not shown: `path` is its answer, as for a file named on the
+    /// command line. Cleared once used; nullopt clears it unused.
+    void answer_next_open(std::optional<std::string> path) { next_open_ = std::move(path); }
+    bool open_answer_pending() const { return next_open_.has_value(); }
+
     /// The box message_box shows, built but not run.
     static std::unique_ptr<QMessageBox> make_message_box(const std::string& text, forms::MsgButtons buttons,
                                                          const std::string& title, forms::MsgIcon icon,
@@ -95,6 +101,7 @@ private:
     bool busy_ = false;
     bool ended_ = false;
     QString last_dir_;
+    std::optional<std::string> next_open_;
 };
 
 }  // namespace tv::gui

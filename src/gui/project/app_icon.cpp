@@ -7,13 +7,8 @@
 
 namespace tv::gui {
 
-namespace {
-
 // A record trace on a rounded tile: a few cycles growing and dying away.
-QPixmap tile(int size) {
-    QPixmap pm(size, size);
-    pm.fill(Qt::transparent);
-    QPainter p(&pm);
+void paint_app_icon(QPainter& p, int size) {
     p.setRenderHint(QPainter::Antialiasing);
     const QRectF r(0.5, 0.5, size - 1.0, size - 1.0);
     QLinearGradient g(r.topLeft(), r.bottomLeft());
@@ -40,6 +35,15 @@ QPixmap tile(int size) {
     p.drawPath(trace);
     p.setPen(QPen(QColor(255, 255, 255, 150), std::max(1.0, size / 48.0)));
     p.drawLine(QPointF(left, mid), QPointF(right, mid));
+}
+
+namespace {
+
+QPixmap tile(int size) {
+    QPixmap pm(size, size);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    paint_app_icon(p, size);
     return pm;
 }
 
