@@ -28,8 +28,8 @@
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/grid_table_model.h"
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/twips.h"
 
 namespace tv::gui::bind {
 
@@ -64,23 +64,6 @@ struct Guard {
 };
 
 QString qs(const std::string& s) { return QString::fromStdString(s); }
-
-int old_button(Qt::MouseButton b) {
-    switch (b) {
-        case Qt::LeftButton: return 1;
-        case Qt::RightButton: return 2;
-        case Qt::MiddleButton: return 4;
-        default: return 0;
-    }
-}
-
-int old_shift(Qt::KeyboardModifiers m) {
-    int r = 0;
-    if (m & Qt::ShiftModifier) r |= 1;
-    if (m & Qt::ControlModifier) r |= 2;
-    if (m & Qt::AltModifier) r |= 4;
-    return r;
-}
 
 template <class W>
 W* find_named(QWidget& view, const QString& name) {
@@ -519,10 +502,9 @@ void Binder::flush_grid(Binding& b) {
     if (b.widths_due) {
         b.widths_due = false;
         QHeaderView* h = tv->horizontalHeader();
-        const double dpi = logical_dpi(tv);
         for (int tc = 0; tc < b.table->columnCount(); ++tc) {
             const int w = grid.col_width(b.table->grid_col(tc));
-            if (w >= 0) h->resizeSection(tc, static_cast<int>(std::lround(twips_to_px(w, dpi))));
+            if (w >= 0) h->resizeSection(tc, twips_to_px(w, tv));
         }
     }
     if (grid.selected_rows() != b.shown_selection) {
