@@ -108,16 +108,9 @@ public:
     /// Writes the time strip and the value strip from the plot's present scale.
     void drawAxes();
 
-    /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
-    void slider_changed();
-
-    /// HScroll1 Change and Scroll: the plot slides to -100 x value twips; the axes follow, then
-    /// the options' scrolled.
-    void scroll();
-
-    /// picNemodar MouseMove: the cross-hair and the read-out, under a trap that ignores every
-    /// failure. value_at gives the array's value at a rounded index and may raise; the value
-    /// then stays at the last one read.
+    /// The cross-hair and the read-out that picNemodar MouseMove shows, under a trap that
+    /// ignores every failure. value_at gives the array's value at a rounded index and may raise;
+    /// the value then stays at the last one read.
     void mouse_move(double x, double y, const std::function<double(long index)>& value_at);
 
     /// Half height r of the present value range.
@@ -127,6 +120,11 @@ public:
     const ChartOptions& options() const { return options_; }
 
 private:
+    /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
+    void slider_changed();
+    /// HScroll1 Change and Scroll: the plot slides to -100 x value twips; the axes follow, then
+    /// the options' scrolled.
+    void scroll();
     void draw_curve(const text::DoubleArray& values, long upper, double k, int colour);
 
     ChartOptions options_;
