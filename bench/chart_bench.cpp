@@ -5,11 +5,10 @@
 
 #include <cmath>
 #include <cstdint>
-#include <optional>
-#include <string>
 #include <vector>
 
-#include "forms/platform.h"
+#include "forms/quiet_platform.h"
+#include "ground_motion.h"
 #include "text/number_text.h"
 #include "windows/program.h"
 #include "windows/project/record_input_window.h"
@@ -26,29 +25,6 @@ namespace {
 
 using namespace tv;
 
-// Nothing to show: the chart only draws into its picture models.
-class QuietPlatform : public forms::Platform {
-public:
-    forms::MsgResult message_box(const std::string&, forms::MsgButtons, const std::string&, forms::MsgIcon) override {
-        return forms::MsgResult::Ok;
-    }
-    std::optional<std::string> input_box(const std::string&, const std::string&, const std::string&) override {
-        return std::nullopt;
-    }
-    std::optional<std::string> file_dialog(const forms::FileDialogRequest&) override { return std::nullopt; }
-    void set_clipboard_text(const std::string&) override {}
-    std::vector<std::string> printers() override { return {}; }
-    std::string current_printer() override { return {}; }
-    bool print(const forms::PrintJob&) override { return false; }
-    void set_busy(bool) override {}
-    void do_events() override {}
-    void show_form(forms::Form&, bool) override {}
-    void hide_form(forms::Form&) override {}
-    void unload_form(forms::Form&) override {}
-    void end_program() override {}
-    void report_runtime_error(int, const std::string&) override {}
-};
-
 constexpr long kSamples = 20000;
 constexpr long kFirstLine = 5;
 constexpr int kSlider = 10;
@@ -56,7 +32,8 @@ constexpr int kSlider = 10;
 // Form1 after Show Diagram of a ground-motion-like record (100 s at dt 0.005), samples kept to
 // 15 digits as the tables hold them; the slider stands at 10.
 struct RecordChart {
-    QuietPlatform platform;
+    // Nothing to show: the chart only draws into its picture models.
+    forms::QuietPlatform platform;
     windows::Program program{platform};
     windows::Form1& f = program.form<windows::Form1>();
 
@@ -66,14 +43,10 @@ struct RecordChart {
         s.currentRecord = 1;
         const long last = kSamples + kFirstLine - 1;
         for (char c : {'X', 'Y'}) s.accel(1, c).redim(last);
-        std::uint32_t seed = 2800u;
+        bench::GroundMotion motion(10.0, 2800u);
         double peak = 0;
         for (long i = kFirstLine; i <= last; ++i) {
-            const double t = static_cast<double>(i - kFirstLine) * 0.005;
-            seed = seed * 1664525u + 1013904223u;
-            const double noise = (static_cast<double>(seed >> 8) / 16777216.0 - 0.5) * 0.05;
-            const double envelope = (t / 10.0) * std::exp(1.0 - t / 10.0);
-            const double x = envelope * (0.3 * std::sin(2 * M_PI * 1.1 * t) + 0.2 * std::sin(2 * M_PI * 2.7 * t) + noise);
+            const double x = motion(static_cast<double>(i - kFirstLine) * 0.005);
             s.accelX1(i) = text::val(text::to_text(x));
             s.accelY1(i) = text::val(text::to_text(0.8 * x));
             peak = std::max(peak, std::fabs(s.accelX1(i)));

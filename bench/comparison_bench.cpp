@@ -16,6 +16,7 @@
 #include "compute/spectra/comparison.h"
 #include "compute/spectra/design_spectrum.h"
 #include "compute/spectra/response_integrator.h"
+#include "ground_motion.h"
 #include "text/number_text.h"
 
 namespace {
@@ -24,14 +25,8 @@ using tv::text::DoubleArray;
 
 DoubleArray comparison_record(int samples, double dt, std::uint32_t seed) {
     DoubleArray a(samples);
-    std::uint32_t state = seed;
-    for (int i = 1; i <= samples; ++i) {
-        const double t = (i - 1) * dt;
-        state = state * 1664525u + 1013904223u;
-        const double noise = (static_cast<double>(state >> 8) / 16777216.0 - 0.5) * 0.05;
-        const double envelope = (t / 5.0) * std::exp(1.0 - t / 5.0);
-        a(i) = envelope * (0.3 * std::sin(2 * M_PI * 1.1 * t) + 0.2 * std::sin(2 * M_PI * 2.7 * t + 0.4) + noise);
-    }
+    tv::bench::GroundMotion motion(5.0, seed);
+    for (int i = 1; i <= samples; ++i) a(i) = motion((i - 1) * dt);
     return a;
 }
 

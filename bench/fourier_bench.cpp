@@ -8,6 +8,7 @@
 #include "compute/fourier/fast_round15.h"
 #include "compute/fourier/fourier_kernel.h"
 #include "compute/fourier/fourier_sum.h"
+#include "ground_motion.h"
 #include "text/number_text.h"
 
 namespace {
@@ -15,20 +16,14 @@ namespace {
 using tv::compute::FourierPeak;
 using tv::compute::FourierSamples;
 
-// A ground-motion-like record in g at dt 0.005 (100 s): a few sines under a rise-and-decay
-// envelope plus noise, each sample kept to 15 digits as the record table holds it.
+// The synthetic record at dt 0.005 (100 s), each sample kept to 15 digits as the record table
+// holds it.
 FourierSamples synthetic_record(int samples, double dt) {
     FourierSamples s;
-    std::uint32_t state = 2800u;
+    tv::bench::GroundMotion motion(10.0, 2800u);
     for (int j = 5; j < samples + 5; ++j) {
-        const double t = j * dt;
-        state = state * 1664525u + 1013904223u;
-        const double noise = (static_cast<double>(state >> 8) / 16777216.0 - 0.5) * 0.05;
-        const double envelope = (t / 10.0) * std::exp(1.0 - t / 10.0);
-        const double motion = 0.3 * std::sin(2 * M_PI * 1.1 * t) + 0.2 * std::sin(2 * M_PI * 2.7 * t + 0.4) +
-                              0.1 * std::sin(2 * M_PI * 6.3 * t + 1.3) + 0.05 * std::sin(2 * M_PI * 0.4 * t);
         s.j.push_back(j);
-        s.x.push_back(tv::text::round15(envelope * (motion + noise)));
+        s.x.push_back(tv::text::round15(motion(j * dt)));
     }
     return s;
 }

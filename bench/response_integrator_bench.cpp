@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "compute/spectra/response_integrator.h"
+#include "ground_motion.h"
 
 namespace {
 
@@ -13,20 +14,10 @@ using tv::compute::PeriodGrid;
 using tv::compute::RecordSpectra;
 using tv::text::DoubleArray;
 
-// A ground-motion-like history: a few sines under a rise-and-decay envelope plus noise, so that
-// no oscillator sits at rest and no value underflows.
 DoubleArray synthetic_record(int samples, double dt, std::uint32_t seed) {
     DoubleArray a(samples);
-    std::uint32_t state = seed;
-    for (int i = 1; i <= samples; ++i) {
-        const double t = (i - 1) * dt;
-        state = state * 1664525u + 1013904223u;
-        const double noise = (static_cast<double>(state >> 8) / 16777216.0 - 0.5) * 0.05;
-        const double envelope = (t / 5.0) * std::exp(1.0 - t / 5.0);
-        const double motion = 0.3 * std::sin(2 * M_PI * 1.1 * t) + 0.2 * std::sin(2 * M_PI * 2.7 * t + 0.4) +
-                              0.1 * std::sin(2 * M_PI * 6.3 * t + 1.3) + 0.05 * std::sin(2 * M_PI * 0.4 * t);
-        a(i) = envelope * (motion + noise);
-    }
+    tv::bench::GroundMotion motion(5.0, seed);
+    for (int i = 1; i <= samples; ++i) a(i) = motion((i - 1) * dt);
     return a;
 }
 

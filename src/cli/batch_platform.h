@@ -7,11 +7,11 @@
 #include <optional>
 #include <string>
 
-#include "forms/platform.h"
+#include "forms/quiet_platform.h"
 
 namespace tv::cli {
 
-class BatchPlatform : public forms::Platform {
+class BatchPlatform : public forms::QuietPlatform {
 public:
     explicit BatchPlatform(std::ostream& err) : err_(err) {}
 
@@ -32,15 +32,6 @@ public:
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
-    std::vector<std::string> printers() override { return {}; }
-    std::string current_printer() override { return {}; }
-    bool print(const forms::PrintJob&) override { return false; }
-    void set_busy(bool) override {}
-    void do_events() override {}
-    void show_form(forms::Form&, bool) override {}
-    void hide_form(forms::Form&) override {}
-    void unload_form(forms::Form&) override {}
-    void end_program() override {}
     void action_goes_on() override { failed = false; }
     void report_runtime_error(int number, const std::string& description) override;
     void report_file_error(int number, const std::string& description, const std::string& path,

@@ -143,20 +143,16 @@ void HScrollBar::set_min(int m) {
     notify();
 }
 
-void HScrollBar::set_value(int v) {
-    v = std::clamp(v, std::min(min_, max_), std::max(min_, max_));
-    if (v == value_) return;
-    value_ = v;
-    notify();
-    if (Change) Change();
-}
+void HScrollBar::set_value(int v) { move_to(v, Change); }
 
-void HScrollBar::user_scroll(int v) {
+void HScrollBar::user_scroll(int v) { move_to(v, Scroll); }
+
+void HScrollBar::move_to(int v, const Event& event) {
     v = std::clamp(v, std::min(min_, max_), std::max(min_, max_));
     if (v == value_) return;
     value_ = v;
     notify();
-    if (Scroll) Scroll();
+    if (event) event();
 }
 
 void ProgressBar::set_max(float m) {

@@ -151,6 +151,8 @@ public:
     Event Scroll;
 
 private:
+    void move_to(int v, const Event& event);
+
     int min_ = 0, max_ = 32767, value_ = 0;
 };
 

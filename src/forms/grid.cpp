@@ -14,9 +14,21 @@ Grid::Grid(Form& f, std::string name, int rows, int cols, Control* container)
     row_ = rows_ > 1 ? 1 : 0;  // the first row under the heading
 }
 
+namespace {
+
+// An index of 0 to n - 1 as a position; any other raises.
+std::size_t checked(int i, int n) {
+    if (i < 0 || i >= n) raise(kSubscript);
+    return static_cast<std::size_t>(i);
+}
+
+}  // namespace
+
+std::size_t Grid::row_index(int row) const { return checked(row, rows_); }
+std::size_t Grid::col_index(int col) const { return checked(col, cols_); }
+
 std::size_t Grid::at(int row, int col) const {
-    if (row < 0 || row >= rows_ || col < 0 || col >= cols_) raise(kSubscript);
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
+    return row_index(row) * static_cast<std::size_t>(cols_) + col_index(col);
 }
 
 void Grid::set_rows(int n) {
@@ -65,47 +77,40 @@ void Grid::clear() {
 }
 
 int Grid::col_width(int col) const {
-    if (col < 0 || col >= cols_) raise(kSubscript);
-    return col_width_[static_cast<std::size_t>(col)];
+    return col_width_[col_index(col)];
 }
 
 void Grid::set_col_width(int col, int twips) {
-    if (col < 0 || col >= cols_) raise(kSubscript);
-    col_width_[static_cast<std::size_t>(col)] = twips;
+    col_width_[col_index(col)] = twips;
     touch_layout();
 }
 
 int Grid::col_alignment(int col) const {
-    if (col < 0 || col >= cols_) raise(kSubscript);
-    return col_align_[static_cast<std::size_t>(col)];
+    return col_align_[col_index(col)];
 }
 
 void Grid::set_col_alignment(int col, int code) {
-    if (col < 0 || col >= cols_) raise(kSubscript);
-    col_align_[static_cast<std::size_t>(col)] = code;
+    col_align_[col_index(col)] = code;
     notify_if_redraw();
 }
 
 bool Grid::row_hidden(int row) const {
-    if (row < 0 || row >= rows_) raise(kSubscript);
-    return row_hidden_[static_cast<std::size_t>(row)] != 0;
+    return row_hidden_[row_index(row)] != 0;
 }
 
 void Grid::set_row_hidden(int row, bool hidden) {
-    if (row < 0 || row >= rows_) raise(kSubscript);
-    if ((row_hidden_[static_cast<std::size_t>(row)] != 0) == hidden) return;
-    row_hidden_[static_cast<std::size_t>(row)] = hidden ? 1 : 0;
+    const std::size_t i = row_index(row);
+    if ((row_hidden_[i] != 0) == hidden) return;
+    row_hidden_[i] = hidden ? 1 : 0;
     touch_layout();
 }
 
 bool Grid::col_hidden(int col) const {
-    if (col < 0 || col >= cols_) raise(kSubscript);
-    return col_hidden_[static_cast<std::size_t>(col)] != 0;
+    return col_hidden_[col_index(col)] != 0;
 }
 
 void Grid::set_col_hidden(int col, bool hidden) {
-    if (col < 0 || col >= cols_) raise(kSubscript);
-    col_hidden_[static_cast<std::size_t>(col)] = hidden ? 1 : 0;
+    col_hidden_[col_index(col)] = hidden ? 1 : 0;
     touch_layout();
 }
 
@@ -122,7 +127,7 @@ void Grid::set_cell_back_color(int row, int col, int color) {
 }
 
 void Grid::set_row(int r) {
-    if (r < 0 || r >= rows_) raise(kSubscript);
+    row_index(r);
     if (r == row_) return;
     row_ = r;
     notify_if_redraw();
@@ -130,7 +135,7 @@ void Grid::set_row(int r) {
 }
 
 void Grid::set_col(int c) {
-    if (c < 0 || c >= cols_) raise(kSubscript);
+    col_index(c);
     if (c == col_) return;
     col_ = c;
     notify_if_redraw();

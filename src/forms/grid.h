@@ -67,6 +67,9 @@ public:
     std::uint64_t layout_revision() const { return layout_revision_; }
 
 private:
+    /// Positions of a row, a column, a cell; outside the grid raises Subscript out of range.
+    std::size_t row_index(int row) const;
+    std::size_t col_index(int col) const;
     std::size_t at(int row, int col) const;
     void notify_if_redraw() const {
         if (redraw_) notify();

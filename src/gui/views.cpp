@@ -1,6 +1,5 @@
 #include "gui/views.h"
 
-#include "gui/bind/auto_view.h"
 #include "gui/platform/view_registry.h"
 #include "gui/project/about_view.h"
 #include "gui/project/inputs_view.h"
@@ -22,7 +21,6 @@ void register_views(ViewRegistry& registry) {
     register_fourier_views(registry);
     register_coefficient_views(registry);
     register_capacity_views(registry);
-    registry.set_fallback(&make_auto_view);
 }
 
 }  // namespace tv::gui

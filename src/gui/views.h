@@ -4,7 +4,7 @@ namespace tv::gui {
 
 class ViewRegistry;
 
-/// Registers every window's own view, and the plain view for windows that have none yet.
+/// Registers the view of every window.
 void register_views(ViewRegistry& registry);
 
 // Each area registers the views of its windows.

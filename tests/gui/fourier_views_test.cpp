@@ -29,8 +29,8 @@
 #include <memory>
 
 #include "gui/bind/binder.h"
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/twips.h"
 #include "gui/platform/view_registry.h"
 #include "gui/views.h"
 #include "gui_fixture.h"

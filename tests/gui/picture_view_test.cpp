@@ -11,7 +11,7 @@
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/binder.h"
-#include "gui/platform/twips.h"
+#include "gui/bind/old_units.h"
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
 

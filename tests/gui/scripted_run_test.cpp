@@ -20,8 +20,8 @@
 #include <QTimer>
 #include <cmath>
 
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/twips.h"
 #include "gui/platform/view_registry.h"
 #include "gui/project/command_line_files.h"
 #include "gui/views.h"

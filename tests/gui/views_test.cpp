@@ -121,7 +121,7 @@ TEST_F(ViewsTest, RecordInput) {
     test::save_shot(w, "Form1_empty");
 }
 
-// Windows further down the roads: a view of their own or the plain one, every control bound.
+// Windows further down the roads: a view of their own, every control bound.
 TEST_F(ViewsTest, LaterWindowsHaveAView) {
     {
         auto& f2 = program.form<windows::Form2>();
@@ -135,24 +135,6 @@ TEST_F(ViewsTest, LaterWindowsHaveAView) {
         expect_all_bound(f6);
         test::save_shot(w, "Form6");
     }
-}
-
-TEST_F(ViewsTest, WindowsWithoutTheirOwnViewGetAPlainOne) {
-    class Sketch : public forms::Form {
-    public:
-        explicit Sketch(forms::App& a) : forms::Form(a, "Sketch", "Sketch") {}
-        forms::TextBox& Text1 = text_box("Text1", "1");
-        forms::Frame& Frame1 = frame("Frame1", "Frame");
-        forms::OptionButton& Option1 = option("Option1", "A", &Frame1);
-        forms::Grid& Fg = grid("Fg", 3, 2);
-        forms::PictureBox& outer = picture("outer", 3000, 1500);
-        forms::PictureBox& inner = picture("inner", 6000, 1500, &outer);
-        forms::LineShape& Line1 = line_shape("Line1", &inner);
-    };
-    auto& sketch = program.form<Sketch>();
-    view.reset(views.create(sketch, program));
-    ASSERT_NE(view, nullptr);
-    expect_all_bound(sketch);
 }
 
 }  // namespace

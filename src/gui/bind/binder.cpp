@@ -22,12 +22,14 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <type_traits>
 
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/grid_table_model.h"
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/twips.h"
 
 namespace tv::gui::bind {
 
@@ -62,23 +64,6 @@ struct Guard {
 };
 
 QString qs(const std::string& s) { return QString::fromStdString(s); }
-
-int old_button(Qt::MouseButton b) {
-    switch (b) {
-        case Qt::LeftButton: return 1;
-        case Qt::RightButton: return 2;
-        case Qt::MiddleButton: return 4;
-        default: return 0;
-    }
-}
-
-int old_shift(Qt::KeyboardModifiers m) {
-    int r = 0;
-    if (m & Qt::ShiftModifier) r |= 1;
-    if (m & Qt::ControlModifier) r |= 2;
-    if (m & Qt::AltModifier) r |= 4;
-    return r;
-}
 
 template <class W>
 W* find_named(QWidget& view, const QString& name) {
@@ -204,269 +189,251 @@ void Binder::flush() {
         if (b->table && b->dirty) flush_grid(*b);
 }
 
+// How each kind of control meets its widget: the widget class looked for under the control's
+// name, how the model is shown on it, and which signals are the user's.
+struct Binder::Kinds {
+    using Bind = void (*)(Binder&, Binding&);
+
+    /// Finds the widget W of the control's name and shows the control C on it with `show`;
+    /// null when the view has none.
+    template <class W, class C, class Show>
+    static W* show(Binder& self, Binding& b, Show show) {
+        W* w = find_named<W>(*self.view_, qs(b.control->name()));
+        if (w == nullptr) return nullptr;
+        b.target = w;
+        auto& c = static_cast<C&>(*b.control);
+        b.push = [w, &c, show] { show(*w, c); };
+        return w;
+    }
+
+    /// A user event: `signal` of `w`, unless the model is being shown, runs `act(control,
+    /// signal arguments...)` through the dispatcher.
+    template <class C, class W, class Sender, class... Args, class Act>
+    static void listen(Binder& self, Binding& b, W* w, void (Sender::*signal)(Args...), Act act) {
+        Binder* s = &self;
+        Binding* bp = &b;
+        auto& c = static_cast<C&>(*b.control);
+        QObject::connect(w, signal, s, [s, bp, &c, act](std::decay_t<Args>... args) {
+            if (s->pushing_ || !s->attached_) return;
+            s->dispatch(*bp, [&] { act(c, args...); });
+        });
+    }
+
+    static void text_box(Binder& self, Binding& b) {
+        using C = forms::TextBox;
+        if (auto* le = show<QLineEdit, C>(self, b, [](QLineEdit& w, C& c) {
+                const QString t = qs(c.text());
+                if (w.text() != t) w.setText(t);
+                w.setReadOnly(c.locked);
+            })) {
+            listen<C>(self, b, le, &QLineEdit::textEdited, [](C& c, const QString& t) { c.set_text(t.toStdString()); });
+        } else if (auto* pe = show<QPlainTextEdit, C>(self, b, [](QPlainTextEdit& w, C& c) {
+                       const QString t = qs(c.text());
+                       if (w.toPlainText() != t) w.setPlainText(t);
+                       w.setReadOnly(c.locked);
+                   })) {
+            listen<C>(self, b, pe, &QPlainTextEdit::textChanged,
+                      [pe](C& c) { c.set_text(pe->toPlainText().toStdString()); });
+        }
+    }
+
+    static void label(Binder& self, Binding& b) {
+        using C = forms::Label;
+        if (auto* ql = show<QLabel, C>(self, b, [](QLabel& w, C& c) {
+                const QString t = qs(c.caption());
+                if (w.text() != t) w.setText(t);
+            })) {
+            ql->setTextFormat(Qt::PlainText);
+            ql->installEventFilter(&self);  // a label's click arrives as a release
+        }
+    }
+
+    static void check_box(Binder& self, Binding& b) {
+        using C = forms::CheckBox;
+        if (auto* cb = show<QCheckBox, C>(self, b, [](QCheckBox& w, C& c) {
+                w.setText(qs(c.caption()));
+                w.setCheckState(c.value() == 1 ? Qt::Checked : c.value() == 2 ? Qt::PartiallyChecked : Qt::Unchecked);
+            }))
+            listen<C>(self, b, cb, &QCheckBox::clicked, [](C& c, bool) { c.user_click(); });
+    }
+
+    static void option(Binder& self, Binding& b) {
+        using C = forms::OptionButton;
+        if (auto* rb = show<QRadioButton, C>(self, b, [](QRadioButton& w, C& c) {
+                w.setText(qs(c.caption()));
+                w.setChecked(c.value());
+            })) {
+            // The model clears the other options of the container.
+            rb->setAutoExclusive(false);
+            listen<C>(self, b, rb, &QRadioButton::clicked, [](C& c, bool) { c.user_click(); });
+        }
+    }
+
+    static void button(Binder& self, Binding& b) {
+        using C = forms::CommandButton;
+        if (auto* pb = show<QAbstractButton, C>(self, b, [](QAbstractButton& w, C& c) {
+                const QString t = qs(c.caption());
+                if (w.text() != t) w.setText(t);
+            }))
+            listen<C>(self, b, pb, &QAbstractButton::clicked, [](C& c, bool) { c.press(); });
+    }
+
+    static void combo(Binder& self, Binding& b) {
+        using C = forms::ComboBox;
+        auto* cb = show<QComboBox, C>(self, b, [](QComboBox& w, C& c) {
+            QStringList items;
+            for (const auto& i : c.items()) items << qs(i);
+            bool same = w.count() == items.size();
+            for (int i = 0; same && i < w.count(); ++i) same = w.itemText(i) == items[i];
+            if (!same) {
+                w.clear();
+                w.addItems(items);
+            }
+            if (w.currentIndex() != c.list_index()) w.setCurrentIndex(c.list_index());
+            if (w.isEditable() && w.currentText() != qs(c.text())) w.setEditText(qs(c.text()));
+        });
+        if (cb == nullptr) return;
+        listen<C>(self, b, cb, &QComboBox::activated, [](C& c, int i) { c.set_list_index(i); });
+        // Only an editable box has a line to type in, and only it sends edited text.
+        listen<C>(self, b, cb, &QComboBox::editTextChanged, [](C& c, const QString& t) {
+            const std::string text = t.toStdString();
+            if (c.text() != text) c.set_text(text);
+        });
+    }
+
+    static void frame(Binder& self, Binding& b) {
+        using C = forms::Frame;
+        if (show<QGroupBox, C>(self, b, [](QGroupBox& w, C& c) {
+                const QString t = qs(c.caption());
+                if (w.title() != t) w.setTitle(t);
+            }) == nullptr)
+            show<QWidget, C>(self, b, [](QWidget&, C&) {});  // a frame without a caption
+    }
+
+    static void grid(Binder& self, Binding& b) {
+        if (auto* tv = find_named<QTableView>(*self.view_, qs(b.control->name()))) {
+            b.target = tv;
+            self.bind_grid(b);
+        }
+    }
+
+    static void slider(Binder& self, Binding& b) {
+        using C = forms::Slider;
+        if (auto* sl = show<QSlider, C>(self, b, [](QSlider& w, C& c) {
+                w.setRange(c.min(), c.max());
+                w.setValue(c.value());
+            }))
+            listen<C>(self, b, sl, &QSlider::valueChanged, [](C& c, int v) { c.set_value(v); });
+    }
+
+    static void scroll_bar(Binder& self, Binding& b) {
+        using C = forms::HScrollBar;
+        if (auto* sb = show<QScrollBar, C>(self, b, [](QScrollBar& w, C& c) {
+                w.setInvertedAppearance(c.min() > c.max());
+                w.setRange(std::min(c.min(), c.max()), std::max(c.min(), c.max()));
+                w.setValue(c.value());
+            }))
+            // A drag of the thumb is Scroll; arrows, page clicks and keys are Change.
+            listen<C>(self, b, sb, &QScrollBar::valueChanged, [sb](C& c, int v) {
+                if (sb->isSliderDown())
+                    c.user_scroll(v);
+                else
+                    c.set_value(v);
+            });
+    }
+
+    static void progress(Binder& self, Binding& b) {
+        using C = forms::ProgressBar;
+        show<QProgressBar, C>(self, b, [](QProgressBar& w, C& c) {
+            w.setRange(0, 1000);
+            const double span = static_cast<double>(c.max()) - c.min();
+            const double f = span > 0 ? (static_cast<double>(c.value()) - c.min()) / span : 0.0;
+            w.setValue(static_cast<int>(std::lround(std::clamp(f, 0.0, 1.0) * 1000)));
+        });
+    }
+
+    static void timer(Binder& self, Binding& b) {
+        auto& timer = static_cast<forms::Timer&>(*b.control);
+        b.timer = new QTimer(&self);
+        QTimer* qt = b.timer;
+        b.push = [qt, &timer] {
+            qt->setInterval(timer.interval());
+            const bool run = timer.enabled() && timer.interval() > 0;
+            if (run && !qt->isActive()) qt->start();
+            if (!run) qt->stop();
+        };
+        Binder* s = &self;
+        Binding* bp = &b;
+        QObject::connect(qt, &QTimer::timeout, s, [s, bp, &timer] {
+            if (!s->attached_) return;
+            s->dispatch(*bp, [&timer] { timer.tick(); });
+        });
+    }
+
+    static void picture(Binder& self, Binding& b) {
+        if (auto* pv = find_named<PictureView>(*self.view_, qs(b.control->name()))) {
+            b.target = pv;
+            self.bind_picture(b);
+        }
+    }
+
+    // Lines and shapes are drawn by the picture they stand on.
+    static void overlay(Binder& self, Binding& b) {
+        for (const auto& o : self.bindings_)
+            if (o->control == b.control->container()) b.on_picture = qobject_cast<PictureView*>(o->target.data());
+        Binding* bp = &b;
+        b.push = [bp] {
+            if (bp->on_picture) bp->on_picture->update();
+        };
+    }
+
+    static void menu(Binder& self, Binding& b) {
+        using C = forms::Menu;
+        const QString name = qs(b.control->name());
+        QAction* action = self.view_->findChild<QAction*>(name);
+        if (action == nullptr) {
+            if (auto* m = self.view_->findChild<QMenu*>(name)) action = m->menuAction();
+        }
+        if (action == nullptr) return;
+        b.target = action;
+        auto& menu = static_cast<C&>(*b.control);
+        b.push = [action, &menu] {
+            if (menu.separator()) {
+                action->setSeparator(true);
+            } else if (action->text() != qs(menu.caption())) {
+                action->setText(qs(menu.caption()));
+            }
+            action->setEnabled(menu.enabled());
+            action->setVisible(menu.visible());
+        };
+        listen<C>(self, b, action, &QAction::triggered, [](C& c, bool) { c.choose(); });
+    }
+
+    static Bind of(ControlKind kind) {
+        static const std::map<ControlKind, Bind> table = {
+            {ControlKind::TextBox, &text_box},   {ControlKind::Label, &label},
+            {ControlKind::CheckBox, &check_box}, {ControlKind::OptionButton, &option},
+            {ControlKind::CommandButton, &button}, {ControlKind::ComboBox, &combo},
+            {ControlKind::Frame, &frame},        {ControlKind::Grid, &grid},
+            {ControlKind::Slider, &slider},      {ControlKind::HScrollBar, &scroll_bar},
+            {ControlKind::ProgressBar, &progress}, {ControlKind::Timer, &timer},
+            {ControlKind::PictureBox, &picture}, {ControlKind::Line, &overlay},
+            {ControlKind::Shape, &overlay},      {ControlKind::Menu, &menu},
+        };
+        return table.at(kind);
+    }
+};
+
 void Binder::bind(forms::Control& c) {
     auto owned = std::make_unique<Binding>();
     Binding& b = *owned;
     bindings_.push_back(std::move(owned));
     b.control = &c;
-    const QString name = qs(c.name());
+    Kinds::of(c.kind())(*this, b);
     QPointer<Binder> self(this);
     Binding* bp = &b;
-    // Model to widget: at once, under the echo guard.
-    auto on_change = [self, bp] {
-        if (!self || !self->attached_) return;
-        Guard g(self->pushing_);
-        self->push(*bp);
-    };
-
-    switch (c.kind()) {
-        case ControlKind::TextBox: {
-            auto& box = static_cast<forms::TextBox&>(c);
-            if (auto* le = find_named<QLineEdit>(*view_, name)) {
-                b.target = le;
-                b.push = [le, &box] {
-                    const QString t = qs(box.text());
-                    if (le->text() != t) le->setText(t);
-                    le->setReadOnly(box.locked);
-                };
-                connect(le, &QLineEdit::textEdited, this, [this, bp, &box](const QString& t) {
-                    if (pushing_ || !attached_) return;
-                    const std::string text = t.toStdString();
-                    dispatch(*bp, [&box, &text] { box.set_text(text); });
-                });
-            } else if (auto* pe = find_named<QPlainTextEdit>(*view_, name)) {
-                b.target = pe;
-                b.push = [pe, &box] {
-                    const QString t = qs(box.text());
-                    if (pe->toPlainText() != t) pe->setPlainText(t);
-                    pe->setReadOnly(box.locked);
-                };
-                connect(pe, &QPlainTextEdit::textChanged, this, [this, bp, &box, pe] {
-                    if (pushing_ || !attached_) return;
-                    const std::string text = pe->toPlainText().toStdString();
-                    dispatch(*bp, [&box, &text] { box.set_text(text); });
-                });
-            }
-            break;
-        }
-        case ControlKind::Label: {
-            auto& label = static_cast<forms::Label&>(c);
-            if (auto* ql = find_named<QLabel>(*view_, name)) {
-                b.target = ql;
-                ql->setTextFormat(Qt::PlainText);
-                ql->installEventFilter(this);
-                b.push = [ql, &label] {
-                    const QString t = qs(label.caption());
-                    if (ql->text() != t) ql->setText(t);
-                };
-            }
-            break;
-        }
-        case ControlKind::CheckBox: {
-            auto& box = static_cast<forms::CheckBox&>(c);
-            if (auto* cb = find_named<QCheckBox>(*view_, name)) {
-                b.target = cb;
-                b.push = [cb, &box] {
-                    cb->setText(qs(box.caption()));
-                    cb->setCheckState(box.value() == 1 ? Qt::Checked
-                                      : box.value() == 2 ? Qt::PartiallyChecked
-                                                         : Qt::Unchecked);
-                };
-                connect(cb, &QCheckBox::clicked, this, [this, bp, &box] {
-                    if (pushing_ || !attached_) return;
-                    dispatch(*bp, [&box] { box.user_click(); });
-                });
-            }
-            break;
-        }
-        case ControlKind::OptionButton: {
-            auto& option = static_cast<forms::OptionButton&>(c);
-            if (auto* rb = find_named<QRadioButton>(*view_, name)) {
-                b.target = rb;
-                // The model clears the other options of the container.
-                rb->setAutoExclusive(false);
-                b.push = [rb, &option] {
-                    rb->setText(qs(option.caption()));
-                    rb->setChecked(option.value());
-                };
-                connect(rb, &QRadioButton::clicked, this, [this, bp, &option] {
-                    if (pushing_ || !attached_) return;
-                    dispatch(*bp, [&option] { option.user_click(); });
-                });
-            }
-            break;
-        }
-        case ControlKind::CommandButton: {
-            auto& button = static_cast<forms::CommandButton&>(c);
-            if (auto* pb = find_named<QAbstractButton>(*view_, name)) {
-                b.target = pb;
-                b.push = [pb, &button] {
-                    const QString t = qs(button.caption());
-                    if (pb->text() != t) pb->setText(t);
-                };
-                connect(pb, &QAbstractButton::clicked, this, [this, bp, &button] {
-                    if (pushing_ || !attached_) return;
-                    dispatch(*bp, [&button] { button.press(); });
-                });
-            }
-            break;
-        }
-        case ControlKind::ComboBox: {
-            auto& combo = static_cast<forms::ComboBox&>(c);
-            if (auto* cb = find_named<QComboBox>(*view_, name)) {
-                b.target = cb;
-                b.push = [cb, &combo] {
-                    QStringList items;
-                    for (const auto& i : combo.items()) items << qs(i);
-                    bool same = cb->count() == items.size();
-                    for (int i = 0; same && i < cb->count(); ++i) same = cb->itemText(i) == items[i];
-                    if (!same) {
-                        cb->clear();
-                        cb->addItems(items);
-                    }
-                    if (cb->currentIndex() != combo.list_index()) cb->setCurrentIndex(combo.list_index());
-                    if (cb->isEditable() && cb->currentText() != qs(combo.text())) cb->setEditText(qs(combo.text()));
-                };
-                connect(cb, &QComboBox::activated, this, [this, bp, &combo](int i) {
-                    if (pushing_ || !attached_) return;
-                    dispatch(*bp, [&combo, i] { combo.set_list_index(i); });
-                });
-                connect(cb, &QComboBox::editTextChanged, this, [this, bp, &combo, cb](const QString& t) {
-                    if (pushing_ || !attached_ || !cb->isEditable()) return;
-                    const std::string text = t.toStdString();
-                    dispatch(*bp, [&combo, &text] {
-                        if (combo.text() != text) combo.set_text(text);
-                    });
-                });
-            }
-            break;
-        }
-        case ControlKind::Frame: {
-            auto& frame = static_cast<forms::Frame&>(c);
-            if (auto* gb = find_named<QGroupBox>(*view_, name)) {
-                b.target = gb;
-                b.push = [gb, &frame] {
-                    const QString t = qs(frame.caption());
-                    if (gb->title() != t) gb->setTitle(t);
-                };
-            } else if (auto* w = find_named<QWidget>(*view_, name)) {
-                b.target = w;  // a frame without a caption
-            }
-            break;
-        }
-        case ControlKind::Grid:
-            if (auto* tv = find_named<QTableView>(*view_, name)) {
-                b.target = tv;
-                bind_grid(b);
-            }
-            break;
-        case ControlKind::Slider: {
-            auto& slider = static_cast<forms::Slider&>(c);
-            if (auto* qs_ = find_named<QSlider>(*view_, name)) {
-                b.target = qs_;
-                b.push = [qs_, &slider] {
-                    qs_->setRange(slider.min(), slider.max());
-                    qs_->setValue(slider.value());
-                };
-                connect(qs_, &QSlider::valueChanged, this, [this, bp, &slider](int v) {
-                    if (pushing_ || !attached_) return;
-                    dispatch(*bp, [&slider, v] { slider.set_value(v); });
-                });
-            }
-            break;
-        }
-        case ControlKind::HScrollBar: {
-            auto& bar = static_cast<forms::HScrollBar&>(c);
-            if (auto* sb = find_named<QScrollBar>(*view_, name)) {
-                b.target = sb;
-                b.push = [sb, &bar] {
-                    sb->setInvertedAppearance(bar.min() > bar.max());
-                    sb->setRange(std::min(bar.min(), bar.max()), std::max(bar.min(), bar.max()));
-                    sb->setValue(bar.value());
-                };
-                // A drag of the thumb is Scroll; arrows, page clicks and keys are Change.
-                connect(sb, &QScrollBar::valueChanged, this, [this, bp, &bar, sb](int v) {
-                    if (pushing_ || !attached_) return;
-                    const bool drag = sb->isSliderDown();
-                    dispatch(*bp, [&bar, v, drag] {
-                        if (drag)
-                            bar.user_scroll(v);
-                        else
-                            bar.set_value(v);
-                    });
-                });
-            }
-            break;
-        }
-        case ControlKind::ProgressBar: {
-            auto& bar = static_cast<forms::ProgressBar&>(c);
-            if (auto* pb = find_named<QProgressBar>(*view_, name)) {
-                b.target = pb;
-                b.push = [pb, &bar] {
-                    pb->setRange(0, 1000);
-                    const double span = static_cast<double>(bar.max()) - bar.min();
-                    const double f = span > 0 ? (static_cast<double>(bar.value()) - bar.min()) / span : 0.0;
-                    pb->setValue(static_cast<int>(std::lround(std::clamp(f, 0.0, 1.0) * 1000)));
-                };
-            }
-            break;
-        }
-        case ControlKind::Timer: {
-            auto& timer = static_cast<forms::Timer&>(c);
-            b.timer = new QTimer(this);
-            QTimer* qt = b.timer;
-            b.push = [qt, &timer] {
-                qt->setInterval(timer.interval());
-                const bool run = timer.enabled() && timer.interval() > 0;
-                if (run && !qt->isActive()) qt->start();
-                if (!run) qt->stop();
-            };
-            connect(qt, &QTimer::timeout, this, [this, bp, &timer] {
-                if (!attached_) return;
-                dispatch(*bp, [&timer] { timer.tick(); });
-            });
-            break;
-        }
-        case ControlKind::PictureBox:
-            if (auto* pv = find_named<PictureView>(*view_, name)) {
-                b.target = pv;
-                bind_picture(b);
-            }
-            break;
-        case ControlKind::Line:
-        case ControlKind::Shape:
-            for (const auto& o : bindings_)
-                if (o->control == c.container()) b.on_picture = qobject_cast<PictureView*>(o->target.data());
-            b.push = [bp] {
-                if (bp->on_picture) bp->on_picture->update();
-            };
-            break;
-        case ControlKind::Menu: {
-            auto& menu = static_cast<forms::Menu&>(c);
-            QAction* action = view_->findChild<QAction*>(name);
-            if (action == nullptr) {
-                if (auto* m = view_->findChild<QMenu*>(name)) action = m->menuAction();
-            }
-            if (action != nullptr) {
-                b.target = action;
-                b.push = [action, &menu] {
-                    if (menu.separator()) {
-                        action->setSeparator(true);
-                    } else if (action->text() != qs(menu.caption())) {
-                        action->setText(qs(menu.caption()));
-                    }
-                    action->setEnabled(menu.enabled());
-                    action->setVisible(menu.visible());
-                };
-                connect(action, &QAction::triggered, this, [this, bp, &menu] {
-                    if (pushing_ || !attached_) return;
-                    dispatch(*bp, [&menu] { menu.choose(); });
-                });
-            }
-            break;
-        }
-    }
     if (c.kind() == ControlKind::Grid)
+        // A table shows its changes once, when the events have run.
         c.changed = [self, bp] {
             if (!self || !self->attached_) return;
             {
@@ -476,7 +443,12 @@ void Binder::bind(forms::Control& c) {
             self->schedule(*bp);
         };
     else
-        c.changed = on_change;
+        // Model to widget: at once, under the echo guard.
+        c.changed = [self, bp] {
+            if (!self || !self->attached_) return;
+            Guard g(self->pushing_);
+            self->push(*bp);
+        };
 }
 
 void Binder::bind_grid(Binding& b) {
@@ -530,10 +502,9 @@ void Binder::flush_grid(Binding& b) {
     if (b.widths_due) {
         b.widths_due = false;
         QHeaderView* h = tv->horizontalHeader();
-        const double dpi = logical_dpi(tv);
         for (int tc = 0; tc < b.table->columnCount(); ++tc) {
             const int w = grid.col_width(b.table->grid_col(tc));
-            if (w >= 0) h->resizeSection(tc, static_cast<int>(std::lround(twips_to_px(w, dpi))));
+            if (w >= 0) h->resizeSection(tc, twips_to_px(w, tv));
         }
     }
     if (grid.selected_rows() != b.shown_selection) {

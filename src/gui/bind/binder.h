@@ -50,6 +50,8 @@ protected:
 
 private:
     struct Binding;
+    struct Kinds;
+    friend struct Kinds;
 
     void bind(forms::Control& control);
     void push(Binding& b);

@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "forms/grid.h"
+#include "gui/bind/old_units.h"
 
 namespace tv::gui {
 
@@ -28,8 +29,6 @@ bool looks_numeric(const std::string& s) {
     if (i < s.size() && (s[i] == '-' || s[i] == '+')) ++i;
     return i < s.size() && (std::isdigit(static_cast<unsigned char>(s[i])) || s[i] == '.');
 }
-
-QColor old_colour(int bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
 
 }  // namespace
 

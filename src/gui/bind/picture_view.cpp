@@ -10,16 +10,12 @@
 
 #include "forms/controls.h"
 #include "forms/picture_box.h"
-#include "gui/platform/twips.h"
+#include "gui/bind/old_units.h"
 #include "text/runtime_error.h"
 
 namespace tv::gui {
 
 namespace {
-
-QColor old_colour(int bgr) {
-    return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
-}
 
 // Liang-Barsky: the part of a segment inside r, so that far-off coordinates never reach the
 // raster engine and unseen segments cost nothing.
@@ -214,23 +210,18 @@ bool layout_holds(const QLayout* layout, const QWidget* w) {
 
 void PictureView::follow_model() {
     if (picture_ == nullptr) return;
-    const double dpi = logical_dpi(this);
-    const QSize size(static_cast<int>(std::lround(twips_to_px(picture_->width(), dpi))),
-                     static_cast<int>(std::lround(twips_to_px(picture_->height(), dpi))));
+    const QSize size = sizeHint();
     if (parentWidget() != nullptr && layout_holds(parentWidget()->layout(), this)) {
         if (size != minimumSize() || size != maximumSize()) setFixedSize(size);
     } else {
-        const QPoint at(static_cast<int>(std::lround(twips_to_px(picture_->left(), dpi))),
-                        static_cast<int>(std::lround(twips_to_px(picture_->top(), dpi))));
+        const QPoint at(twips_to_px(picture_->left(), this), twips_to_px(picture_->top(), this));
         if (geometry() != QRect(at, size)) setGeometry(QRect(at, size));
     }
 }
 
 QSize PictureView::sizeHint() const {
     if (picture_ == nullptr) return QWidget::sizeHint().isValid() ? QWidget::sizeHint() : QSize(100, 60);
-    const double dpi = logical_dpi(this);
-    return {static_cast<int>(std::lround(twips_to_px(picture_->width(), dpi))),
-            static_cast<int>(std::lround(twips_to_px(picture_->height(), dpi)))};
+    return {twips_to_px(picture_->width(), this), twips_to_px(picture_->height(), this)};
 }
 
 void PictureView::paintEvent(QPaintEvent* event) {
@@ -286,26 +277,6 @@ bool PictureView::update_cache(double dpi) {
     cache_ops_ = count;
     return true;
 }
-
-namespace {
-
-int old_button(Qt::MouseButtons b) {
-    int r = 0;
-    if (b & Qt::LeftButton) r |= 1;
-    if (b & Qt::RightButton) r |= 2;
-    if (b & Qt::MiddleButton) r |= 4;
-    return r;
-}
-
-int old_shift(Qt::KeyboardModifiers m) {
-    int r = 0;
-    if (m & Qt::ShiftModifier) r |= 1;
-    if (m & Qt::ControlModifier) r |= 2;
-    if (m & Qt::AltModifier) r |= 4;
-    return r;
-}
-
-}  // namespace
 
 void PictureView::emit_mouse(int kind, QMouseEvent* event) {
     const double dpi = logical_dpi(this);

@@ -5,7 +5,7 @@
 #include <QPointer>
 
 #include "gui/bind/binder.h"
-#include "gui/capacity/chart_panel.h"
+#include "gui/chart/chart_card.h"
 #include "windows/capacity/capacity_window.h"
 
 namespace tv::gui {
@@ -20,7 +20,7 @@ CapacityView::CapacityView(windows::Form9& model, forms::App& app, QWidget* pare
         p.setRetainSizeWhenHidden(true);
         page->setSizePolicy(p);
     }
-    fit_chart_panel(model.chart, *ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1);
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
 
     // The popup of the calculation table: the binder ties the menu and its entry to the model's
     // menu controls by name, and the model asks for it on a right click.

@@ -1,14 +1,14 @@
 #include "gui/capacity/diagram_view.h"
 
 #include "gui/bind/binder.h"
-#include "gui/capacity/chart_panel.h"
+#include "gui/chart/chart_card.h"
 #include "windows/capacity/diagram_window.h"
 
 namespace tv::gui {
 
 DiagramView::DiagramView(windows::Form10& model, forms::App& app, QWidget* parent) : QWidget(parent) {
     ui_.setupUi(this);
-    fit_chart_panel(model.chart, *ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1);
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
     bind::all(*this, model, app);
 }
 

@@ -3,7 +3,7 @@
 #include <QApplication>
 
 #include "gui/bind/binder.h"
-#include "gui/spectra/chart_card.h"
+#include "gui/chart/chart_card.h"
 #include "windows/fourier/fourier_window.h"
 
 namespace tv::gui {

@@ -9,8 +9,8 @@
 
 #include "forms/picture_box.h"
 #include "forms/platform.h"
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/twips.h"
 
 namespace tv::gui {
 

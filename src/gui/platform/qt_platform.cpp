@@ -28,9 +28,9 @@
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/binder.h"
+#include "gui/bind/old_units.h"
 #include "gui/platform/file_filter.h"
 #include "gui/platform/page_painter.h"
-#include "gui/platform/twips.h"
 #include "gui/platform/view_registry.h"
 
 namespace tv::gui {

@@ -26,18 +26,14 @@ public:
 
     bool has(const std::string& form_name) const { return factories_.count(form_name) != 0; }
 
-    /// The window's own view; without one, a view laid out from its controls when a fallback
-    /// is set, else null.
+    /// The window's view; null when it has none.
     QWidget* create(forms::Form& form, forms::App& app) const {
         if (auto it = factories_.find(form.name()); it != factories_.end()) return it->second(form, app);
-        return fallback_ ? fallback_(form, app) : nullptr;
+        return nullptr;
     }
-
-    void set_fallback(Factory factory) { fallback_ = std::move(factory); }
 
 private:
     std::map<std::string, Factory> factories_;
-    Factory fallback_;
 };
 
 }  // namespace tv::gui

@@ -3,15 +3,13 @@
 #include <QLabel>
 
 #include "gui/bind/binder.h"
-#include "gui/spectra/chart_card.h"
+#include "gui/bind/old_units.h"
+#include "gui/chart/chart_card.h"
 #include "windows/spectra/comparison_window.h"
 
 namespace tv::gui {
 
 namespace {
-
-// A colour of the model, 0xBBGGRR.
-QColor old_colour(int bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
 
 void paint_text(QLabel& label, const QColor& colour) {
     QPalette p = label.palette();

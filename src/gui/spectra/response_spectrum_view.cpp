@@ -1,7 +1,7 @@
 #include "gui/spectra/response_spectrum_view.h"
 
 #include "gui/bind/binder.h"
-#include "gui/spectra/chart_card.h"
+#include "gui/chart/chart_card.h"
 #include "windows/spectra/response_spectrum_window.h"
 
 namespace tv::gui {

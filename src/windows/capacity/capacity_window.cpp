@@ -34,6 +34,8 @@ ChartOptions demand_chart(Form9& f) {
     o.readout.x_step = [&f] { return text::to_double(f.demand.xstep.text()); };
     o.container = &f.Frame2;
     o.replot = [&f] { f.plot_spectrum(f.fileChart); };
+    o.value_at = [&f](long i) { return f.state().designSa(i); };
+    o.scrolled = [&f] { f.redraw_strips(); };
     return o;
 }
 
@@ -69,13 +71,6 @@ Form9::Form9(forms::App& app)
     Command5.Click = [this] { Command5_Click(); };
     copy.Click = [this] { copy_Click(); };
     Fg3.MouseUp = [this](int button, int shift, float x, float y) { Fg3_MouseUp(button, shift, x, y); };
-
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { redraw_axes(); };
-    chart.HScroll1.Scroll = [this] { redraw_axes(); };
-    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
-        chart.mouse_move(x, y, [this](long i) { return state().designSa(i); });
-    };
 }
 
 void Form9::Form_Load() {
@@ -162,12 +157,10 @@ void Form9::Combo1_Click() {
 void Form9::plot_spectrum(bool fromFileRoutine) {
     fileChart = fromFileRoutine;
     chart.plot(state().designSa, val(demand.xstep.text()), true);
-    if (fileChart) every_second_time_strip(chart, val(demand.xstep.text()));
-    draw_legible_value_strip(chart, state().peakAccel);
+    redraw_strips();
 }
 
-void Form9::redraw_axes() {
-    chart.scroll();
+void Form9::redraw_strips() {
     if (fileChart) every_second_time_strip(chart, val(demand.xstep.text()));
     draw_legible_value_strip(chart, state().peakAccel);
 }

@@ -137,11 +137,11 @@ public:
     /// The demand spectrum on the chart: the code spectrum's routine (labels about every 800
     /// twips of plot), or the file's (a label at every tick).
     void plot_spectrum(bool fromFileRoutine);
+    /// The strips over the chart's, in the routine that drew last.
+    void redraw_strips();
 
 private:
     void show_error_description(const std::string& description, const std::string& title);
-    /// The axes after a scroll, in the routine that drew last.
-    void redraw_axes();
 };
 
 }  // namespace tv::windows

@@ -31,6 +31,9 @@ ChartOptions diagram_chart(Form10& f) {
     o.readout.y_text = ", Y: ";
     o.readout.x_step = [] { return 1.0; };
     o.replot = [&f] { f.plot_or_say_so(); };
+    // The read-out shows the pointer itself.
+    o.mouse_move = [&f](double x, double y) { f.chart.mouse_move(x, y, [y](long) { return y; }); };
+    o.scrolled = [&f] { f.legible_axes(); };
     return o;
 }
 
@@ -47,10 +50,6 @@ Form10::Form10(forms::App& app) : Window(app, "Form10", "Diagram", 11000, 6500),
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
     cmdSavePdf.Click = [this] { cmdSavePdf_Click(); };
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { scroll(); };
-    chart.HScroll1.Scroll = [this] { scroll(); };
-    chart.picNemodar.MouseMove = [this](int b, int s, double x, double y) { picNemodar_MouseMove(b, s, x, y); };
 }
 
 void Form10::Form_Activate() {
@@ -109,16 +108,6 @@ void Form10::plot(bool rescale) {
 void Form10::legible_axes() {
     draw_diagram_abscissa(chart);
     draw_legible_value_strip(chart, state().peakAccel);
-}
-
-void Form10::scroll() {
-    chart.scroll();
-    legible_axes();
-}
-
-void Form10::picNemodar_MouseMove(int, int, double x, double y) {
-    // The read-out shows the pointer itself.
-    chart.mouse_move(x, y, [y](long) { return y; });
 }
 
 void Form10::Command1_Click() { program().unload(*this); }

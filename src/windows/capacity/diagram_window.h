@@ -37,7 +37,6 @@ public:
     void Command2_Click();
     /// Save PDF...: the page of Print, to a PDF file, with or without a printer.
     void cmdSavePdf_Click();
-    void picNemodar_MouseMove(int button, int shift, double x, double y);
 
     /// The five series from Form9's Fg3.
     void fillarray();
@@ -48,8 +47,6 @@ public:
     /// The strips again, readable at any length unit: the abscissa's round labels of "0.00"
     /// about every 800 twips with ticks between, the value labels clear of each other.
     void legible_axes();
-    /// The scroll bar: the plot slides and the strips follow.
-    void scroll();
     /// The plot under the window's trap: a failure shows "Error Reading File".
     void plot_or_say_so();
     /// The page that Print sends.

@@ -25,6 +25,8 @@ ChartOptions sa_chart(Form11& f) {
     o.readout.y_text = ", B.A: ";
     o.readout.x_step = [&f] { return text::to_double(f.demand.xstep.text()); };
     o.replot = [&f] { f.plot_spectrum(); };
+    o.value_at = [&f](long i) { return f.state().designSa(i); };
+    o.scrolled = [&f] { draw_legible_value_strip(f.chart, f.state().peakAccel); };
     return o;
 }
 
@@ -35,12 +37,6 @@ Form11::Form11(forms::App& app) : Window(app, "Form11", "Calculate SA", 10500, 6
     demand.Command4.Click = [this] { Command4_Click(); };
     demand.Command6.Click = [this] { Command6_Click(); };
     demand.Command7.Click = [this] { Command7_Click(); };
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { scroll(); };
-    chart.HScroll1.Scroll = [this] { scroll(); };
-    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
-        chart.mouse_move(x, y, [this](long i) { return state().designSa(i); });
-    };
 }
 
 void Form11::Form_Load() {
@@ -55,11 +51,6 @@ void Form11::Form_Load() {
 
 void Form11::plot_spectrum() {
     chart.plot(state().designSa, val(demand.xstep.text()), true);
-    draw_legible_value_strip(chart, state().peakAccel);
-}
-
-void Form11::scroll() {
-    chart.scroll();
     draw_legible_value_strip(chart, state().peakAccel);
 }
 

@@ -48,10 +48,6 @@ public:
 
     /// designSa on the chart, its value labels clear of each other.
     void plot_spectrum();
-
-private:
-    /// The scroll bar: the plot slides and the strips follow.
-    void scroll();
 };
 
 }  // namespace tv::windows

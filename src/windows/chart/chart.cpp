@@ -60,6 +60,15 @@ Chart::Chart(forms::Form& form, ChartOptions options)
     HScroll1.set_enabled(false);
     Line2.color = 0;
     Line3.color = 0;
+    Slider1.Change = [this] { slider_changed(); };
+    if (options_.follows_scroll) {
+        HScroll1.Change = [this] { scroll(); };
+        HScroll1.Scroll = [this] { scroll(); };
+    }
+    if (options_.mouse_move)
+        picNemodar.MouseMove = [this](int, int, double x, double y) { options_.mouse_move(x, y); };
+    else if (options_.value_at)
+        picNemodar.MouseMove = [this](int, int, double x, double y) { mouse_move(x, y, options_.value_at); };
 }
 
 void Chart::plot(const text::DoubleArray& values, double dt, bool rescale) {
@@ -194,6 +203,7 @@ void Chart::slider_changed() {
 void Chart::scroll() {
     picNemodar.set_left(cc::scroll_left(HScroll1.value()));
     drawAxes();
+    if (options_.scrolled) options_.scrolled();
 }
 
 void Chart::mouse_move(double x, double y, const std::function<double(long index)>& value_at) {

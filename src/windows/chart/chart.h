@@ -1,7 +1,7 @@
 #pragma once
 // The curve chart that every curve window carries: a plot wider than its viewport, a time strip
 // below and a value strip at the left, the X scale slider, the scroll bar and the mouse
-// read-out. A window holds one as a member and wires its events to it.
+// read-out. A window holds one as a member; the chart answers its own controls' events.
 #include <functional>
 #include <string>
 #include <utility>
@@ -60,6 +60,15 @@ struct ChartOptions {
     ChartReadout readout;
     /// Run after a slider change to draw the window's array again (with rescale).
     std::function<void()> replot;
+    /// The array the mouse read-out reads at a rounded index; may raise.
+    std::function<double(long index)> value_at;
+    /// A read-out of the window's own in place of the chart's; with neither this nor value_at
+    /// the plot does not answer the mouse.
+    std::function<void(double x, double y)> mouse_move;
+    /// Run after the plot slides, for strips the window draws over the chart's.
+    std::function<void()> scrolled;
+    /// False: the scroll bar moves on its own and the plot stays.
+    bool follows_scroll = true;
 
     /// Container of the chart's controls; null for the window itself.
     forms::Control* container = nullptr;
@@ -103,15 +112,9 @@ public:
     /// a chart shows nothing and raises nothing.
     bool empty() const;
 
-    /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
-    void slider_changed();
-
-    /// HScroll1 Change and Scroll: the plot slides to -100 x value twips; the axes follow.
-    void scroll();
-
-    /// picNemodar MouseMove: the cross-hair and the read-out, under a trap that ignores every
-    /// failure. value_at gives the array's value at a rounded index and may raise; the value
-    /// then stays at the last one read.
+    /// The cross-hair and the read-out that picNemodar MouseMove shows, under a trap that
+    /// ignores every failure. value_at gives the array's value at a rounded index and may raise;
+    /// the value then stays at the last one read.
     void mouse_move(double x, double y, const std::function<double(long index)>& value_at);
 
     /// Half height r of the present value range.
@@ -121,6 +124,11 @@ public:
     const ChartOptions& options() const { return options_; }
 
 private:
+    /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
+    void slider_changed();
+    /// HScroll1 Change and Scroll: the plot slides to -100 x value twips; the axes follow, then
+    /// the options' scrolled.
+    void scroll();
     void draw_curve(const text::DoubleArray& values, long upper, double k, int colour);
 
     ChartOptions options_;

@@ -29,6 +29,8 @@ ChartOptions fourier_chart(Form12& f) {
     o.marks.peak = [&f](long p) { return val(f.Grid3.text(static_cast<int>(p), 2)); };
     o.marks.width = [&f] { return text::round_to(text::div(0.5, val(f.Text2.text())), 1); };
     o.replot = [&f] { f.chart.plot(f.state().accelX2, f.deltaOmega, true); };
+    // The window has no scroll handler and no read-out: the bar moves alone.
+    o.follows_scroll = false;
     return o;
 }
 
@@ -64,7 +66,6 @@ private:
 Form12::Form12(forms::App& app) : Window(app, "Form12", "Fourier Transform", 12000, 8200), chart(*this, fourier_chart(*this)) {
     Picbar.set_visible(false);
     Text7.set_visible(false);
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
     Command1.Click = [this] { Command1_Click(); };
     Command3.Click = [this] { Command3_Click(); };
     Command4.Click = [this] { Command4_Click(); };

@@ -42,6 +42,8 @@ ChartOptions record_chart(Form1& f) {
         if (f.Option3.value() || f.Option4.value())
             f.chart.plot(f.component_array(f.Option3.value() ? 'X' : 'Y'), val(f.xstep.text()), true);
     };
+    // The read-out pairs the units options with the components: g reads X, m/s^2 reads Y.
+    o.value_at = [&f](long i) { return f.component_array(f.Option1.value() ? 'X' : f.Option2.value() ? 'Y' : '?')(i); };
     return o;
 }
 
@@ -49,15 +51,6 @@ ChartOptions record_chart(Form1& f) {
 
 Form1::Form1(forms::App& app)
     : Window(app, "Form1", "Input file parameters (", 12000, 9000), chart(*this, record_chart(*this)) {
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { chart.scroll(); };
-    chart.HScroll1.Scroll = [this] { chart.scroll(); };
-    // The read-out pairs the units options with the components: g reads X, m/s^2 reads Y.
-    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
-        chart.mouse_move(x, y, [this](long i) {
-            return component_array(Option1.value() ? 'X' : Option2.value() ? 'Y' : '?')(i);
-        });
-    };
     Option1.set_value(true);
     Option3.set_value(true);
     for (forms::Grid* g : {&Grid3, &grid4, &grid5, &grid6}) g->set_visible(false);

@@ -42,6 +42,7 @@ ChartOptions comparison_chart(Form4& f) {
         f.chart.plot(f.averageSpectrum, f.state().periodStep, true, 255);
         f.chart.plot(f.targetSpectrum, f.state().periodStep, true, 50);
     };
+    o.mouse_move = [&f](double x, double y) { f.picNemodar_MouseMove(x, y); };
     return o;
 }
 
@@ -52,10 +53,6 @@ Form4::Form4(forms::App& app) : Window(app, "Form4", "Spec-Comparing", 12000, 75
     for (forms::TextBox* t : {&Text1, &Text2, &Text3, &Text4, &Text5, &Text6, &Text7}) t->set_visible(false);
     LineRed.color = 0x0000FF;
     LineBlue.color = 0xFF0000;
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { chart.scroll(); };
-    chart.HScroll1.Scroll = [this] { chart.scroll(); };
-    chart.picNemodar.MouseMove = [this](int, int, double x, double y) { picNemodar_MouseMove(x, y); };
     Check2.Click = [this] { Check2_Click(); };
     tend.Change = [this] { tend_Change(); };
     Command1.Click = [this] { Command1_Click(); };

@@ -26,6 +26,7 @@ ChartOptions design_chart(Form2& f) {
     o.readout.y_text = ", B.A: ";
     o.readout.x_step = [&f] { return text::to_double(f.xstep.text()); };
     o.replot = [&f] { f.chart.plot(f.state().designSa, val(f.xstep.text()), true); };
+    o.value_at = [&f](long i) { return f.state().designSa(i); };
     return o;
 }
 
@@ -35,12 +36,6 @@ Form2::Form2(forms::App& app) : Window(app, "Form2", "Standard", 12000, 7500), c
     Option1.set_value(true);
     Option5.set_value(true);
     for (forms::TextBox* t : {&Text8, &Text2, &Text3, &Text4, &Text5, &Text6, &Text7}) t->set_visible(false);
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { chart.scroll(); };
-    chart.HScroll1.Scroll = [this] { chart.scroll(); };
-    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
-        chart.mouse_move(x, y, [this](long i) { return state().designSa(i); });
-    };
     // A hazard option puts its default scale into the box, over what was typed.
     auto hazard_click = [this](compute::Hazard h) {
         return [this, h] { Text1.set_text(to_text(compute::default_scale(h))); };

@@ -33,6 +33,11 @@ ChartOptions response_chart(Form3& f) {
     o.replot = [&f] {
         if (text::DoubleArray* a = f.selected_spectrum()) f.chart.plot(*a, f.state().periodStep, true);
     };
+    o.value_at = [&f](long i) {
+        text::DoubleArray* a = f.selected_spectrum();
+        if (!a) text::raise(text::kSubscript);
+        return (*a)(i);
+    };
     return o;
 }
 
@@ -43,16 +48,6 @@ Form3::Form3(forms::App& app)
     Option1.set_value(true);
     Picbar.set_visible(false);
     for (forms::TextBox* t : {&Text1, &Text2, &Text3, &Text4, &Text5, &Text6, &Text7}) t->set_visible(false);
-    chart.Slider1.Change = [this] { chart.slider_changed(); };
-    chart.HScroll1.Change = [this] { chart.scroll(); };
-    chart.HScroll1.Scroll = [this] { chart.scroll(); };
-    chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
-        chart.mouse_move(x, y, [this](long i) {
-            text::DoubleArray* a = selected_spectrum();
-            if (!a) text::raise(text::kSubscript);
-            return (*a)(i);
-        });
-    };
     // Unticking from a handler fires that box's own click, so the chain plays out.
     Check1.Click = [this] {
         if (Check1.checked()) Check2.set_value(0);

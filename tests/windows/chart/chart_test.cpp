@@ -25,14 +25,7 @@ public:
         : Window(app, "Form1", "Input file parameters (1)"),
           xstep(text_box("xstep", "0.005")),
           xvalue(text_box("xvalue")),
-          chart(*this, options(std::move(extra))) {
-        chart.Slider1.Change = [this] { chart.slider_changed(); };
-        chart.HScroll1.Change = [this] { chart.scroll(); };
-        chart.HScroll1.Scroll = [this] { chart.scroll(); };
-        chart.picNemodar.MouseMove = [this](int, int, double x, double y) {
-            chart.mouse_move(x, y, [this](long i) { return record(i); });
-        };
-    }
+          chart(*this, options(std::move(extra))) {}
 
     tv::forms::TextBox& xstep;
     tv::forms::TextBox& xvalue;
@@ -52,6 +45,7 @@ private:
             ++replots;
             chart.plot(record, tv::text::val(xstep.text()), true);
         };
+        o.value_at = [this](long i) { return record(i); };
         return o;
     }
 };
@@ -223,6 +217,32 @@ TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
     EXPECT_EQ(w.chart.picNemodar.left(), 0);
 }
 
+TEST_F(ChartTest, TheWindowsStripsFollowTheChartsAndABarMayMoveAlone) {
+    // The window's own strips go over the chart's, after them.
+    ChartOptions o = record_options();
+    const RecordWindow* seen = nullptr;
+    std::vector<DrawOp> labels_then;
+    o.scrolled = [&] { labels_then = of_kind(seen->chart.PicxSxale, DrawOp::Kind::Text); };
+    RecordWindow w(program, o);
+    seen = &w;
+    w.curMaxX = 1.5;
+    w.record = wave(3500);
+    w.chart.Slider1.set_value(4);
+    const double first = of_kind(w.chart.PicxSxale, DrawOp::Kind::Text).front().x1;
+    w.chart.HScroll1.user_scroll(50);
+    ASSERT_FALSE(labels_then.empty());
+    EXPECT_EQ(labels_then.front().x1, first - 5000);
+
+    ChartOptions still = record_options();
+    still.follows_scroll = false;
+    RecordWindow f(program, still);
+    f.curMaxX = 1.5;
+    f.record = wave(3500);
+    f.chart.Slider1.set_value(4);
+    f.chart.HScroll1.user_scroll(50);
+    EXPECT_EQ(f.chart.picNemodar.left(), 0);
+}
+
 TEST_F(ChartTest, AllZeroRecordDividesByZero) {
     RecordWindow w(program, record_options());
     w.record = DoubleArray(100);
@@ -296,9 +316,9 @@ TEST_F(ChartTest, ReadOutShowsTimeAndValueAndKeepsTheLastValue) {
 TEST_F(ChartTest, ReadOutBeforeAnyArrayShowsZero) {
     RecordWindow w(program, spectrum_options());
     w.chart.readout->set_caption("");
-    w.chart.mouse_move(2, 0, [&](long i) { return w.record(i); });  // never allocated: 9, swallowed
+    w.chart.picNemodar.MouseMove(0, 0, 2, 0);  // never allocated: 9, swallowed
     w.xstep.set_text("0.01");
-    w.chart.mouse_move(2, 0, [&](long i) { return w.record(i); });
+    w.chart.picNemodar.MouseMove(0, 0, 2, 0);
     EXPECT_EQ(w.chart.readout->caption(), "T(Period): 0.02, B.A: 0.00  ");
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// The chart card of the curve windows' views: the plot with its strips, the scroll bar under the
+// The chart card of every curve window's view: the plot with its strips, the scroll bar under the
 // plot's viewport and the scale slider, on one white card.
 class QScrollBar;
 class QSpacerItem;

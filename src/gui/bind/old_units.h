@@ -1,5 +1,9 @@
 #pragma once
-// The old layouts measure in twips, 1440 to the inch; the screen measures in logical pixels.
+// The old program's units against Qt's: layouts in twips (1440 to the inch) against logical
+// pixels, colours as 0xBBGGRR, mouse buttons and shift keys as bit codes.
+#include <QColor>
+#include <Qt>
+
 class QWidget;
 
 namespace tv::gui {
@@ -15,5 +19,13 @@ inline double px_to_twips(double px, double dpi) { return px * kTwipsPerInch / d
 
 /// Twips to whole logical pixels on the screen of `w`, rounded to the nearest.
 int twips_to_px(double twips, const QWidget* w = nullptr);
+
+/// A colour 0xBBGGRR.
+inline QColor old_colour(int bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
+
+/// Buttons: 1 left, 2 right, 4 middle, added up when several are held.
+int old_button(Qt::MouseButtons buttons);
+/// Keys held: 1 Shift, 2 Ctrl, 4 Alt.
+int old_shift(Qt::KeyboardModifiers keys);
 
 }  // namespace tv::gui

@@ -1,10 +1,10 @@
-#include "gui/spectra/chart_card.h"
+#include "gui/chart/chart_card.h"
 
 #include <QScrollBar>
 #include <QSpacerItem>
 #include <QWidget>
 
-#include "gui/platform/twips.h"
+#include "gui/bind/old_units.h"
 #include "windows/chart/chart.h"
 
 namespace tv::gui {
