@@ -34,7 +34,10 @@ public:
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     std::vector<std::string> printers() override { return {}; }
     std::string current_printer() override { return {}; }
-    bool print(const forms::PrintJob&) override { return false; }
+    bool print(const forms::Page&, const std::string&) override { return false; }
+    /// The pages as cairo paints them.
+    bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) override;
+    double page_text_width(const std::string& text, const forms::PageFont& font) override;
     void set_busy(bool) override {}
     void do_events() override {}
     void show_form(forms::Form&, bool) override {}

@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QEventLoop>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetricsF>
@@ -15,21 +14,16 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMessageBox>
-#include <QPainter>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/binder.h"
 #include "gui/platform/file_filter.h"
-#include "gui/platform/page_painter.h"
 #include "gui/platform/twips.h"
 #include "gui/platform/view_registry.h"
 
@@ -181,58 +175,9 @@ QWidget* QtPlatform::dialog_parent() const {
     return frame_.data();
 }
 
-// ---- clipboard, printers, pointer, events ----------------------------------------------------
+// ---- clipboard, pointer, events --------------------------------------------------------------
 
 void QtPlatform::set_clipboard_text(const std::string& text) { QGuiApplication::clipboard()->setText(qs(text)); }
-
-std::vector<std::string> QtPlatform::printers() {
-    std::vector<std::string> out;
-    for (const QString& name : QPrinterInfo::availablePrinterNames()) out.push_back(name.toStdString());
-    return out;
-}
-
-std::string QtPlatform::current_printer() { return QPrinterInfo::defaultPrinterName().toStdString(); }
-
-bool QtPlatform::print(const forms::PrintJob& job) {
-    QPrinter printer(QPrinter::HighResolution);
-    // A PDF is written beside its name and renamed when whole, so a failure leaves no half file.
-    QString pdf_temp;
-    if (!job.pdf_path.empty()) {
-        const QFileInfo target(qs(job.pdf_path));
-        pdf_temp = target.absoluteDir().filePath(QStringLiteral(".%1.tmp%2")
-                                                     .arg(target.fileName())
-                                                     .arg(QCoreApplication::applicationPid()));
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdf_temp);
-    } else {
-        QPrinterInfo info = QPrinterInfo::printerInfo(qs(job.printer));
-        if (info.isNull()) info = QPrinterInfo::defaultPrinter();
-        if (info.isNull()) return false;
-        printer.setPrinterName(info.printerName());
-    }
-    printer.setDocName(qs(job.title));
-    QPixmap image;
-    if (job.form_image != nullptr) {
-        if (QWidget* v = view_of(*job.form_image)) image = v->grab();
-    }
-    QPainter p;
-    if (!p.begin(&printer)) {
-        if (!pdf_temp.isEmpty()) QFile::remove(pdf_temp);
-        return false;
-    }
-    const QRectF area = printer.pageLayout().paintRectPixels(printer.resolution()).translated(
-        -printer.pageLayout().paintRectPixels(printer.resolution()).topLeft());
-    paint_page(p, area, job, image.isNull() ? nullptr : &image);
-    const bool done = p.end();
-    if (pdf_temp.isEmpty()) return done;
-    std::error_code ec;
-    if (done) std::filesystem::rename(pdf_temp.toStdString(), job.pdf_path, ec);
-    if (!done || ec) {
-        QFile::remove(pdf_temp);
-        return false;
-    }
-    return true;
-}
 
 void QtPlatform::set_busy(bool busy) {
     // The pointer is a state, not a stack: the hourglass twice is still one hourglass.
