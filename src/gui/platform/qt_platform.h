@@ -1,7 +1,7 @@
 #pragma once
 // The platform of the desktop program: Qt dialogs, clipboard, printers, the busy pointer, and
-// the windows' views in the main frame's multiple-document area. Its printing has a file of
-// its own.
+// the windows' views in the main frame's multiple-document area. Its dialogs, printing and
+// window hosting each have a file of their own.
 #include <QObject>
 #include <QPointer>
 #include <QString>
