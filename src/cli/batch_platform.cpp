@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "cli/cairo_page.h"
+
 namespace tv::cli {
 
 forms::MsgResult BatchPlatform::message_box(const std::string& text, forms::MsgButtons buttons,
@@ -37,6 +39,14 @@ void BatchPlatform::report_runtime_error(int, const std::string& description) {
 
 void BatchPlatform::report_file_error(int, const std::string&, const std::string& path, const std::string& reason) {
     if (!file_error && !runtime_error) file_error = path + ": " + reason;
+}
+
+bool BatchPlatform::render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) {
+    return cli::render_pdf(pages, bytes, reason);
+}
+
+double BatchPlatform::page_text_width(const std::string& text, const forms::PageFont& font) {
+    return text_width(text, font);
 }
 
 }  // namespace tv::cli

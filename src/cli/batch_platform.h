@@ -33,6 +33,9 @@ public:
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     void action_goes_on() override { failed = false; }
+    /// The pages as cairo paints them.
+    bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) override;
+    double page_text_width(const std::string& text, const forms::PageFont& font) override;
     void report_runtime_error(int number, const std::string& description) override;
     void report_file_error(int number, const std::string& description, const std::string& path,
                            const std::string& reason) override;

@@ -9,10 +9,10 @@
 
 #include "cli/commands.h"
 #include "cli/options.h"
-#include "cli/pdf_report.h"
 #include "cli/session.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
+#include "windows/printing/printing.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::cli {
@@ -181,10 +181,10 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
                 err << "tremorvault-cli capacity: the diagram could not be shown\n";
                 throw Exit{kFailed};
             }
-            std::vector<forms::PrintJob> pages;
+            std::vector<forms::Page> pages;
             s.step([&] { pages.push_back(f10->report_page()); });
             std::string why;
-            if (!write_pdf(*pdf, pages, why)) {
+            if (!windows::write_pdf_file(s.platform, pages, *pdf, why)) {
                 err << "tremorvault-cli: " << *pdf << ": " << why << '\n';
                 throw Exit{kFailed};
             }

@@ -4,13 +4,13 @@
 
 #include "cli/commands.h"
 #include "cli/options.h"
-#include "cli/pdf_report.h"
 #include "cli/session.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "windows/capacity/sa_window.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/coefficient/target_displacement_window.h"
+#include "windows/printing/printing.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::cli {
@@ -191,12 +191,12 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
 
         if (auto pdf = o.get("report-pdf")) {
             // The pages Print would send; the batch platform has no printer to send them to.
-            std::vector<forms::PrintJob> pages;
+            std::vector<forms::Page> pages;
             s.step([&] { pages.push_back(f6.report_page()); });
             if (auto* f8 = s.program.if_loaded<windows::Form8>(); f8 && o.get("weight"))
                 s.step([&] { pages.push_back(f8->report_page()); });
             std::string why;
-            if (!write_pdf(*pdf, pages, why)) {
+            if (!windows::write_pdf_file(s.platform, pages, *pdf, why)) {
                 err << "tremorvault-cli: " << *pdf << ": " << why << '\n';
                 throw Exit{kFailed};
             }

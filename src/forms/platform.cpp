@@ -9,6 +9,11 @@ double Platform::text_width_twips(const std::string& text, const std::string&, d
 
 double Platform::text_height_twips(const std::string&, double size) { return size * 23.5; }
 
+// The same average glyph, in points.
+double Platform::page_text_width(const std::string& text, const PageFont& font) {
+    return static_cast<double>(text.size()) * font.size * 0.545;
+}
+
 void Platform::report_file_error(int number, const std::string& description, const std::string&,
                                  const std::string&) {
     report_runtime_error(number, description);

@@ -1,15 +1,16 @@
 #pragma once
-// The one way out of the core: dialogs, clipboard, printers, the busy pointer, pending events
-// and the showing of windows. QtPlatform, the CLI's BatchPlatform and the tests' FakePlatform
+// The one way out of the core: dialogs, clipboard, printers and PDF pages, the busy pointer,
+// pending events and the showing of windows. QtPlatform, the CLI's BatchPlatform and the tests' FakePlatform
 // implement it.
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "forms/page.h"
+
 namespace tv::forms {
 
 class Form;
-class PictureBox;
 
 enum class MsgButtons { Ok, OkCancel, AbortRetryIgnore, YesNoCancel, YesNo, RetryCancel };
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
@@ -21,27 +22,6 @@ struct FileDialogRequest {
     std::string file_name;  // preset name, "*.txt"
     std::string title;
 };
-
-/// One printed page: a picture or the image of a window, then lines of text.
-struct PrintJob {
-    std::string printer;                // from the printers() list
-    std::string title;                  // document name
-    const Form* form_image = nullptr;   // the window's image (Form8)
-    const PictureBox* picture = nullptr;  // a picture's drawing (Form6, Form10)
-    std::string font = "Tahoma";
-    std::string heading;                // printed above the lines, larger
-    std::vector<std::string> lines;
-    std::string pdf_path;               // not empty: the page goes to this PDF file instead
-};
-
-/// The name rule of "Save PDF...": ".pdf" is added when the name does not end in it (any case).
-inline std::string pdf_file_name(std::string chosen) {
-    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    const std::string tail = ".pdf";
-    bool has = chosen.size() >= tail.size();
-    for (std::size_t i = 0; has && i < tail.size(); ++i) has = lower(chosen[chosen.size() - tail.size() + i]) == tail[i];
-    return has ? chosen : chosen + tail;
-}
 
 class Platform {
 public:
@@ -59,8 +39,14 @@ public:
 
     virtual std::vector<std::string> printers() = 0;
     virtual std::string current_printer() = 0;
-    /// Prints one page; false when nothing could be printed.
-    virtual bool print(const PrintJob& job) = 0;
+    /// Prints `page` on the printer named (the default one when it is not known); false when
+    /// nothing could be printed.
+    virtual bool print(const Page& page, const std::string& printer) = 0;
+    /// The pages as the bytes of one PDF file, in memory. False, with the reason, when the PDF
+    /// could not be made whole.
+    virtual bool render_pdf(const std::vector<Page>& pages, std::string& bytes, std::string& reason) = 0;
+    /// The width in points of `text` set in `font`, for laying out a page.
+    virtual double page_text_width(const std::string& text, const PageFont& font);
 
     virtual void set_busy(bool busy) = 0;
     /// Lets pending window events run (DoEvents).
@@ -88,19 +74,5 @@ public:
     virtual double text_width_twips(const std::string& text, const std::string& font, double size);
     virtual double text_height_twips(const std::string& font, double size);
 };
-
-/// "Save PDF...": the page of `job` goes to a PDF file named in a save dialog, whether or not a
-/// printer exists. A cancelled dialog writes nothing; a file that cannot be written is error 75.
-inline void save_page_as_pdf(Platform& platform, PrintJob job) {
-    FileDialogRequest request;
-    request.save = true;
-    request.filter = "PDF File | *.pdf";
-    request.file_name = "*.pdf";
-    request.title = "Save PDF";
-    const std::optional<std::string> chosen = platform.file_dialog(request);
-    if (!chosen || chosen->empty() || *chosen == request.file_name) return;
-    job.pdf_path = pdf_file_name(*chosen);
-    if (!platform.print(job)) platform.report_runtime_error(75, "Path/File access error");
-}
 
 }  // namespace tv::forms

@@ -19,7 +19,8 @@ public:
     void set_clipboard_text(const std::string&) override {}
     std::vector<std::string> printers() override { return {}; }
     std::string current_printer() override { return {}; }
-    bool print(const PrintJob&) override { return false; }
+    bool print(const Page&, const std::string&) override { return false; }
+    bool render_pdf(const std::vector<Page>&, std::string&, std::string&) override { return false; }
     void set_busy(bool) override {}
     void do_events() override {}
     void show_form(Form&, bool) override {}

@@ -5,8 +5,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
-#include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
@@ -17,6 +15,7 @@
 #include "gui/bind/binder.h"
 #include "gui/platform/view_registry.h"
 #include "gui_fixture.h"
+#include "windows/printing/page_composer.h"
 
 namespace tv::gui {
 namespace {
@@ -118,25 +117,23 @@ public:
     }
 };
 
-TEST(QtPlatformPrint, PageGoesToAPdfFile) {
+TEST(QtPlatformPrint, PagesBecomeOnePdfInMemory) {
     ViewRegistry views;
     QtPlatform platform(views);
     forms::App app(platform);
-    PageForm& form = app.form<PageForm>();
-    forms::PrintJob job;
-    job.title = "Pushover";
-    job.picture = &form.pic1;
-    job.heading = "Final Results";
-    job.lines = {"Pushover Area :  12.5", "K-Effective : 3.1"};
-    job.pdf_path = (QDir::tempPath() + "/tv_gui_page_test.pdf").toStdString();
-    QFile::remove(QString::fromStdString(job.pdf_path));
-    ASSERT_TRUE(platform.print(job));
-    QFile pdf(QString::fromStdString(job.pdf_path));
-    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(pdf.read(5).startsWith("%PDF"));
-    EXPECT_GT(pdf.size(), 1000);
-    pdf.close();
-    QFile::remove(pdf.fileName());
+    windows::PageContent content;
+    content.title = "Pushover";
+    content.picture = &app.form<PageForm>().pic1;
+    content.heading = "Final Results";
+    content.lines = {"Pushover Area :  12.5", "K-Effective : 3.1"};
+    const forms::Page page = windows::compose_page(content, platform);
+    std::string pdf, reason;
+    ASSERT_TRUE(platform.render_pdf({page, page}, pdf, reason)) << reason;
+    EXPECT_EQ(pdf.rfind("%PDF-", 0), 0u);
+    int pages = 0;
+    for (std::size_t at = pdf.find("/Type /Page"); at != std::string::npos; at = pdf.find("/Type /Page", at + 1))
+        pages += pdf.compare(at, 12, "/Type /Pages") != 0;
+    EXPECT_EQ(pages, 2);
 }
 
 // A window with a view of its own, shown without a frame.
@@ -191,19 +188,6 @@ TEST_F(QtPlatformWindows, ClosingIsAnUnloadTheWindowMayRefuse) {
     test::settle();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.isNull());
-}
-
-TEST_F(QtPlatformWindows, WindowImageGoesToAPdfFile) {
-    PageForm& form = app.form<PageForm>();
-    form.show();
-    forms::PrintJob job;
-    job.title = "Page";
-    job.form_image = &form;
-    job.pdf_path = (QDir::tempPath() + "/tv_gui_window_test.pdf").toStdString();
-    QFile::remove(QString::fromStdString(job.pdf_path));
-    ASSERT_TRUE(platform.print(job));
-    EXPECT_TRUE(QFile::exists(QString::fromStdString(job.pdf_path)));
-    QFile::remove(QString::fromStdString(job.pdf_path));
 }
 
 TEST_F(QtPlatformWindows, ModalShowWaitsUntilTheWindowGoes) {

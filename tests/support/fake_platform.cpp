@@ -40,8 +40,19 @@ std::optional<std::string> FakePlatform::file_dialog(const forms::FileDialogRequ
     return a;
 }
 
-bool FakePlatform::print(const forms::PrintJob& job) {
-    printed.push_back(job);
+bool FakePlatform::print(const forms::Page& page, const std::string& printer) {
+    printed.push_back({page, printer});
+    return true;
+}
+
+bool FakePlatform::render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) {
+    if (pdf_fails) {
+        pdf_fails = false;
+        reason = "error while writing to output stream";
+        return false;
+    }
+    pdfs.push_back(pages);
+    bytes = "%PDF-fake " + std::to_string(pages.size()) + " page(s)\n";
     return true;
 }
 
@@ -52,6 +63,13 @@ void FakePlatform::unload_form(forms::Form& form) { unloaded.push_back(form.name
 std::vector<std::string> FakePlatform::message_texts() const {
     std::vector<std::string> out;
     for (const auto& m : messages) out.push_back(m.text);
+    return out;
+}
+
+std::vector<std::string> page_texts(const forms::Page& page) {
+    std::vector<std::string> out;
+    for (const forms::PageOp& op : page.ops)
+        if (op.kind == forms::PageOp::Kind::Text) out.push_back(op.text);
     return out;
 }
 

@@ -9,6 +9,11 @@
 
 namespace tv::test {
 
+struct Printed {
+    forms::Page page;
+    std::string printer;
+};
+
 struct Message {
     std::string text;
     forms::MsgButtons buttons;
@@ -29,7 +34,11 @@ public:
     std::vector<forms::FileDialogRequest> file_requests;
     std::vector<std::pair<int, std::string>> runtime_errors;
     std::string clipboard;
-    std::vector<forms::PrintJob> printed;
+    std::vector<Printed> printed;
+    /// The pages of every PDF made; the PDF itself is a short stand-in text.
+    std::vector<std::vector<forms::Page>> pdfs;
+    /// The next PDF fails, as a broken stream would.
+    bool pdf_fails = false;
     std::vector<std::string> printer_names;
     int do_events_calls = 0;
     bool busy = false;
@@ -44,7 +53,8 @@ public:
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     std::vector<std::string> printers() override { return printer_names; }
     std::string current_printer() override { return printer_names.empty() ? std::string() : printer_names.front(); }
-    bool print(const forms::PrintJob& job) override;
+    bool print(const forms::Page& page, const std::string& printer) override;
+    bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) override;
     void set_busy(bool b) override { busy = b; }
     void do_events() override { ++do_events_calls; }
     void show_form(forms::Form& form, bool modal) override;
@@ -58,6 +68,9 @@ public:
     /// The texts of the message boxes shown so far.
     std::vector<std::string> message_texts() const;
 };
+
+/// The texts of a page in the order they are drawn; its lines come last.
+std::vector<std::string> page_texts(const forms::Page& page);
 
 /// Path of a file under ../shared/data, or empty when the data is not there.
 std::string data_path(const std::string& relative);

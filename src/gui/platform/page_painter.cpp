@@ -1,77 +1,131 @@
 #include "gui/platform/page_painter.h"
 
+#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
-#include <QPaintDevice>
+#include <QImage>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPainter>
-#include <QPixmap>
-#include <algorithm>
-
-#include "forms/picture_box.h"
-#include "forms/platform.h"
-#include "gui/bind/old_units.h"
-#include "gui/bind/picture_view.h"
+#include <QPdfWriter>
 
 namespace tv::gui {
 
 namespace {
 
-QFont page_font(const std::string& family, double points, bool bold = false) {
-    QFont f;
-    f.setFamilies({QString::fromStdString(family), QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans"),
-                   QStringLiteral("Sans Serif")});
-    f.setPointSizeF(points);
-    f.setBold(bold);
-    return f;
+QColor colour(int rgb) { return QColor((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF); }
+
+// The family alone: where it is missing, the system's substitute stands in, the one cairo
+// takes too, so that both front ends set the page in the same font.
+QFont page_font(const forms::PageFont& f) {
+    QFont font(QString::fromStdString(f.family));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPointSizeF(f.size);
+    font.setBold(f.bold);
+    return font;
+}
+
+QPageLayout page_layout(const forms::Page& page) {
+    return QPageLayout(QPageSize(QSizeF(page.width, page.height), QPageSize::Point), QPageLayout::Portrait,
+                       QMarginsF());
 }
 
 }  // namespace
 
-void paint_page(QPainter& p, const QRectF& area, const forms::PrintJob& job, const QPixmap* form_image) {
-    const double dpi = p.device()->logicalDpiX();
-    double y = area.top();
-    const double gap = dpi / 6;  // a sixth of an inch between the parts
+void paint_page(QPainter& p, const forms::Page& page, double per_point) {
+    auto at = [&](double x, double y) { return QPointF(x * per_point, y * per_point); };
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing, true);
+    p.setRenderHint(QPainter::TextAntialiasing, true);
+    forms::PageRect clip;
+    for (const forms::PageOp& op : page.ops) {
+        if (!(op.clip == clip)) {
+            if (op.clip.empty())
+                p.setClipping(false);
+            else
+                p.setClipRect(QRectF(at(op.clip.x, op.clip.y), QSizeF(op.clip.w * per_point, op.clip.h * per_point)));
+            clip = op.clip;
+        }
+        switch (op.kind) {
+            case forms::PageOp::Kind::Line:
+                if (op.colour < 0) break;
+                p.setPen(QPen(colour(op.colour), op.width * per_point, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+                p.drawLine(at(op.x1, op.y1), at(op.x2, op.y2));
+                break;
+            case forms::PageOp::Kind::Rect: {
+                const QRectF r(at(op.x1, op.y1), at(op.x2, op.y2));
+                if (op.fill >= 0) p.fillRect(r, colour(op.fill));
+                if (op.colour < 0 || op.width <= 0) break;
+                p.setPen(QPen(colour(op.colour), op.width * per_point, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+                p.setBrush(Qt::NoBrush);
+                p.drawRect(r);
+                break;
+            }
+            case forms::PageOp::Kind::Dot:
+                if (op.colour < 0) break;
+                p.setPen(Qt::NoPen);
+                p.setBrush(colour(op.colour));
+                p.drawEllipse(at(op.x1, op.y1), op.width * per_point, op.width * per_point);
+                break;
+            case forms::PageOp::Kind::Text: {
+                if (op.colour < 0) break;
+                p.setFont(page_font(op.font));
+                // The operation gives the top-left corner; Qt sets text on its base line.
+                const QFontMetricsF fm(p.font(), p.device());
+                p.setPen(colour(op.colour));
+                p.drawText(at(op.x1, op.y1) + QPointF(0, fm.ascent()), QString::fromStdString(op.text));
+                break;
+            }
+        }
+    }
+    p.restore();
+}
 
-    if (job.picture != nullptr) {
-        const forms::PictureBox& pic = *job.picture;
-        double per_twip = dpi / kTwipsPerInch;
-        const double w = pic.width() * per_twip;
-        if (w > area.width() && w > 0) per_twip *= area.width() / w;
-        p.save();
-        p.translate(area.left(), y);
-        const QRectF drawn(0, 0, pic.width() * per_twip, pic.height() * per_twip);
-        p.setClipRect(drawn);
-        paint_picture(p, pic, {}, PaintScale{per_twip, dpi / 96.0}, drawn);
-        p.restore();
-        y += drawn.height() + gap;
-    } else if (form_image != nullptr && !form_image->isNull()) {
-        // The window as it stands on the screen, at the screen's size.
-        const QSizeF logical = form_image->deviceIndependentSize();
-        double scale = dpi / 96.0;
-        if (logical.width() * scale > area.width()) scale = area.width() / logical.width();
-        const QRectF target(area.left(), y, logical.width() * scale, logical.height() * scale);
-        p.save();
-        p.setRenderHint(QPainter::SmoothPixmapTransform, true);
-        p.drawPixmap(target, *form_image, QRectF(form_image->rect()));
-        p.restore();
-        y += target.height() + gap;
+bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) {
+    QByteArray data;
+    QBuffer buffer(&data);
+    if (!buffer.open(QIODevice::WriteOnly)) {
+        reason = buffer.errorString().toStdString();
+        return false;
     }
+    const forms::Page blank;
+    const forms::Page& first = pages.empty() ? blank : pages.front();
+    bool done = false;
+    {
+        QPdfWriter writer(&buffer);
+        writer.setTitle(QString::fromStdString(first.title));
+        writer.setPageLayout(page_layout(first));
+        QPainter p;
+        if (p.begin(&writer)) {
+            for (std::size_t i = 0; i < pages.size(); ++i) {
+                if (i > 0) {
+                    writer.setPageLayout(page_layout(pages[i]));
+                    writer.newPage();
+                }
+                paint_page(p, pages[i], writer.resolution() / 72.0);
+            }
+            done = p.end();
+        }
+    }
+    buffer.close();
+    if (!done || data.isEmpty()) {
+        reason = "the PDF could not be made";
+        return false;
+    }
+    bytes.assign(data.constData(), static_cast<std::size_t>(data.size()));
+    return true;
+}
 
-    if (!job.heading.empty()) {
-        p.setFont(page_font(job.font, 14, true));
-        const QFontMetricsF fm(p.font(), p.device());
-        p.setPen(Qt::black);
-        p.drawText(QPointF(area.left(), y + fm.ascent()), QString::fromStdString(job.heading));
-        y += fm.lineSpacing() * 1.5;
-    }
-    p.setFont(page_font(job.font, 10));
-    const QFontMetricsF fm(p.font(), p.device());
-    p.setPen(Qt::black);
-    for (const std::string& line : job.lines) {
-        if (y + fm.height() > area.bottom()) break;
-        p.drawText(QPointF(area.left(), y + fm.ascent()), QString::fromStdString(line));
-        y += fm.lineSpacing();
-    }
+double page_text_width(const std::string& text, const forms::PageFont& font) {
+    // Measured at 1200 dots an inch, where the glyphs' hinting no longer rounds the widths.
+    static const QImage device = [] {
+        QImage image(1, 1, QImage::Format_RGB32);
+        image.setDotsPerMeterX(47244);
+        image.setDotsPerMeterY(47244);
+        return image;
+    }();
+    const QFontMetricsF fm(page_font(font), &device);
+    return fm.horizontalAdvance(QString::fromStdString(text)) * 72.0 / device.logicalDpiX();
 }
 
 }  // namespace tv::gui

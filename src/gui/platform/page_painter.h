@@ -1,18 +1,21 @@
 #pragma once
-// One printed page of a PrintJob, painted on any device (printer, PDF, image).
-#include <QRectF>
+// The printed page painted by Qt: on a printer, into a PDF in memory, or into an image.
+#include <string>
+#include <vector>
+
+#include "forms/page.h"
 
 class QPainter;
-class QPixmap;
-
-namespace tv::forms {
-struct PrintJob;
-}
 
 namespace tv::gui {
 
-/// Paints the page inside `area` (device units): first the picture or the window's image at
-/// its size on the screen (shrunk to fit the width), then the heading, larger, and the lines.
-void paint_page(QPainter& p, const QRectF& area, const forms::PrintJob& job, const QPixmap* form_image);
+/// Paints `page` at `per_point` device units a point, from the device's top-left corner.
+void paint_page(QPainter& p, const forms::Page& page, double per_point);
+
+/// The pages as one PDF file in memory; false with the reason when the writer failed.
+bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason);
+
+/// The width in points of `text` set in `font`.
+double page_text_width(const std::string& text, const forms::PageFont& font);
 
 }  // namespace tv::gui

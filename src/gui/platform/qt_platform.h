@@ -1,6 +1,7 @@
 #pragma once
 // The platform of the desktop program: Qt dialogs, clipboard, printers, the busy pointer, and
-// the windows' views in the main frame's multiple-document area.
+// the windows' views in the main frame's multiple-document area. Its dialogs, printing and
+// window hosting each have a file of their own.
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -41,7 +42,9 @@ public:
     void set_clipboard_text(const std::string& text) override;
     std::vector<std::string> printers() override;
     std::string current_printer() override;
-    bool print(const forms::PrintJob& job) override;
+    bool print(const forms::Page& page, const std::string& printer) override;
+    bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) override;
+    double page_text_width(const std::string& text, const forms::PageFont& font) override;
     void set_busy(bool busy) override;
     void do_events() override;
     void show_form(forms::Form& form, bool modal) override;

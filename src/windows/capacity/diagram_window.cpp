@@ -9,6 +9,8 @@
 #include "windows/capacity/capacity_axes.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/grid_table.h"
+#include "windows/printing/page_composer.h"
+#include "windows/printing/printing.h"
 
 namespace tv::windows {
 
@@ -55,15 +57,7 @@ Form10::Form10(forms::App& app) : Window(app, "Form10", "Diagram", 11000, 6500),
 void Form10::Form_Activate() {
     if (activated) return;
     activated = true;
-    xprinter.clear();
-    const std::vector<std::string> names = platform().printers();
-    for (const std::string& n : names) xprinter.add_item(n);
-    const std::string current = platform().current_printer();
-    auto it = std::find(names.begin(), names.end(), current);
-    if (it != names.end())
-        xprinter.set_list_index(static_cast<int>(it - names.begin()));
-    else
-        xprinter.set_text(current);
+    fill_printer_list(xprinter, platform());
     fillarray();
     plot_or_say_so();
 }
@@ -112,7 +106,7 @@ void Form10::legible_axes() {
 
 void Form10::Command1_Click() { program().unload(*this); }
 
-forms::PrintJob Form10::report_page() {
+forms::Page Form10::report_page() {
     // Plot and strips side by side, as the chart stands in its container.
     pic1.cls();
     auto copy = [this](const forms::PictureBox& from, double dx, double dy) {
@@ -136,23 +130,19 @@ forms::PrintJob Form10::report_page() {
     copy(chart.PicxSxale, chart.PicxSxale.left(), chart.PicxSxale.top());
 
     const Form9& f9 = program().form<Form9>();
-    forms::PrintJob job;
-    job.printer = xprinter.text();
-    job.title = caption();
-    job.picture = &pic1;
-    job.font = "Tahoma";
-    job.heading = "Diagram & Result";
-    job.lines = {f9.Label16.caption() + " " + f9.Re1.text() + " " + f9.vahed.caption(),
-                 f9.Label17.caption() + " " + f9.Re2.text(), f9.Label18.caption() + " " + f9.Re3.text(),
-                 f9.Label19.caption() + " " + f9.Re4.text()};
-    return job;
+    PageContent page;
+    page.title = caption();
+    page.picture = &pic1;
+    page.font = "Tahoma";
+    page.heading = "Diagram & Result";
+    page.lines = {f9.Label16.caption() + " " + f9.Re1.text() + " " + f9.vahed.caption(),
+                  f9.Label17.caption() + " " + f9.Re2.text(), f9.Label18.caption() + " " + f9.Re3.text(),
+                  f9.Label19.caption() + " " + f9.Re4.text()};
+    return compose_page(page, platform());
 }
 
-void Form10::Command2_Click() {
-    if (platform().printers().empty()) return;
-    platform().print(report_page());
-}
+void Form10::Command2_Click() { print_page(platform(), report_page(), xprinter.text()); }
 
-void Form10::cmdSavePdf_Click() { forms::save_page_as_pdf(platform(), report_page()); }
+void Form10::cmdSavePdf_Click() { save_page_as_pdf(platform(), report_page()); }
 
 }  // namespace tv::windows

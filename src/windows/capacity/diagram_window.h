@@ -2,7 +2,7 @@
 // Form10 ("Diagram"): the result of the capacity spectrum method drawn as five series (demand,
 // reduced demand, capacity curve, bilinear form, reduced points of the sweep), with the
 // read-out and the printed page "Diagram & Result".
-#include "forms/platform.h"
+#include "forms/page.h"
 #include "windows/capacity/capacity_results.h"
 #include "windows/chart/chart.h"
 #include "windows/program.h"
@@ -50,7 +50,7 @@ public:
     /// The plot under the window's trap: a failure shows "Error Reading File".
     void plot_or_say_so();
     /// The page that Print sends.
-    forms::PrintJob report_page();
+    forms::Page report_page();
 };
 
 }  // namespace tv::windows

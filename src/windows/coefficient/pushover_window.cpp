@@ -12,6 +12,8 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/coefficient/target_displacement_window.h"
+#include "windows/printing/page_composer.h"
+#include "windows/printing/printing.h"
 
 namespace tv::windows {
 
@@ -84,18 +86,7 @@ void Form6::Form_Load() {
     Check1.set_enabled(false);
 }
 
-void Form6::Form_Activate() {
-    xprinter.clear();
-    const std::vector<std::string> names = platform().printers();
-    for (const std::string& n : names) xprinter.add_item(n);
-    const std::string current = platform().current_printer();
-    // Showing the current name selects its entry; an empty list selects nothing.
-    auto it = std::find(names.begin(), names.end(), current);
-    if (it != names.end())
-        xprinter.set_list_index(static_cast<int>(it - names.begin()));
-    else
-        xprinter.set_text(current);
-}
+void Form6::Form_Activate() { fill_printer_list(xprinter, platform()); }
 
 void Form6::show_error(const std::string& message) {
     platform().message_box(message, forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
@@ -498,7 +489,7 @@ void Form6::Text11_Change() {
     Text8.set_text("");
 }
 
-forms::PrintJob Form6::report_page() {
+forms::Page Form6::report_page() {
     // The staging copy of Picture1: the diagram, its strips and the lines laid over it.
     pic1.cls();
     auto copy = [this](const forms::PictureBox& from) {
@@ -531,25 +522,21 @@ forms::PrintJob Form6::report_page() {
         }
     }
 
-    forms::PrintJob job;
-    job.printer = xprinter.text();
-    job.title = caption();
-    job.picture = &pic1;
-    job.font = "Tahoma";
-    job.lines = {Frame1.caption(),
-                 Label11.caption() + " " + lblArea.caption(),
-                 lblPArea.caption() + " " + lblArea2.caption(),
-                 Label5.caption() + " " + txtKE.caption(),
-                 Label8.caption() + " " + txtTI.text(),
-                 Label18.caption() + " " + txtTEF.caption()};
-    return job;
+    PageContent page;
+    page.title = caption();
+    page.picture = &pic1;
+    page.font = "Tahoma";
+    page.lines = {Frame1.caption(),
+                  Label11.caption() + " " + lblArea.caption(),
+                  lblPArea.caption() + " " + lblArea2.caption(),
+                  Label5.caption() + " " + txtKE.caption(),
+                  Label8.caption() + " " + txtTI.text(),
+                  Label18.caption() + " " + txtTEF.caption()};
+    return compose_page(page, platform());
 }
 
-void Form6::Command6_Click() {
-    if (platform().printers().empty()) return;
-    platform().print(report_page());
-}
+void Form6::Command6_Click() { print_page(platform(), report_page(), xprinter.text()); }
 
-void Form6::cmdSavePdf_Click() { forms::save_page_as_pdf(platform(), report_page()); }
+void Form6::cmdSavePdf_Click() { save_page_as_pdf(platform(), report_page()); }
 
 }  // namespace tv::windows

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "compute/coefficient/pushover_table.h"
-#include "forms/platform.h"
+#include "forms/page.h"
 #include "text/checked.h"
 #include "windows/program.h"
 
@@ -170,7 +170,7 @@ public:
     /// Save PDF...: the page of Print, to a PDF file, with or without a printer.
     void cmdSavePdf_Click();
     /// The page that Print sends: the staged diagram and the lines of the final results.
-    forms::PrintJob report_page();
+    forms::Page report_page();
 
     /// Selects a row of Fg as a user's click does: it becomes the only selected row and the
     /// current row (so RowColChange runs when the row changes).

@@ -9,6 +9,8 @@
 #include "text/rounding.h"
 #include "windows/coefficient/note_window.h"
 #include "windows/coefficient/pushover_window.h"
+#include "windows/printing/page_composer.h"
+#include "windows/printing/printing.h"
 
 namespace tv::windows {
 
@@ -164,20 +166,62 @@ void Form8::showForm11(double requestedPeriod) {
     f.show(true);
 }
 
-forms::PrintJob Form8::report_page() {
-    forms::PrintJob job;
-    const Form6* f6 = program().if_loaded<Form6>();
-    job.printer = f6 && !f6->xprinter.text().empty() ? f6->xprinter.text() : platform().current_printer();
-    job.title = caption();
-    job.form_image = this;
-    return job;
+namespace {
+
+// The window as it stands: the building and its tables, the inputs, the output, the buttons.
+WindowLayout page_layout() {
+    auto part = [](LayoutRow r) { return LayoutPart{std::move(r), {}}; };
+    auto box = [](std::vector<LayoutRow> rows) { return LayoutPart{{}, std::move(rows)}; };
+    WindowLayout l;
+    l.columns.push_back(LayoutColumn{{
+        LayoutGroup{"Building",
+                    {part({{"lblStories"}, {"Text1", 30}}), box({{{"Check1"}}, {{"Check2"}}, {{"Check3"}}}),
+                     part({{"lblC0"}, {"Text12", 44}}),
+                     box({{{"Check11"}}, {{"Check12"}}, {{"Check13"}}, {{"Check14"}}}),
+                     part({{"lblCm"}, {"Text11", 44}}), box({{{"Check4"}}, {{"Check5"}}, {{"Check6"}}})}},
+        LayoutGroup{"fraSoil", {part({{"Check7"}, {"Check8"}, {"Check9"}})}},
+    }});
+    l.columns.push_back(LayoutColumn{{LayoutGroup{"Inputs",
+                                                  {part({{"lblTe"}, {"Text7", 48}, {"lblTeUnit"}}),
+                                                   part({{"lblSa"}, {"Text2", 48}, {"Command3", 30}}),
+                                                   part({{"lblTs"}, {"Text8", 48}, {"lblTsUnit"}}),
+                                                   part({{"lblW"}, {"Text10", 48}, {"lblWUnit"}}),
+                                                   part({{"lblDy"}, {"Text16", 48}, {"lblDyUnit"}}),
+                                                   part({{"lblVy"}, {"Text17", 48}, {"lblVyUnit"}}),
+                                                   part({{"lblLimit"}, {"Text18", 48}, {"lblLimitUnit"}}),
+                                                   part({{"lblAlphaE"}, {"Text15", 48}, {"Check10"}})},
+                                                  true}}});
+    l.columns.push_back(LayoutColumn{{LayoutGroup{"Frame1",
+                                                  {part({{"lblC0Out"}, {"Text3", 44}}), part({{"lblC1"}, {"Text4", 44}}),
+                                                   part({{"lblC2"}, {"Text5", 44}}),
+                                                   part({{"lblC3"}, {"Text6", 44}, {"Check15"}}),
+                                                   part({{"lblRu"}, {"Text13", 44}}),
+                                                   part({{"lblRmax"}, {"Text14", 44}}),
+                                                   part({{"lblAlpha"}, {"Label18"}}), part({{"Label17"}}),
+                                                   part({{"lblTarget"}, {"Text9", 44}, {"lblTargetUnit"}})},
+                                                  true}}});
+    l.buttons = {{"Command2", 62}, {"print", 62}, {"cmdSavePdf", 62}};
+    l.button_right = {{"Command1", 62}};
+    return l;
+}
+
+}  // namespace
+
+forms::Page Form8::report_page() {
+    PageContent page;
+    page.title = caption();
+    page.window = this;
+    page.window_layout = page_layout();
+    return compose_page(page, platform());
 }
 
 void Form8::print_Click() {
-    if (platform().printers().empty()) return;
-    platform().print(report_page());
+    const Form6* f6 = program().if_loaded<Form6>();
+    const std::string printer =
+        f6 && !f6->xprinter.text().empty() ? f6->xprinter.text() : platform().current_printer();
+    print_page(platform(), report_page(), printer);
 }
 
-void Form8::cmdSavePdf_Click() { forms::save_page_as_pdf(platform(), report_page()); }
+void Form8::cmdSavePdf_Click() { save_page_as_pdf(platform(), report_page()); }
 
 }  // namespace tv::windows

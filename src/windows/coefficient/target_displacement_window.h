@@ -4,7 +4,7 @@
 // calculation, so Form6 must stay loaded.
 #include <vector>
 
-#include "forms/platform.h"
+#include "forms/page.h"
 #include "windows/program.h"
 
 namespace tv::windows {
@@ -123,7 +123,7 @@ public:
     /// Save PDF...: the page of Print, to a PDF file, with or without a printer.
     void cmdSavePdf_Click();
     /// The page that Print sends: the image of this window alone.
-    forms::PrintJob report_page();
+    forms::Page report_page();
 
 private:
     /// The box just clicked turns the others of its group off, and itself on when all are off.

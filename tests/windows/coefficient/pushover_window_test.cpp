@@ -533,19 +533,20 @@ TEST_F(PushoverWindowTest, AListingWithoutItsHeadingGivesAnEmptyTableAndNoDiagra
     EXPECT_TRUE(f.Fg.selected_rows().empty());
 }
 
+const std::vector<std::string> kFinalResults = {
+    "Final Results",          "Pushover Area :  21550.000", "Collision Area : 21339.386",
+    "K-Effective : 1435.036", "Ti (Sec) :  1",              "T-Effective : 1.022"};
+
 TEST_F(PushoverWindowTest, PrintPutsTheDiagramAndTheFinalResultsOnThePage) {
     solve_softening();
     windows::Form6& f = f6();
     program.run([&] { f.xprinter.set_list_index(1); });
     press(f.Command6);
     ASSERT_EQ(platform.printed.size(), 1u);
-    const forms::PrintJob& job = platform.printed[0];
-    EXPECT_EQ(job.printer, "PDF Printer");
-    EXPECT_EQ(job.font, "Tahoma");
-    EXPECT_EQ(job.picture, &f.pic1);
-    EXPECT_EQ(job.lines, (std::vector<std::string>{"Final Results", "Pushover Area :  21550.000",
-                                                   "Collision Area : 21339.386", "K-Effective : 1435.036",
-                                                   "Ti (Sec) :  1", "T-Effective : 1.022"}));
+    EXPECT_EQ(platform.printed[0].printer, "PDF Printer");
+    const std::vector<std::string> texts = page_texts(platform.printed[0].page);
+    ASSERT_GE(texts.size(), 6u);
+    EXPECT_EQ(std::vector<std::string>(texts.end() - 6, texts.end()), kFinalResults);
     // The staged copy holds the curve, both strips and the two bilinear lines.
     const std::size_t expected = f.picDiagram.ops().size() + f.xBar.ops().size() + f.yBar.ops().size() + 2;
     EXPECT_EQ(f.pic1.ops().size(), expected);
@@ -562,26 +563,27 @@ TEST_F(PushoverWindowTest, SavePdfSendsThePrintedPageToTheChosenFile) {
     ASSERT_EQ(platform.file_requests.size(), 1u);
     EXPECT_TRUE(platform.file_requests[0].save);
     EXPECT_EQ(platform.file_requests[0].filter, "PDF File | *.pdf");
-    ASSERT_EQ(platform.printed.size(), 1u);
-    const forms::PrintJob& job = platform.printed[0];
-    EXPECT_EQ(job.pdf_path, (dir / "report.pdf").string());
+    ASSERT_EQ(platform.pdfs.size(), 1u);
+    EXPECT_TRUE(std::filesystem::exists(dir / "report.pdf"));
     // The same page as Print: the staged diagram and the final results.
-    EXPECT_EQ(job.picture, &f.pic1);
-    EXPECT_EQ(job.form_image, nullptr);
-    EXPECT_EQ(job.lines, (std::vector<std::string>{"Final Results", "Pushover Area :  21550.000",
-                                                   "Collision Area : 21339.386", "K-Effective : 1435.036",
-                                                   "Ti (Sec) :  1", "T-Effective : 1.022"}));
+    ASSERT_EQ(platform.pdfs[0].size(), 1u);
+    const forms::Page& page = platform.pdfs[0][0];
+    EXPECT_EQ(page.title, f.caption());
+    const std::vector<std::string> texts = page_texts(page);
+    ASSERT_GE(texts.size(), 6u);
+    EXPECT_EQ(std::vector<std::string>(texts.end() - 6, texts.end()), kFinalResults);
     EXPECT_TRUE(platform.messages.empty());
 
     // A name that ends in .PDF keeps it; Print itself still goes to the printer, not to a file.
     platform.printer_names = {"Office Laser"};
     platform.file_answers.push_back((dir / "Report.PDF").string());
     press(f.cmdSavePdf);
-    ASSERT_EQ(platform.printed.size(), 2u);
-    EXPECT_EQ(platform.printed[1].pdf_path, (dir / "Report.PDF").string());
+    EXPECT_EQ(platform.pdfs.size(), 2u);
+    EXPECT_TRUE(std::filesystem::exists(dir / "Report.PDF"));
+    EXPECT_TRUE(platform.printed.empty());
     press(f.Command6);
-    ASSERT_EQ(platform.printed.size(), 3u);
-    EXPECT_EQ(platform.printed[2].pdf_path, "");
+    EXPECT_EQ(platform.printed.size(), 1u);
+    EXPECT_EQ(platform.pdfs.size(), 2u);
 }
 
 TEST_F(PushoverWindowTest, ACancelledSavePdfWritesNothing) {
@@ -591,7 +593,7 @@ TEST_F(PushoverWindowTest, ACancelledSavePdfWritesNothing) {
     // A dialog that gives the preset back is a cancel too.
     platform.file_answers.push_back("*.pdf");
     press(f6().cmdSavePdf);
-    EXPECT_TRUE(platform.printed.empty());
+    EXPECT_TRUE(platform.pdfs.empty());
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_TRUE(platform.runtime_errors.empty());
 }

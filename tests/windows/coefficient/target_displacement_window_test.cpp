@@ -2,7 +2,10 @@
 // target displacement and Rmax worked by hand, the note window and printing.
 #include "coefficient_fixture.h"
 
+#include <cmath>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "windows/capacity/sa_window.h"
 
@@ -279,32 +282,57 @@ TEST_F(TargetDisplacementTest, TheNoteOpensAndCloses) {
     EXPECT_FALSE(program.is_loaded<windows::Form7>());
 }
 
-TEST_F(TargetDisplacementTest, SavePdfSendsTheWindowImageToTheChosenFile) {
-    hand_over();
-    platform.printer_names.clear();  // a PDF needs no printer
-    platform.file_answers.push_back((dir / "form8").string());
-    press(f8().cmdSavePdf);
-    ASSERT_EQ(platform.printed.size(), 1u);
-    EXPECT_EQ(platform.printed[0].pdf_path, (dir / "form8.pdf").string());
-    EXPECT_EQ(platform.printed[0].form_image, &f8());
-    EXPECT_EQ(platform.printed[0].picture, nullptr);
-    EXPECT_TRUE(platform.printed[0].lines.empty());
-    EXPECT_TRUE(platform.printed[0].heading.empty());
-    press(f8().cmdSavePdf);  // cancelled
-    EXPECT_EQ(platform.printed.size(), 1u);
+// The text drawn at the right of `caption` on its row, nearest to it; empty when none.
+std::string beside(const forms::Page& page, const std::string& caption) {
+    const forms::PageOp* label = nullptr;
+    for (const forms::PageOp& op : page.ops)
+        if (op.kind == forms::PageOp::Kind::Text && op.text == caption) label = &op;
+    if (label == nullptr) return "no caption " + caption;
+    const forms::PageOp* next = nullptr;
+    for (const forms::PageOp& op : page.ops)
+        if (op.kind == forms::PageOp::Kind::Text && std::abs(op.y1 - label->y1) < 0.5 && op.x1 > label->x1 &&
+            (next == nullptr || op.x1 < next->x1))
+            next = &op;
+    return next ? next->text : std::string();
 }
 
-TEST_F(TargetDisplacementTest, PrintSendsTheWindowImageAlone) {
+TEST_F(TargetDisplacementTest, ThePagePrintsEachBoxBesideItsOwnCaption) {
+    hand_over();
+    windows::Form8& f = f8();
+    // Every box holds its own name, so a box printed in another's place shows.
+    const std::vector<std::pair<const forms::Label*, forms::TextBox*>> rows = {
+        {&f.lblStories, &f.Text1}, {&f.lblC0, &f.Text12},     {&f.lblCm, &f.Text11},  {&f.lblTe, &f.Text7},
+        {&f.lblSa, &f.Text2},      {&f.lblTs, &f.Text8},      {&f.lblW, &f.Text10},   {&f.lblDy, &f.Text16},
+        {&f.lblVy, &f.Text17},     {&f.lblLimit, &f.Text18},  {&f.lblAlphaE, &f.Text15}, {&f.lblC0Out, &f.Text3},
+        {&f.lblC1, &f.Text4},      {&f.lblC2, &f.Text5},      {&f.lblC3, &f.Text6},   {&f.lblRu, &f.Text13},
+        {&f.lblRmax, &f.Text14},   {&f.lblTarget, &f.Text9}};
+    program.run([&] {
+        for (const auto& [label, box] : rows) box->set_text(box->name());
+    });
+    const forms::Page page = f.report_page();
+    for (const auto& [label, box] : rows) EXPECT_EQ(beside(page, label->caption()), box->name()) << label->name();
+    // The window alone: its caption on the title bar, no lines of text below it.
+    EXPECT_EQ(page_texts(page).front(), "Calculate Target Displacement");
+    EXPECT_EQ(page_texts(page).back(), "Calculate");
+}
+
+TEST_F(TargetDisplacementTest, PrintAndSavePdfSendTheSamePage) {
     hand_over();
     program.run([&] { f6().xprinter.set_list_index(1); });
     press(f8().print);
     ASSERT_EQ(platform.printed.size(), 1u);
-    EXPECT_EQ(platform.printed[0].form_image, &f8());
     EXPECT_EQ(platform.printed[0].printer, "PDF Printer");
-    EXPECT_TRUE(platform.printed[0].lines.empty());
-    platform.printer_names.clear();
+    platform.printer_names.clear();  // a PDF needs no printer
     press(f8().print);
     EXPECT_EQ(platform.printed.size(), 1u);
+
+    platform.file_answers.push_back((dir / "form8").string());
+    press(f8().cmdSavePdf);
+    ASSERT_EQ(platform.pdfs.size(), 1u);
+    EXPECT_TRUE(std::filesystem::exists(dir / "form8.pdf"));
+    EXPECT_EQ(page_texts(platform.pdfs[0][0]), page_texts(platform.printed[0].page));
+    press(f8().cmdSavePdf);  // cancelled
+    EXPECT_EQ(platform.pdfs.size(), 1u);
 }
 
 }  // namespace

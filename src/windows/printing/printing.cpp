@@ -1,0 +1,89 @@
+#include "windows/printing/printing.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "forms/controls.h"
+#include "forms/platform.h"
+
+namespace tv::windows {
+
+void fill_printer_list(forms::ComboBox& list, forms::Platform& platform) {
+    list.clear();
+    const std::vector<std::string> names = platform.printers();
+    for (const std::string& n : names) list.add_item(n);
+    const std::string current = platform.current_printer();
+    // Showing the current name selects its entry; an empty list selects nothing.
+    auto it = std::find(names.begin(), names.end(), current);
+    if (it != names.end())
+        list.set_list_index(static_cast<int>(it - names.begin()));
+    else
+        list.set_text(current);
+}
+
+void print_page(forms::Platform& platform, const forms::Page& page, const std::string& printer) {
+    if (platform.printers().empty()) return;
+    platform.print(page, printer);
+}
+
+std::string pdf_file_name(const std::string& chosen) {
+    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    const std::string tail = ".pdf";
+    bool has = chosen.size() >= tail.size();
+    for (std::size_t i = 0; has && i < tail.size(); ++i) has = lower(chosen[chosen.size() - tail.size() + i]) == tail[i];
+    return has ? chosen : chosen + tail;
+}
+
+void save_page_as_pdf(forms::Platform& platform, const forms::Page& page) {
+    forms::FileDialogRequest request;
+    request.save = true;
+    request.filter = "PDF File | *.pdf";
+    request.file_name = "*.pdf";
+    request.title = "Save PDF";
+    const std::optional<std::string> chosen = platform.file_dialog(request);
+    if (!chosen || chosen->empty() || *chosen == request.file_name) return;
+    const std::string path = pdf_file_name(*chosen);
+    std::string reason;
+    if (!write_pdf_file(platform, {page}, path, reason))
+        platform.report_file_error(75, "Path/File access error", path, reason);
+}
+
+bool write_pdf_file(forms::Platform& platform, const std::vector<forms::Page>& pages, const std::string& path,
+                    std::string& reason) {
+    std::string bytes;
+    if (!platform.render_pdf(pages, bytes, reason)) return false;
+    return write_whole_file(path, bytes, reason);
+}
+
+bool write_whole_file(const std::string& path, const std::string& bytes, std::string& reason) {
+    namespace fs = std::filesystem;
+    const fs::path target(path);
+    const fs::path temp = target.parent_path() / ("." + target.filename().string() + ".tmp" + std::to_string(::getpid()));
+    std::error_code ec;
+    {
+        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+        if (out) out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (out) out.flush();
+        if (!out) {
+            reason = std::strerror(errno != 0 ? errno : EIO);
+            out.close();
+            fs::remove(temp, ec);
+            return false;
+        }
+    }
+    fs::rename(temp, target, ec);
+    if (ec) {
+        reason = ec.message();
+        fs::remove(temp, ec);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace tv::windows
