@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "compute/capacity/text_table.h"
+#include "compute/files/file_status.h"
 
 namespace tv::compute {
 
@@ -37,13 +38,11 @@ struct CapacityRow {
 };
 
 /// What a read leaves behind, after success and after a failure alike.
-struct CapacityTable {
+/// error is 0 when the whole file was read, else the run-time error number that stopped it; a
+/// file that could not be read also names its path and the system's reason.
+struct CapacityTable : FileStatus {
     /// The rows accepted, in file order, up to a failure.
     std::vector<CapacityRow> rows;
-    /// 0 when the whole file was read; else the run-time error number that stopped it.
-    int error = 0;
-    std::string description;
-    bool ok() const { return error == 0; }
 };
 
 /// Headings of the step table, row 0, columns 0 to 8.
@@ -74,8 +73,8 @@ CapacityPoint capacity_point(const CapacityFields& fields);
 CapacityTable parse_capacity_lines(const std::vector<std::string>& lines);
 
 /// Reads the capacity file at `path` (lines end in LF, CR LF or a lone CR).
-/// Failure: 53 "File not found", 75 "Path/File access error", or those of
-/// parse_capacity_lines; the rows hold what was read.
+/// Failure: those of read_text_file, or those of parse_capacity_lines; the rows hold what was
+/// read.
 CapacityTable read_capacity_file(const std::string& path);
 
 /// Writes the rows into the step table `Fg` as the reader does: for record n (from 0) the
@@ -87,7 +86,8 @@ void write_capacity_rows(TextTable& Fg, const CapacityTable& table);
 void write_capacity_headings(TextTable& Fg);
 
 namespace detail {
-/// The lines of a text file; throws RuntimeError 53 or 75 when it cannot be read.
+/// The lines of a text file; throws text::FileError (53 or 75, with the path and the system's
+/// reason) when it cannot be read.
 std::vector<std::string> read_lines(const std::string& path);
 }  // namespace detail
 

@@ -1,10 +1,6 @@
 #include "compute/spectra/design_spectrum.h"
 
-#include "compute/project/text_file.h"
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include "compute/files/text_file.h"
 
 #include "text/number_text.h"
 #include "text/rounding.h"
@@ -74,7 +70,7 @@ void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, 
 void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
                         std::int32_t& specCount) {
     TextFile file = read_text_file(path);
-    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
+    if (!file.ok()) throw_file_error(file);
     specCount = spectrum_count(tEnd, step);
     designSa.redim(specCount);
     for (long i = 1; i <= specCount && i <= static_cast<long>(file.lines.size()); ++i)
