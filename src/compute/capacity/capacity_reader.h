@@ -78,7 +78,8 @@ CapacityTable parse_capacity_lines(const std::vector<std::string>& lines);
 CapacityTable read_capacity_file(const std::string& path);
 
 /// Writes the rows into the step table `Fg` as the reader does: for record n (from 0) the
-/// table gets n + 2 rows and row n + 1 the nine texts. No rows leave the table as it was.
+/// table gets n + 2 rows and row n + 1 the nine texts, so rows beyond the first two go before
+/// the first record is written. No rows leave the table as it was. Linear in the rows.
 void write_capacity_rows(TextTable& Fg, const CapacityTable& table);
 
 /// Writes the headings into row 0 of `Fg` (nine columns, column 0 500 twips wide, all
