@@ -2,12 +2,11 @@
 
 #include <cairo-pdf.h>
 #include <cairo.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 
+#include "compute/files/file_writer.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 
@@ -450,51 +449,43 @@ void draw_page(cairo_t* cr, const forms::PrintJob& job) {
     }
 }
 
-std::filesystem::path temp_beside(const std::filesystem::path& target) {
-    return target.parent_path() / ("." + target.filename().string() + ".tmp" + std::to_string(::getpid()));
+// cairo writes into memory; the file is written whole once the surface finished well.
+cairo_status_t append_bytes(void* bytes, const unsigned char* data, unsigned int length) {
+    static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
+    return CAIRO_STATUS_SUCCESS;
 }
 
-// The temporary file becomes the target when the surface finished well.
-bool finish(cairo_surface_t* surface, const std::filesystem::path& temp, const std::filesystem::path& target,
-            std::string& error, bool png) {
+bool finish(cairo_surface_t* surface, std::string& bytes, const std::string& path, std::string& error, bool png) {
     cairo_status_t status = cairo_surface_status(surface);
-    if (png && status == CAIRO_STATUS_SUCCESS) status = cairo_surface_write_to_png(surface, temp.c_str());
+    if (png && status == CAIRO_STATUS_SUCCESS) status = cairo_surface_write_to_png_stream(surface, append_bytes, &bytes);
     cairo_surface_finish(surface);
     if (status == CAIRO_STATUS_SUCCESS) status = cairo_surface_status(surface);
     cairo_surface_destroy(surface);
-    std::error_code ec;
     if (status != CAIRO_STATUS_SUCCESS) {
         error = cairo_status_to_string(status);
-        std::filesystem::remove(temp, ec);
         return false;
     }
-    std::filesystem::rename(temp, target, ec);
-    if (ec) {
-        error = ec.message();
-        std::filesystem::remove(temp, ec);
-        return false;
-    }
-    return true;
+    const compute::FileStatus written = compute::write_file(path, bytes);
+    if (!written.ok()) error = written.reason;
+    return written.ok();
 }
 
 }  // namespace
 
 bool write_pdf(const std::string& path, const std::vector<forms::PrintJob>& pages, std::string& error) {
-    const std::filesystem::path target(path);
-    const std::filesystem::path temp = temp_beside(target);
-    cairo_surface_t* surface = cairo_pdf_surface_create(temp.c_str(), kPageWidth, kPageHeight);
+    std::string bytes;
+    cairo_surface_t* surface = cairo_pdf_surface_create_for_stream(append_bytes, &bytes, kPageWidth, kPageHeight);
     cairo_t* cr = cairo_create(surface);
     for (const forms::PrintJob& job : pages) {
         draw_page(cr, job);
         cairo_show_page(cr);
     }
     cairo_destroy(cr);
-    return finish(surface, temp, target, error, false);
+    return finish(surface, bytes, path, error, false);
 }
 
 bool write_page_png(const std::string& path, const forms::PrintJob& job, double dpi, std::string& error) {
-    const std::filesystem::path target(path);
-    const std::filesystem::path temp = temp_beside(target);
+    std::string bytes;
     const double scale = dpi / 72.0;
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(kPageWidth * scale),
                                                           static_cast<int>(kPageHeight * scale));
@@ -504,7 +495,7 @@ bool write_page_png(const std::string& path, const forms::PrintJob& job, double 
     cairo_scale(cr, scale, scale);
     draw_page(cr, job);
     cairo_destroy(cr);
-    return finish(surface, temp, target, error, true);
+    return finish(surface, bytes, path, error, true);
 }
 
 }  // namespace tv::cli

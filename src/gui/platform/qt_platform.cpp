@@ -20,11 +20,13 @@
 #include <QPrinterInfo>
 #include <QScreen>
 #include <QShortcut>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 
+#include "compute/files/file_writer.h"
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/binder.h"
@@ -195,15 +197,12 @@ std::string QtPlatform::current_printer() { return QPrinterInfo::defaultPrinterN
 
 bool QtPlatform::print(const forms::PrintJob& job) {
     QPrinter printer(QPrinter::HighResolution);
-    // A PDF is written beside its name and renamed when whole, so a failure leaves no half file.
-    QString pdf_temp;
+    // A PDF is made in a private temporary file, then written whole by the one file writer.
+    QTemporaryFile pdf_temp;
     if (!job.pdf_path.empty()) {
-        const QFileInfo target(qs(job.pdf_path));
-        pdf_temp = target.absoluteDir().filePath(QStringLiteral(".%1.tmp%2")
-                                                     .arg(target.fileName())
-                                                     .arg(QCoreApplication::applicationPid()));
+        if (!pdf_temp.open()) return false;
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdf_temp);
+        printer.setOutputFileName(pdf_temp.fileName());
     } else {
         QPrinterInfo info = QPrinterInfo::printerInfo(qs(job.printer));
         if (info.isNull()) info = QPrinterInfo::defaultPrinter();
@@ -216,22 +215,16 @@ bool QtPlatform::print(const forms::PrintJob& job) {
         if (QWidget* v = view_of(*job.form_image)) image = v->grab();
     }
     QPainter p;
-    if (!p.begin(&printer)) {
-        if (!pdf_temp.isEmpty()) QFile::remove(pdf_temp);
-        return false;
-    }
+    if (!p.begin(&printer)) return false;
     const QRectF area = printer.pageLayout().paintRectPixels(printer.resolution()).translated(
         -printer.pageLayout().paintRectPixels(printer.resolution()).topLeft());
     paint_page(p, area, job, image.isNull() ? nullptr : &image);
     const bool done = p.end();
-    if (pdf_temp.isEmpty()) return done;
-    std::error_code ec;
-    if (done) std::filesystem::rename(pdf_temp.toStdString(), job.pdf_path, ec);
-    if (!done || ec) {
-        QFile::remove(pdf_temp);
-        return false;
-    }
-    return true;
+    if (job.pdf_path.empty() || !done) return done;
+    pdf_temp.seek(0);
+    const QByteArray bytes = pdf_temp.readAll();
+    return compute::write_file(job.pdf_path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())))
+        .ok();
 }
 
 void QtPlatform::set_busy(bool busy) {
