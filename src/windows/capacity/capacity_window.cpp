@@ -8,7 +8,7 @@
 #include "windows/capacity/capacity_axes.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/grid_table.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 
 namespace tv::windows {
 

@@ -5,7 +5,7 @@
 #include "text/number_text.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_axes.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 
 namespace tv::windows {
 

@@ -8,7 +8,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::windows {
