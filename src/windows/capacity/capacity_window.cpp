@@ -270,7 +270,15 @@ void Form9::calculare_sa() {
     }
 }
 
+bool Form9::has_capacity_steps() {
+    // The steps are looked up from row 1 on: a file that gave none would fail there unexplained.
+    if (Fg.rows() > 1) return true;
+    platform().message_box(kNoCapacitySteps, forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
+    return false;
+}
+
 void Form9::Command8_Click() {
+    if (!has_capacity_steps()) return;
     const compute::TextTable fg = to_table(Fg);
     with_table(FG2, [&](compute::TextTable& t) { compute::input_teff_from_capacity(t, fg, T3.text()); });
 }
@@ -280,6 +288,7 @@ void Form9::Command8_Click() {
 void Form9::Command9_Click() { calculate(); }
 
 void Form9::calculate() {
+    if (!has_capacity_steps()) return;
     compute::SweepSettings settings;
     settings.T1 = T1.text();
     settings.T2 = T2.text();
