@@ -27,7 +27,7 @@ frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", kMainF
 frmMain& start(Program& program) {
     ProjectState& s = program.state;
     s.recordCount = 0;
-    s.componentLetter = "X";
+    s.componentLetter = std::string("X");  // not the bare literal: GCC 12 warns on it here (-Wrestrict)
     std::error_code ec;
     std::string here = std::filesystem::current_path(ec).string();
     s.workDir = here;
