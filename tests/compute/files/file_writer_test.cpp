@@ -14,6 +14,7 @@
 #include <set>
 #include <sstream>
 
+#include "compute/files/file_reader.h"
 #include "compute/files/file_writer.h"
 
 namespace tv::compute {
@@ -21,12 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
+std::string slurp(const fs::path& p) { return read_input_file(p.string()).bytes; }
 
 void spill(const fs::path& p, const std::string& text) { std::ofstream(p, std::ios::binary) << text; }
 
