@@ -1,15 +1,11 @@
 // tremorvault-cli capacity: the capacity spectrum road on the wizard Form9 and the diagram Form10.
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <ostream>
 
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/session.h"
+#include "compute/files/file_writer.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/printing/printing.h"
@@ -37,34 +33,6 @@ const char* kCapacityUsage =
     "  --type A|B|C           structure type (default A)\n"
     "  --table FILE           the calculation table as Copy to Clipboard gives it\n"
     "  --report-pdf FILE      the printed page of the diagram, to PDF\n";
-
-// Writes beside the target and renames, so a failure leaves no half file.
-bool write_whole(const std::string& path, const std::string& bytes, std::string& why) {
-    const std::string temp = path + ".tmp";
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) {
-            why = std::strerror(errno);
-            return false;
-        }
-        out << bytes;
-        out.flush();
-        if (!out) {
-            why = std::strerror(errno);
-            out.close();
-            std::remove(temp.c_str());
-            return false;
-        }
-    }
-    std::error_code ec;
-    std::filesystem::rename(temp, path, ec);
-    if (ec) {
-        why = ec.message();
-        std::filesystem::remove(temp, ec);
-        return false;
-    }
-    return true;
-}
 
 }  // namespace
 
@@ -156,9 +124,9 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         if (auto table = o.get("table"); table && swept) {
             s.step([&] { f9.Fg3.set_selected_rows({}); });
             s.step([&] { f9.copy.choose(); });
-            std::string why;
-            if (!write_whole(*table, s.platform.clipboard, why)) {
-                err << "tremorvault-cli: " << *table << ": " << why << '\n';
+            const compute::FileStatus written = compute::write_file(*table, s.platform.clipboard);
+            if (!written.ok()) {
+                err << "tremorvault-cli: " << *table << ": " << written.reason << '\n';
                 throw Exit{kFailed};
             }
         }

@@ -1,11 +1,8 @@
 #include "cli/session.h"
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <ostream>
 
+#include "compute/files/file_reader.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::cli {
@@ -30,16 +27,10 @@ void Session::step(const std::function<void()>& action) {
 void Session::print(const std::string& key, const std::string& value) { out << key << ": " << value << '\n'; }
 
 void require_readable(Session& s, const std::string& path) {
-    auto refuse = [&](int why) {
-        s.err << "tremorvault-cli: " << path << ": " << std::strerror(why) << '\n';
-        throw Exit{kFailed};
-    };
-    // A folder opens for reading but holds no lines.
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec)) refuse(EISDIR);
-    errno = 0;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) refuse(errno != 0 ? errno : EIO);
+    const compute::FileStatus file = compute::check_input_file(path);
+    if (file.ok()) return;
+    s.err << "tremorvault-cli: " << path << ": " << file.reason << '\n';
+    throw Exit{kFailed};
 }
 
 }  // namespace tv::cli

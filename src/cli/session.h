@@ -32,8 +32,8 @@ public:
     void print(const std::string& key, const std::string& value);
 };
 
-/// Ends with status 1 naming the file and the system's reason when it cannot be read (a folder
-/// cannot).
+/// Ends with status 1 naming the file and the system's reason when the readers would refuse it
+/// (missing, a folder, not a regular file, too large, not readable).
 void require_readable(Session& s, const std::string& path);
 
 }  // namespace tv::cli

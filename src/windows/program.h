@@ -15,6 +15,10 @@ public:
     ProjectState state;
 };
 
+/// The main frame's size in twips; child windows are centred in it.
+inline constexpr double kMainFrameWidth = 15360;
+inline constexpr double kMainFrameHeight = 11520;
+
 class Window : public forms::Form {
 public:
     Window(forms::App& app, std::string name, std::string caption, double width = 9000, double height = 6000)
@@ -24,5 +28,8 @@ public:
     ProjectState& state() const { return program().state; }
     forms::Platform& platform() const { return app().platform(); }
 };
+
+/// Opens a window of the record chain centred in the main frame (never maximised here).
+void showChildWindow(Window& form, bool maximised);
 
 }  // namespace tv::windows

@@ -1,10 +1,6 @@
 #include "compute/capacity/capacity_reader.h"
 
-#include "compute/project/text_file.h"
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include "compute/files/text_file.h"
 
 #include "text/format.h"
 #include "text/number_text.h"
@@ -17,7 +13,7 @@ namespace detail {
 
 std::vector<std::string> read_lines(const std::string& path) {
     TextFile file = read_text_file(path);
-    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
+    if (!file.ok()) throw_file_error(file);
     return std::move(file.lines);
 }
 
@@ -95,16 +91,13 @@ CapacityTable parse_capacity_lines(const std::vector<std::string>& lines) {
 }
 
 CapacityTable read_capacity_file(const std::string& path) {
-    std::vector<std::string> lines;
-    try {
-        lines = detail::read_lines(path);
-    } catch (const text::RuntimeError& e) {
+    TextFile file = read_text_file(path);
+    if (!file.ok()) {
         CapacityTable table;
-        table.error = e.number();
-        table.description = e.description();
+        static_cast<FileStatus&>(table) = file;
         return table;
     }
-    return parse_capacity_lines(lines);
+    return parse_capacity_lines(file.lines);
 }
 
 }  // namespace tv::compute

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "compute/files/file_status.h"
+
 namespace tv::compute {
 
 /// One step of the capacity curve, in spectral coordinates.
@@ -35,13 +37,11 @@ struct CapacityRow {
 };
 
 /// What a read leaves behind, after success and after a failure alike.
-struct CapacityTable {
+/// error is 0 when the whole file was read, else the run-time error number that stopped it; a
+/// file that could not be read also names its path and the system's reason.
+struct CapacityTable : FileStatus {
     /// The rows accepted, in file order, up to a failure.
     std::vector<CapacityRow> rows;
-    /// 0 when the whole file was read; else the run-time error number that stopped it.
-    int error = 0;
-    std::string description;
-    bool ok() const { return error == 0; }
 };
 
 /// The two cleaning passes. Pass one drops the first character and every blank that follows a
@@ -68,12 +68,13 @@ CapacityPoint capacity_point(const CapacityFields& fields);
 CapacityTable parse_capacity_lines(const std::vector<std::string>& lines);
 
 /// Reads the capacity file at `path` (lines end in LF, CR LF or a lone CR).
-/// Failure: 53 "File not found", 75 "Path/File access error", or those of
-/// parse_capacity_lines; the rows hold what was read.
+/// Failure: those of read_text_file, or those of parse_capacity_lines; the rows hold what was
+/// read.
 CapacityTable read_capacity_file(const std::string& path);
 
 namespace detail {
-/// The lines of a text file; throws RuntimeError 53 or 75 when it cannot be read.
+/// The lines of a text file; throws text::FileError (53 or 75, with the path and the system's
+/// reason) when it cannot be read.
 std::vector<std::string> read_lines(const std::string& path);
 }  // namespace detail
 

@@ -41,8 +41,9 @@ void fill_demand_spectrum(std::int32_t& specCount, text::DoubleArray& designSa, 
 void read_period_sa_lines(const std::vector<std::string>& lines, text::DoubleArray& designAux,
                           text::DoubleArray& designSa);
 
-/// The same from the file at `path`. Failure: 53 "File not found" or 75 before anything is
-/// changed; otherwise as read_period_sa_lines.
+/// The same from the file at `path`. Failure: text::FileError as read_text_file (53, 75, with
+/// the path and the system's reason) before anything is changed; otherwise as
+/// read_period_sa_lines.
 void read_period_sa_file(const std::string& path, text::DoubleArray& designAux, text::DoubleArray& designSa);
 
 /// One search of Sa at period q, over j = 1 .. ubound(designAux) - 1, calling store(value) on

@@ -1,26 +1,11 @@
 #include "compute/coefficient/pushover_listing_reader.h"
 
-#include "compute/project/text_file.h"
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include "compute/files/text_file.h"
 
 #include "text/format.h"
 #include "text/runtime_error.h"
 
 namespace tv::compute {
-
-namespace {
-
-PushoverTable failed(int number, const std::string& path) {
-    PushoverTable table;
-    table.error = number;
-    table.description = text::error_description(number) + ": " + path;
-    return table;
-}
-
-}  // namespace
 
 std::optional<std::array<std::string, 3>> split_listing_line(std::string_view line) {
     // Position 1 is never copied; a blank is dropped when the character before it in the line
@@ -59,7 +44,11 @@ PushoverTable parse_pushover_listing(const std::vector<std::string>& lines) {
 
 PushoverTable read_pushover_listing(const std::string& path) {
     TextFile file = read_text_file(path);
-    if (!file.ok()) return failed(file.error, path);
+    if (!file.ok()) {
+        PushoverTable table;
+        static_cast<FileStatus&>(table) = file;
+        return table;
+    }
     return parse_pushover_listing(file.lines);
 }
 

@@ -25,7 +25,7 @@ std::optional<std::array<std::string, 3>> split_listing_line(std::string_view li
 PushoverTable parse_pushover_listing(const std::vector<std::string>& lines);
 
 /// Reads the listing file at `path` (lines end in LF, CR LF or a lone CR).
-/// Failure: error 53 "File not found", 75 "Path/File access error", or those of
+/// Failure: those of read_text_file (with the path and the system's reason), or those of
 /// parse_pushover_listing; the table holds what was read.
 PushoverTable read_pushover_listing(const std::string& path);
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "compute/files/file_status.h"
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
@@ -26,20 +27,18 @@ struct PushoverRow {
     PushoverPoint point;
 };
 
-/// What a reader leaves behind, after success and after a failure alike.
-struct PushoverTable {
+/// What a reader leaves behind, after success and after a failure alike. error is 0 when the
+/// whole table was read, else the run-time error number that stopped it; a file that could not
+/// be read also names its path and the system's reason.
+struct PushoverTable : FileStatus {
     /// The rows that reached the step table, in file order.
     std::vector<PushoverRow> rows;
     /// The window's points array as the read leaves it: bounds 0 to 0 (one zeroed point) when no
     /// row was read, else 0 to rows - 1; a failure while converting row n leaves 0 to n with
     /// point n filled as far as it got (the array grows before the conversion).
     text::Array<PushoverPoint> points;
-    /// 0 when the whole table was read; else the run-time error number that stopped it.
-    int error = 0;
-    std::string description;
 
     PushoverTable() { points.redim(0); }
-    bool ok() const { return error == 0; }
 };
 
 namespace detail {

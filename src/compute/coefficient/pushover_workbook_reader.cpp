@@ -1,18 +1,19 @@
 #include "compute/coefficient/pushover_workbook_reader.h"
 
-#include <freexl.h>
 #include <unzip.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
+#include <cstring>
 #include <map>
 #include <optional>
 #include <pugixml.hpp>
 #include <string_view>
 
+#include "compute/coefficient/xls_cells.h"
+#include "compute/files/file_reader.h"
+#include "compute/files/helper_process.h"
 #include "text/runtime_error.h"
 
 namespace tv::compute {
@@ -23,16 +24,15 @@ namespace {
     throw text::RuntimeError(kWorkbookUnreadable, "Unreadable workbook: " + what);
 }
 
+// The spreadsheet reader in its helper process, and how long it may take.
+constexpr const char* kXlsHelper = "tremorvault-xls-reader";
+constexpr int kXlsSeconds = 20;
+
 PushoverTable failed_table(int number, const std::string& description) {
     PushoverTable table;
     table.error = number;
     table.description = description;
     return table;
-}
-
-bool file_exists(const std::string& path) {
-    std::error_code ec;
-    return !path.empty() && std::filesystem::is_regular_file(path, ec);
 }
 
 // Rows 2, 3, ... of columns A to C until column A is empty, the texts fetched as the old loop
@@ -46,12 +46,11 @@ void read_rows(PushoverTable& table, CellText&& cell_text) {
     }
 }
 
-template <class Sheet>
-PushoverTable read_sheet(const std::string& path) {
+template <class MakeSheet>
+PushoverTable read_sheet(MakeSheet&& make_sheet) {
     PushoverTable table;
-    if (!file_exists(path)) return failed_table(text::kFileNotFound, text::error_description(text::kFileNotFound) + ": " + path);
     try {
-        Sheet sheet(path);
+        auto sheet = make_sheet();
         read_rows(table, [&sheet](long row, int column) { return sheet.text(row, column); });
     } catch (const text::RuntimeError& e) {
         table.error = e.number();
@@ -186,10 +185,59 @@ bool ends_with(std::string_view s, std::string_view tail) {
     return s.size() >= tail.size() && s.substr(s.size() - tail.size()) == tail;
 }
 
+// The package's bytes as minizip's file: reads and seeks inside the buffer.
+struct MemoryFile {
+    std::string_view bytes;
+    ZPOS64_T at = 0;
+};
+
+voidpf ZCALLBACK memory_open(voidpf opaque, const void*, int mode) {
+    if ((mode & ZLIB_FILEFUNC_MODE_WRITE) != 0) return nullptr;
+    return new MemoryFile{*static_cast<const std::string_view*>(opaque)};
+}
+
+uLong ZCALLBACK memory_read(voidpf, voidpf stream, void* buf, uLong size) {
+    auto* f = static_cast<MemoryFile*>(stream);
+    const ZPOS64_T left = f->bytes.size() - f->at;
+    const std::size_t n = static_cast<std::size_t>(std::min<ZPOS64_T>(size, left));
+    std::memcpy(buf, f->bytes.data() + f->at, n);
+    f->at += n;
+    return static_cast<uLong>(n);
+}
+
+uLong ZCALLBACK memory_write(voidpf, voidpf, const void*, uLong) { return 0; }
+
+ZPOS64_T ZCALLBACK memory_tell(voidpf, voidpf stream) { return static_cast<MemoryFile*>(stream)->at; }
+
+long ZCALLBACK memory_seek(voidpf, voidpf stream, ZPOS64_T offset, int origin) {
+    auto* f = static_cast<MemoryFile*>(stream);
+    const ZPOS64_T base = origin == ZLIB_FILEFUNC_SEEK_CUR ? f->at : origin == ZLIB_FILEFUNC_SEEK_END ? f->bytes.size() : 0;
+    if (offset > f->bytes.size() - base) return -1;
+    f->at = base + offset;
+    return 0;
+}
+
+int ZCALLBACK memory_close(voidpf, voidpf stream) {
+    delete static_cast<MemoryFile*>(stream);
+    return 0;
+}
+
+int ZCALLBACK memory_error(voidpf, voidpf) { return 0; }
+
 class Package {
 public:
-    explicit Package(const std::string& path) : zip_(unzOpen64(path.c_str())) {
-        if (!zip_) unreadable(path + " is no zip package");
+    Package(std::string_view bytes, const std::string& name) : bytes_(bytes) {
+        zlib_filefunc64_def io{};
+        io.zopen64_file = memory_open;
+        io.zread_file = memory_read;
+        io.zwrite_file = memory_write;
+        io.ztell64_file = memory_tell;
+        io.zseek64_file = memory_seek;
+        io.zclose_file = memory_close;
+        io.zerror_file = memory_error;
+        io.opaque = &bytes_;
+        zip_ = unzOpen2_64(name.c_str(), &io);
+        if (!zip_) unreadable(name + " is no zip package");
     }
     ~Package() { unzClose(zip_); }
     Package(const Package&) = delete;
@@ -199,11 +247,23 @@ public:
     // case-sensitive.
     std::optional<std::string> read(const std::string& name) {
         if (unzLocateFile(zip_, name.c_str(), 2) != UNZ_OK) return std::nullopt;
+        // The size is checked before anything is inflated, and again as it inflates, since a
+        // damaged or crafted package may state less than it holds.
+        unz_file_info64 info{};
+        if (unzGetCurrentFileInfo64(zip_, &info, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK) unreadable(name);
+        if (info.uncompressed_size > kWorkbookPartLimit) unreadable(name + too_large());
         if (unzOpenCurrentFile(zip_) != UNZ_OK) unreadable(name);
         std::string data;
+        data.reserve(static_cast<std::size_t>(info.uncompressed_size));
         char buf[65536];
         int got;
-        while ((got = unzReadCurrentFile(zip_, buf, sizeof buf)) > 0) data.append(buf, static_cast<std::size_t>(got));
+        while ((got = unzReadCurrentFile(zip_, buf, sizeof buf)) > 0) {
+            if (data.size() + static_cast<std::size_t>(got) > kWorkbookPartLimit) {
+                unzCloseCurrentFile(zip_);
+                unreadable(name + too_large());
+            }
+            data.append(buf, static_cast<std::size_t>(got));
+        }
         int closed = unzCloseCurrentFile(zip_);
         if (got < 0 || closed != UNZ_OK) unreadable(name);
         return data;
@@ -243,7 +303,12 @@ public:
     }
 
 private:
-    unzFile zip_;
+    static std::string too_large() {
+        return " is larger than " + std::to_string(kWorkbookPartLimit / kMiB) + " MiB unpacked";
+    }
+
+    std::string_view bytes_;
+    unzFile zip_ = nullptr;
 };
 
 // A cell of columns A to C: its text, or an error value that cannot become text.
@@ -282,8 +347,8 @@ std::string number_text(std::string_view stored, const std::string& where) {
 
 class XlsxSheet {
 public:
-    explicit XlsxSheet(const std::string& path) {
-        Package pkg(path);
+    XlsxSheet(std::string_view bytes, const std::string& path) {
+        Package pkg(bytes, path);
         std::string workbook = "xl/workbook.xml";
         for (const auto& [id, rel] : pkg.relationships("")) {
             if (ends_with(rel.type, "/officeDocument")) {
@@ -375,68 +440,69 @@ private:
 
 // ---- .xls ----
 
+// The reading happens in the helper: a damaged file may at worst stop that process.
 class XlsSheet {
 public:
     explicit XlsSheet(const std::string& path) {
-        int rc = freexl_open(path.c_str(), &handle_);
-        if (rc != FREEXL_OK) unreadable(path + " (FreeXL error " + std::to_string(rc) + ")");
-        if (freexl_select_active_worksheet(handle_, 0) != FREEXL_OK) unreadable(path + " has no worksheet");
-        if (freexl_worksheet_dimensions(handle_, &rows_, &columns_) != FREEXL_OK) unreadable(path);
-    }
-    ~XlsSheet() {
-        if (handle_) freexl_close(handle_);
-    }
-    XlsSheet(const XlsSheet&) = delete;
-    XlsSheet& operator=(const XlsSheet&) = delete;
-
-    std::string text(long row, int column) const {
-        // FreeXL counts from 0; the dimensions are the numbers of rows and columns in use.
-        if (row < 1 || static_cast<unsigned long>(row - 1) >= rows_ || column > columns_) return {};
-        FreeXL_CellValue value;
-        if (freexl_get_cell_value(handle_, static_cast<unsigned>(row - 1), static_cast<unsigned short>(column - 1), &value) !=
-            FREEXL_OK)
-            unreadable("cell " + std::to_string(row) + ", " + std::to_string(column));
-        switch (value.type) {
-            case FREEXL_CELL_INT: return text::to_text(static_cast<std::int64_t>(value.value.int_value));
-            case FREEXL_CELL_DOUBLE: return text::to_text(value.value.double_value);
-            case FREEXL_CELL_TEXT:
-            case FREEXL_CELL_SST_TEXT:
-            case FREEXL_CELL_DATE:
-            case FREEXL_CELL_DATETIME:
-            case FREEXL_CELL_TIME: return value.value.text_value ? value.value.text_value : "";
-            default: return {};
+        const std::string helper = helper_program(kXlsHelper);
+        if (helper.empty()) unreadable(path + " (the spreadsheet reader " + std::string(kXlsHelper) + " is missing)");
+        HelperRun run = run_helper(helper, {path}, kXlsSeconds, kInputFileLimit);
+        std::optional<XlsCells> cells;
+        if (run.ok()) cells = XlsCells::parse(run.output);
+        if (!cells) {
+            std::string why = !run.trouble.empty() ? run.trouble
+                              : run.exit_status != 0 ? "exit status " + std::to_string(run.exit_status)
+                                                     : "an answer cut short";
+            unreadable(path + " (the spreadsheet reader stopped: " + why + ")");
         }
+        cells->check_opened();
+        cells_ = std::move(*cells);
     }
+
+    std::string text(long row, int column) const { return cells_.text(row, column); }
 
 private:
-    const void* handle_ = nullptr;
-    unsigned rows_ = 0;
-    unsigned short columns_ = 0;
+    XlsCells cells_;
 };
 
 enum class WorkbookKind { Xlsx, Xls, Unknown };
 
-WorkbookKind sniff(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::array<unsigned char, 8> head{};
-    in.read(reinterpret_cast<char*>(head.data()), head.size());
-    if (in.gcount() >= 4 && head[0] == 'P' && head[1] == 'K' && head[2] == 3 && head[3] == 4) return WorkbookKind::Xlsx;
-    static constexpr std::array<unsigned char, 8> cfb{0xD0, 0xCF, 0x11, 0xE0, 0xA1, 0xB1, 0x1A, 0xE1};
-    if (in.gcount() == 8 && head == cfb) return WorkbookKind::Xls;
+WorkbookKind sniff(std::string_view head) {
+    if (head.size() >= 4 && head.substr(0, 4) == std::string_view("PK\x03\x04", 4)) return WorkbookKind::Xlsx;
+    static constexpr std::string_view cfb("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
+    if (head.size() >= 8 && head.substr(0, 8) == cfb) return WorkbookKind::Xls;
     return WorkbookKind::Unknown;
+}
+
+PushoverTable file_failed(const FileStatus& status) {
+    PushoverTable table;
+    static_cast<FileStatus&>(table) = status;
+    return table;
 }
 
 }  // namespace
 
-PushoverTable read_pushover_xlsx(const std::string& path) { return read_sheet<XlsxSheet>(path); }
+PushoverTable read_pushover_xlsx_bytes(std::string_view bytes, const std::string& name) {
+    return read_sheet([&] { return XlsxSheet(bytes, name); });
+}
 
-PushoverTable read_pushover_xls(const std::string& path) { return read_sheet<XlsSheet>(path); }
+PushoverTable read_pushover_xlsx(const std::string& path) {
+    FileBytes file = read_input_file(path);
+    if (!file.ok()) return file_failed(file);
+    return read_pushover_xlsx_bytes(file.bytes, path);
+}
+
+PushoverTable read_pushover_xls(const std::string& path) {
+    FileStatus file = check_input_file(path);
+    if (!file.ok()) return file_failed(file);
+    return read_sheet([&] { return XlsSheet(path); });
+}
 
 PushoverTable read_pushover_workbook(const std::string& path) {
-    if (!file_exists(path))
-        return failed_table(text::kFileNotFound, text::error_description(text::kFileNotFound) + ": " + path);
-    switch (sniff(path)) {
-        case WorkbookKind::Xlsx: return read_pushover_xlsx(path);
+    FileBytes file = read_input_file(path);
+    if (!file.ok()) return file_failed(file);
+    switch (sniff(file.bytes)) {
+        case WorkbookKind::Xlsx: return read_pushover_xlsx_bytes(file.bytes, path);
         case WorkbookKind::Xls: return read_pushover_xls(path);
         default: return failed_table(kWorkbookUnreadable, "Unreadable workbook: " + path + " is no spreadsheet");
     }

@@ -34,6 +34,9 @@ std::vector<OmegaPick> find_omegas(const std::vector<double>& amp, double deltaO
             }
         }
         picks.push_back(best);
+        // Row r + 1 meets the same test as row r, whose empty omega is now an earlier pick's:
+        // nothing more can be picked.
+        if (best.row == 0) break;
     }
     return picks;
 }

@@ -21,7 +21,8 @@ struct OmegaPick {
 /// above the best so far) stands only when, against every earlier pick p and against row r
 /// itself (empty, so omega 0), its omega differs from p's and lies more than `spacing` away;
 /// otherwise the best so far comes back. So an omega at or below the spacing is never picked,
-/// and of equal amplitudes the lower omega stands. rows below 1: no picks.
+/// and of equal amplitudes the lower omega stands. rows below 1: no picks. The result ends at
+/// the first row with no pick, since every row after it has none either.
 std::vector<OmegaPick> find_omegas(const std::vector<double>& amp, double deltaOmega, double spacing,
                                    std::int32_t rows);
 

@@ -1,10 +1,6 @@
 #include "compute/import/record_import.h"
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-
+#include "compute/files/file_reader.h"
 #include "compute/import/record_layouts.h"
 
 namespace tv::compute {
@@ -104,24 +100,9 @@ RecordImport parse_record(std::string_view content, const std::string& path) {
 }
 
 RecordImport import_record_file(const std::string& path) {
-    namespace fs = std::filesystem;
-    std::error_code ec;
-    const fs::file_status status = fs::status(path, ec);
-    if (ec || !fs::exists(status)) return failed(RecordLayout::plain, path, 0, std::strerror(ENOENT));
-    if (fs::is_directory(status)) return failed(RecordLayout::plain, path, 0, std::strerror(EISDIR));
-    errno = 0;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return failed(RecordLayout::plain, path, 0, std::strerror(errno != 0 ? errno : EIO));
-    // Read in pieces up to one byte past the limit: a size the file system claims is not trusted.
-    std::string content;
-    char piece[64 * 1024];
-    while (content.size() <= kMaxRecordFileBytes) {
-        in.read(piece, sizeof piece);
-        if (in.gcount() <= 0) break;
-        content.append(piece, static_cast<std::size_t>(in.gcount()));
-    }
-    if (in.bad()) return failed(RecordLayout::plain, path, 0, std::strerror(errno != 0 ? errno : EIO));
-    return parse_record(content, path);
+    FileBytes file = read_input_file(path);
+    if (!file.ok()) return failed(RecordLayout::plain, path, 0, file.reason);
+    return parse_record(file.bytes, path);
 }
 
 }  // namespace tv::compute

@@ -1,10 +1,7 @@
 #include "compute/spectra/design_spectrum.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
-#include "compute/project/text_file.h"
+#include "compute/files/text_file.h"
 #include "compute/spectra/period_grid.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
@@ -69,7 +66,7 @@ void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, 
 void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
                         std::int32_t& specCount) {
     TextFile file = read_text_file(path);
-    if (!file.ok()) throw text::RuntimeError(file.error, file.description);
+    if (!file.ok()) throw_file_error(file);
     specCount = period_count(tEnd, step);
     designSa.redim(specCount);
     for (long i = 1; i <= specCount && i <= static_cast<long>(file.lines.size()); ++i)

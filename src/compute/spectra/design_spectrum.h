@@ -50,8 +50,8 @@ void show_design_spectrum(text::DoubleArray& designSa, std::int32_t& specCount, 
 /// first; then specCount = period_count(tEnd, step) and designSa is made anew 0..specCount;
 /// lines are read until the end of the file or until i passes specCount, each line's leading
 /// number (0 when there is none) going to designSa(i). Lines end at LF, CR LF or CR.
-/// Failure: RuntimeError 53 "File not found" (missing) or 75 "Path/File access error" (a folder
-/// or unreadable), before anything is changed; then as period_count.
+/// Failure: text::FileError as read_text_file (53, 75, with the path and the system's reason),
+/// before anything is changed; then as period_count.
 void read_spectrum_file(const std::string& path, double tEnd, double step, text::DoubleArray& designSa,
                         std::int32_t& specCount);
 

@@ -11,6 +11,7 @@
 #include "windows/capacity/grid_table.h"
 #include "windows/capacity/step_table.h"
 #include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 
 namespace tv::windows {
 
@@ -223,7 +224,15 @@ void Form9::calculare_sa() {
     }
 }
 
+bool Form9::has_capacity_steps() {
+    // The steps are looked up from row 1 on: a file that gave none would fail there unexplained.
+    if (Fg.rows() > 1) return true;
+    platform().message_box(kNoCapacitySteps, forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
+    return false;
+}
+
 void Form9::Command8_Click() {
+    if (!has_capacity_steps()) return;
     const TextTable fg = to_table(Fg);
     with_table(FG2, [&](TextTable& t) { input_teff_from_capacity(t, fg, T3.text()); });
 }
@@ -233,6 +242,7 @@ void Form9::Command8_Click() {
 void Form9::Command9_Click() { calculate(); }
 
 void Form9::calculate() {
+    if (!has_capacity_steps()) return;
     SweepBoxes settings;
     settings.T1 = T1.text();
     settings.T2 = T2.text();

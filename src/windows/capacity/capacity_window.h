@@ -16,6 +16,11 @@
 
 namespace tv::windows {
 
+/// Shown when a calculation needs the capacity steps and the file gave none.
+inline constexpr const char* kNoCapacitySteps =
+    "The capacity file holds no steps: after a line holding \"Teff\" it needs one line per step of nine "
+    "columns (Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi).";
+
 class Form9 : public Window {
 public:
     explicit Form9(forms::App& app);
@@ -130,6 +135,8 @@ public:
     void calculare_sa();
     /// The sweep of Fg against FG2 into Fg3 and the results.
     void calculate();
+    /// Whether the capacity file gave any step; if not, says what the file lacks.
+    bool has_capacity_steps();
 
     /// 1 "A", 2 "B", 3 "C".
     int kind() const;

@@ -2,7 +2,7 @@
 
 #include "compute/capacity/demand_spectrum.h"
 #include "text/number_text.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 
 namespace tv::windows {
 

@@ -4,6 +4,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "windows/capacity/capacity_axes.h"
+#include "windows/files/work_files.h"
 
 namespace tv::windows {
 

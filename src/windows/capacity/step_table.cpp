@@ -4,12 +4,15 @@ namespace tv::windows {
 
 void write_capacity_rows(TextTable& Fg, const compute::CapacityTable& table) {
     if (Fg.cols() < 9) Fg.set_cols(9);
-    long n = 0;
-    for (const auto& row : table.rows) {
-        Fg.set_rows(n + 2);
-        for (long c = 0; c < 9; ++c) Fg.set_text(n + 1, c, row.fields[static_cast<std::size_t>(c)]);
-        ++n;
-    }
+    if (table.rows.empty()) return;
+    // Sized as the row by row growth leaves it: cut to two rows by the first record, then one
+    // more per record; twice, not once per row, so that a long file stays linear.
+    const long n = static_cast<long>(table.rows.size());
+    Fg.set_rows(2);
+    Fg.set_rows(n + 1);
+    for (long r = 0; r < n; ++r)
+        for (long c = 0; c < 9; ++c)
+            Fg.set_text(r + 1, c, table.rows[static_cast<std::size_t>(r)].fields[static_cast<std::size_t>(c)]);
 }
 
 void write_capacity_headings(TextTable& Fg) {

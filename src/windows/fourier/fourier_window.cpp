@@ -7,7 +7,7 @@
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::windows {
@@ -33,6 +33,9 @@ ChartOptions fourier_chart(Form12& f) {
     o.follows_scroll = false;
     return o;
 }
+
+// The largest refused omega count whose arrays are still made (8 MiB each).
+constexpr std::int32_t kRefusedArraysMade = 1 << 20;
 
 void set_headings(forms::Grid& g, std::initializer_list<const char*> names, std::initializer_list<int> widths) {
     int c = 0;
@@ -103,10 +106,14 @@ void Form12::Command1_Click() {
     deltaOmega = text::to_double(Text2.text());
     n = compute::omega_steps(omegaLim, deltaOmega);
     set_headings(Grid1, {"Real", "Imag", "Amp", "Omega"}, {800, 800, 800, 500});
-    s.accelX1.redim(n);
-    s.accelY1.redim(n);
-    s.accelX2.redim(n);
-    if (!compute::omega_steps_accepted(n)) {
+    // A refused count may lie far beyond memory: its arrays are made anew only while small.
+    const bool accepted = compute::omega_steps_accepted(n);
+    if (accepted || n <= kRefusedArraysMade) {
+        s.accelX1.redim(n);
+        s.accelY1.redim(n);
+        s.accelX2.redim(n);
+    }
+    if (!accepted) {
         platform().message_box("Steps are too many...! Change Omega Lim or Delta Omega", forms::MsgButtons::Ok, "Error",
                                forms::MsgIcon::Information);
         return;

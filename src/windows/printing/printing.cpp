@@ -1,14 +1,9 @@
 #include "windows/printing/printing.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <optional>
 
+#include "compute/files/file_writer.h"
 #include "forms/controls.h"
 #include "forms/platform.h"
 
@@ -58,32 +53,9 @@ bool write_pdf_file(forms::Platform& platform, const std::vector<forms::Page>& p
                     std::string& reason) {
     std::string bytes;
     if (!platform.render_pdf(pages, bytes, reason)) return false;
-    return write_whole_file(path, bytes, reason);
-}
-
-bool write_whole_file(const std::string& path, const std::string& bytes, std::string& reason) {
-    namespace fs = std::filesystem;
-    const fs::path target(path);
-    const fs::path temp = target.parent_path() / ("." + target.filename().string() + ".tmp" + std::to_string(::getpid()));
-    std::error_code ec;
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (out) out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        if (out) out.flush();
-        if (!out) {
-            reason = std::strerror(errno != 0 ? errno : EIO);
-            out.close();
-            fs::remove(temp, ec);
-            return false;
-        }
-    }
-    fs::rename(temp, target, ec);
-    if (ec) {
-        reason = ec.message();
-        fs::remove(temp, ec);
-        return false;
-    }
-    return true;
+    const compute::FileStatus written = compute::write_file(path, bytes);
+    if (!written.ok()) reason = written.reason;
+    return written.ok();
 }
 
 }  // namespace tv::windows

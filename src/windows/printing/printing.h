@@ -31,8 +31,4 @@ void save_page_as_pdf(forms::Platform& platform, const forms::Page& page);
 bool write_pdf_file(forms::Platform& platform, const std::vector<forms::Page>& pages, const std::string& path,
                     std::string& reason);
 
-/// Writes `bytes` to `path` whole or not at all: beside it first, then renamed over it. False
-/// with the system's reason on failure, nothing left behind.
-bool write_whole_file(const std::string& path, const std::string& bytes, std::string& reason);
-
 }  // namespace tv::windows

@@ -2,12 +2,11 @@
 
 #include <filesystem>
 
-#include "compute/project/text_file.h"
-#include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/coefficient/pushover_window.h"
+#include "windows/files/work_files.h"
 #include "windows/project/about_window.h"
 #include "windows/project/record_input_window.h"
 
@@ -16,7 +15,7 @@ namespace tv::windows {
 using text::to_text;
 using text::val;
 
-frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", 15360, 11520) {
+frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", kMainFrameWidth, kMainFrameHeight) {
     menu_open.Click = [this] { menu_open_Click(); };
     menu_exit.Click = [this] { menu_exit_Click(); };
     help.Click = [this] { help_Click(); };
@@ -28,7 +27,7 @@ frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", 15360,
 frmMain& start(Program& program) {
     ProjectState& s = program.state;
     s.recordCount = 0;
-    s.componentLetter = "X";
+    s.componentLetter = std::string("X");  // not the bare literal: GCC 12 warns on it here (-Wrestrict)
     std::error_code ec;
     std::string here = std::filesystem::current_path(ec).string();
     s.workDir = here;
@@ -36,48 +35,6 @@ frmMain& start(Program& program) {
     frmMain& frame = program.form<frmMain>();
     frame.show();
     return frame;
-}
-
-void showChildWindow(Window& form, bool maximised) {
-    forms::Platform& p = form.platform();
-    p.set_busy(true);
-    p.do_events();
-    form.set_visible_flag(false);
-    p.do_events();
-    if (!maximised) {
-        const frmMain& frame = form.program().form<frmMain>();
-        form.top = static_cast<double>(text::int_div(frame.height - 1000 - form.height, 2));
-        form.left = static_cast<double>(text::int_div(frame.width - 3800 - form.width, 2));
-    }
-    form.maximised = maximised;
-    form.show();
-    p.set_busy(false);
-}
-
-std::string open_txt_dialog(forms::Platform& platform) {
-    forms::FileDialogRequest req;
-    req.file_name = "*.txt";
-    return platform.file_dialog(req).value_or("*.txt");
-}
-
-std::string save_txt_dialog(forms::Platform& platform) {
-    forms::FileDialogRequest req;
-    req.save = true;
-    req.filter = "*.txt";
-    req.file_name = "*.txt";
-    std::string name = platform.file_dialog(req).value_or("*.txt");
-    return name == "*.txt" ? name : text::with_txt_extension(name);
-}
-
-void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines) {
-    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), lines);
-    if (!written.ok()) throw text::FileError(written.error, written.description, name, written.reason);
-}
-
-std::string resolve_in_workdir(const ProjectState& state, const std::string& name) {
-    std::filesystem::path p(name);
-    if (p.is_absolute() || state.workDir.empty()) return name;
-    return (std::filesystem::path(state.workDir) / p).string();
 }
 
 void frmMain::menu_open_Click() {

@@ -1,8 +1,5 @@
 #pragma once
 // The main frame: the menu from which the three jobs start, and the opening of record files.
-#include <string>
-#include <vector>
-
 #include "windows/program.h"
 
 namespace tv::windows {
@@ -34,24 +31,8 @@ public:
 /// Sub Main: resets the project state, takes the current folder and shows the main frame.
 frmMain& start(Program& program);
 
-/// Opens a window of the record chain centred in the frame (never maximised here).
-void showChildWindow(Window& form, bool maximised);
-
-/// Open dialog with the preset "*.txt": the chosen name, or "*.txt" when cancelled.
-std::string open_txt_dialog(forms::Platform& platform);
-
-/// Save dialog with the preset "*.txt": the chosen name with ".txt" added when the upper-cased
-/// name holds no ".TXT", or "*.txt" when cancelled.
-std::string save_txt_dialog(forms::Platform& platform);
-
-/// Writes an export whole or not at all; a failure is the run-time error with the file's name.
-void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines);
-
 /// From the file dialog on: opens the next record file into Form1, whose first line becomes
 /// `first_line`. Cancel resets the count when `reset_on_cancel` (the menu) and not otherwise.
 void open_record_file(Program& program, double first_line, bool reset_on_cancel);
-
-/// Path of a file name as the program opens it: relative names are taken in workDir.
-std::string resolve_in_workdir(const ProjectState& state, const std::string& name);
 
 }  // namespace tv::windows

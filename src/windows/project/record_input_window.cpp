@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "compute/project/text_file.h"
+#include "compute/files/text_file.h"
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/fourier/fourier_window.h"
 #include "windows/project/inputs_window.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 #include "windows/spectra/design_spectrum_window.h"
 #include "windows/spectra/comparison_window.h"
 #include "windows/spectra/response_spectrum_window.h"

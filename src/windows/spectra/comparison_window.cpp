@@ -5,7 +5,7 @@
 #include "compute/spectra/comparison.h"
 #include "text/format.h"
 #include "text/number_text.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 #include "windows/spectra/peak_boxes.h"
 #include "windows/spectra/response_spectrum_window.h"
 

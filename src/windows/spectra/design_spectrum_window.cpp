@@ -1,7 +1,7 @@
 #include "windows/spectra/design_spectrum_window.h"
 
 #include "text/number_text.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 #include "windows/spectra/comparison_window.h"
 #include "windows/spectra/peak_boxes.h"
 #include "windows/spectra/response_spectrum_window.h"

@@ -4,7 +4,7 @@
 
 #include "text/format.h"
 #include "text/number_text.h"
-#include "windows/project/main_frame_window.h"
+#include "windows/files/work_files.h"
 #include "windows/spectra/comparison_window.h"
 #include "windows/spectra/peak_boxes.h"
 

@@ -39,6 +39,20 @@ TEST(OmegaPicks, NeighboursOfAPeakAreKeptAwayByTheSpacing) {
     EXPECT_EQ(picks[2].omega, 35.0);
 }
 
+TEST(OmegaPicks, AskingForMoreThanThereAreEndsAtTheFirstEmptyRow) {
+    // Two peaks on a floor of nothing: a million rows asked, two found, then the row the window
+    // stops at.
+    std::vector<double> amp(200, 0.0);
+    amp[39] = 10;
+    amp[159] = 5;
+    const auto picks = find_omegas(amp, 0.5, 10.0, 1000000);
+    ASSERT_EQ(picks.size(), 3u);
+    EXPECT_EQ(picks[0].row, 40);
+    EXPECT_EQ(picks[1].row, 160);
+    EXPECT_EQ(picks[2].row, 0);
+    EXPECT_EQ(error_of([&] { pick_period(picks[2]); }), text::kDivisionByZero);
+}
+
 TEST(OmegaPicks, ASpacingOfZeroTakesTheNeighbours) {
     const auto amp = spectrum(2000, {{100, 10}, {101, 9.5}, {300, 8}, {301, 7.9}});
     const auto picks = find_omegas(amp, 0.05, 0, 4);

@@ -9,7 +9,7 @@
 
 #include "compute/import/declared_time_step.h"
 #include "compute/import/record_import.h"
-#include "compute/project/text_file.h"
+#include "compute/files/text_file.h"
 #include "support/fake_platform.h"
 #include "text/number_text.h"
 

@@ -324,6 +324,35 @@ TEST_F(CapacityTest, InputTeffFromCapacityCopiesThePeriodsAfterTheSkip) {
     EXPECT_EQ(f.FG2.text(1, 1), sa1);  // the demand stays
 }
 
+// Files without the capacity table layout (an empty file, the Sd-Sa curves people keep) read as
+// no steps, as before; the calculations that need steps then say what the file lacks.
+TEST_F(CapacityTest, AFileWithoutStepsIsNamedSoWhereStepsAreNeeded) {
+    std::vector<std::string> files{write("empty.txt", "")};
+    for (const char* name : {"capacity/pushover.txt", "capacity/capacity_spectrum.txt", "capacity/capacity_curves_Sd-Sa.csv"})
+        if (std::string path = data_path(name); !path.empty()) files.push_back(path);
+    for (const std::string& path : files) {
+        SCOPED_TRACE(path);
+        program.unload<windows::Form9>();
+        platform.messages.clear();
+        run([&] { form9().Text1.set_text(path); });
+        press(form9().Command2);
+        ASSERT_EQ(form9().Fg.rows(), 1);
+        EXPECT_TRUE(platform.messages.empty());
+        press(form9().Command3);
+        press(form9().demand.Command6);
+        press(form9().demand.Command7);
+        press(form9().Command8);
+        press(form9().Command3);
+        press(form9().Command9);
+        EXPECT_TRUE(platform.runtime_errors.empty());
+        ASSERT_EQ(platform.messages.size(), 2u);
+        for (const Message& m : platform.messages) {
+            EXPECT_EQ(m.text, windows::kNoCapacitySteps);
+            EXPECT_EQ(m.icon, forms::MsgIcon::Critical);
+        }
+    }
+}
+
 // A view finds each widget by its control's name: no name may stand twice in a window.
 TEST_F(CapacityTest, EveryControlNameStandsOnceInEachWindow) {
     std::vector<const forms::Form*> forms = {&form9(), &program.form<windows::Form10>(),

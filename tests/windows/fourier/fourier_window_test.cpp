@@ -76,6 +76,16 @@ TEST_F(FourierTest, TheStepLimitStopsBeforeTheSum) {
     EXPECT_EQ(f12().Text3.text(), "");
 }
 
+TEST_F(FourierTest, ACountFarBeyondTheLimitIsRefusedBeforeAnyArrayIsMade) {
+    open_sine();
+    go("600.1");
+    go("1e308", "1e300");  // 10^8 omegas: three arrays of 800 MB
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[1].text, "Steps are too many...! Change Omega Lim or Delta Omega");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_EQ(state().accelX2.ubound(), 12002);  // as the refused count before left it
+}
+
 TEST_F(FourierTest, BadTextInTheStrictBoxesAndAZeroStepAreRunTimeErrors) {
     open_sine();
     go("forty");

@@ -8,6 +8,7 @@
 
 #include "support/fake_platform.h"
 #include "windows/program.h"
+#include "windows/files/work_files.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
 

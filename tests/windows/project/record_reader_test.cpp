@@ -1,7 +1,7 @@
 // Reading the two component files of a record into the record window's tables.
 #include "project_fixture.h"
 
-#include "compute/project/text_file.h"
+#include "compute/files/text_file.h"
 
 namespace tv::test {
 namespace {

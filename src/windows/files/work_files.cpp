@@ -1,0 +1,37 @@
+#include "windows/files/work_files.h"
+
+#include <filesystem>
+
+#include "compute/files/text_file.h"
+#include "text/format.h"
+#include "text/runtime_error.h"
+
+namespace tv::windows {
+
+std::string open_txt_dialog(forms::Platform& platform) {
+    forms::FileDialogRequest req;
+    req.file_name = "*.txt";
+    return platform.file_dialog(req).value_or("*.txt");
+}
+
+std::string save_txt_dialog(forms::Platform& platform) {
+    forms::FileDialogRequest req;
+    req.save = true;
+    req.filter = "*.txt";
+    req.file_name = "*.txt";
+    std::string name = platform.file_dialog(req).value_or("*.txt");
+    return name == "*.txt" ? name : text::with_txt_extension(name);
+}
+
+void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines) {
+    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), lines);
+    if (!written.ok()) throw text::FileError(written.error, written.description, name, written.reason);
+}
+
+std::string resolve_in_workdir(const ProjectState& state, const std::string& name) {
+    std::filesystem::path p(name);
+    if (p.is_absolute() || state.workDir.empty()) return name;
+    return (std::filesystem::path(state.workDir) / p).string();
+}
+
+}  // namespace tv::windows

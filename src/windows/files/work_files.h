@@ -1,0 +1,25 @@
+#pragma once
+// The file dialogs of the record and export roads, the writing of exports and the work folder,
+// shared by the windows of every area.
+#include <string>
+#include <vector>
+
+#include "forms/platform.h"
+#include "windows/program.h"
+
+namespace tv::windows {
+
+/// Open dialog with the preset "*.txt": the chosen name, or "*.txt" when cancelled.
+std::string open_txt_dialog(forms::Platform& platform);
+
+/// Save dialog with the preset "*.txt": the chosen name with ".txt" added when the upper-cased
+/// name holds no ".TXT", or "*.txt" when cancelled.
+std::string save_txt_dialog(forms::Platform& platform);
+
+/// Writes an export whole or not at all; a failure is the run-time error with the file's name.
+void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines);
+
+/// Path of a file name as the program opens it: relative names are taken in workDir.
+std::string resolve_in_workdir(const ProjectState& state, const std::string& name);
+
+}  // namespace tv::windows

@@ -1,0 +1,214 @@
+// The one file writer against the ways a write goes wrong: each case checks the status, the
+// message and what is left on disk (the old file whole, no temporary file behind).
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <set>
+#include <sstream>
+
+#include "compute/files/file_reader.h"
+#include "compute/files/file_writer.h"
+
+namespace tv::compute {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string slurp(const fs::path& p) { return read_input_file(p.string()).bytes; }
+
+void spill(const fs::path& p, const std::string& text) { std::ofstream(p, std::ios::binary) << text; }
+
+std::set<std::string> names_in(const fs::path& dir) {
+    std::set<std::string> out;
+    for (const auto& e : fs::directory_iterator(dir)) out.insert(e.path().filename().string());
+    return out;
+}
+
+// The write runs in a child process, so that a case may limit the file size (a full disk) or
+// drop root's rights (a read-only folder means nothing to root).
+struct Outcome {
+    int error = -1;
+    std::string reason;
+};
+
+Outcome write_in_child(const std::string& path, const std::string& bytes, rlim_t file_size_limit, bool as_nobody) {
+    int link[2];
+    if (::pipe(link) != 0) return {};
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        ::close(link[0]);
+        ::umask(022);
+        if (file_size_limit != RLIM_INFINITY) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            rlimit r{file_size_limit, file_size_limit};
+            ::setrlimit(RLIMIT_FSIZE, &r);
+        }
+        if (as_nobody && ::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(2);
+        const FileStatus st = write_file(path, bytes);
+        const std::string answer = std::to_string(st.error) + "\n" + st.reason + "\n" + st.description;
+        const bool sent = ::write(link[1], answer.data(), answer.size()) == static_cast<ssize_t>(answer.size());
+        ::_exit(sent ? 0 : 1);
+    }
+    ::close(link[1]);
+    std::string answer;
+    char buf[4096];
+    for (ssize_t got; (got = ::read(link[0], buf, sizeof buf)) > 0;) answer.append(buf, static_cast<std::size_t>(got));
+    ::close(link[0]);
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    Outcome o;
+    std::istringstream lines(answer);
+    std::string number;
+    std::getline(lines, number);
+    std::getline(lines, o.reason);
+    if (!number.empty()) o.error = std::stoi(number);
+    return o;
+}
+
+struct WriteCase {
+    const char* name;
+    // Makes the scene in `dir` and gives the name to write to.
+    std::function<std::string(const fs::path& dir)> scene;
+    int error;              // expected error number, 0 for success
+    const char* reason;     // expected reason, empty when none
+    rlim_t file_size_limit = RLIM_INFINITY;
+    bool as_nobody = false;
+    // What must hold afterwards.
+    std::function<void(const fs::path& dir)> after = {};
+};
+
+constexpr const char* kNew = "new content\n";
+constexpr const char* kOld = "old content, kept whole\n";
+
+class FileWriterTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        char name[] = "/tmp/tv-writer-XXXXXX";
+        ASSERT_NE(::mkdtemp(name), nullptr);
+        dir = name;
+        fs::permissions(dir, fs::perms(0755));  // reachable by the unprivileged child
+    }
+    void TearDown() override {
+        std::error_code ec;
+        for (const auto& e : fs::recursive_directory_iterator(dir, ec))
+            if (e.is_directory()) fs::permissions(e.path(), fs::perms::owner_all, fs::perm_options::add, ec);
+        fs::remove_all(dir, ec);
+    }
+    fs::path dir;
+};
+
+TEST_F(FileWriterTest, EveryWayAWriteEndsLeavesTheOldFileWholeOrTheNewOneInPlace) {
+    const std::vector<WriteCase> cases = {
+        {"new file, mode from the umask", [](const fs::path& d) { return (d / "out.txt").string(); }, 0, "",
+         RLIM_INFINITY, false,
+         [](const fs::path& d) {
+             EXPECT_EQ(slurp(d / "out.txt"), kNew);
+             EXPECT_EQ(fs::status(d / "out.txt").permissions() & fs::perms::all, fs::perms(0644));
+         }},
+        {"mode 600 kept",
+         [](const fs::path& d) {
+             spill(d / "secret.txt", kOld);
+             fs::permissions(d / "secret.txt", fs::perms(0600));
+             return (d / "secret.txt").string();
+         },
+         0, "", RLIM_INFINITY, false,
+         [](const fs::path& d) {
+             EXPECT_EQ(slurp(d / "secret.txt"), kNew);
+             EXPECT_EQ(fs::status(d / "secret.txt").permissions() & fs::perms::all, fs::perms(0600));
+         }},
+        {"full disk",
+         [](const fs::path& d) {
+             spill(d / "keep.txt", kOld);
+             return (d / "keep.txt").string();
+         },
+         75, "File too large", 4, false, [](const fs::path& d) { EXPECT_EQ(slurp(d / "keep.txt"), kOld); }},
+        {"full device written in place", [](const fs::path&) { return std::string("/dev/full"); }, 75,
+         "No space left on device", RLIM_INFINITY, false,
+         [](const fs::path&) { EXPECT_TRUE(fs::is_character_file("/dev/full")); }},
+        {"null device written in place", [](const fs::path&) { return std::string("/dev/null"); }, 0, "",
+         RLIM_INFINITY, false, [](const fs::path&) { EXPECT_TRUE(fs::is_character_file("/dev/null")); }},
+        {"pipe that nobody reads",
+         [](const fs::path& d) {
+             ::mkfifo((d / "pipe").c_str(), 0644);
+             return (d / "pipe").string();
+         },
+         75, "Not a regular file, and nothing reads from it", RLIM_INFINITY, false,
+         [](const fs::path& d) { EXPECT_TRUE(fs::is_fifo(d / "pipe")); }},
+        {"link written through",
+         [](const fs::path& d) {
+             spill(d / "real.txt", kOld);
+             fs::create_symlink("real.txt", d / "link.txt");
+             return (d / "link.txt").string();
+         },
+         0, "", RLIM_INFINITY, false,
+         [](const fs::path& d) {
+             EXPECT_TRUE(fs::is_symlink(d / "link.txt"));
+             EXPECT_EQ(slurp(d / "real.txt"), kNew);
+         }},
+        {"temporary names of others left alone",
+         [](const fs::path& d) {
+             spill(d / "out2.txt.tmp", kOld);
+             spill(d / ".out2.txt.tmp", kOld);
+             return (d / "out2.txt").string();
+         },
+         0, "", RLIM_INFINITY, false,
+         [](const fs::path& d) {
+             EXPECT_EQ(slurp(d / "out2.txt"), kNew);
+             EXPECT_EQ(slurp(d / "out2.txt.tmp"), kOld);
+             EXPECT_EQ(slurp(d / ".out2.txt.tmp"), kOld);
+         }},
+        {"read-only folder",
+         [](const fs::path& d) {
+             fs::create_directory(d / "ro");
+             spill(d / "ro" / "keep.txt", kOld);
+             fs::permissions(d / "ro" / "keep.txt", fs::perms(0666));
+             fs::permissions(d / "ro", fs::perms(0555));
+             return (d / "ro" / "keep.txt").string();
+         },
+         75, "Permission denied", RLIM_INFINITY, true,
+         [](const fs::path& d) {
+             EXPECT_EQ(slurp(d / "ro" / "keep.txt"), kOld);
+             EXPECT_EQ(names_in(d / "ro"), std::set<std::string>{"keep.txt"});
+         }},
+        {"missing folder", [](const fs::path& d) { return (d / "none" / "out.txt").string(); }, 76,
+         "No such file or directory"},
+        {"a folder in the way",
+         [](const fs::path& d) {
+             fs::create_directory(d / "taken.txt");
+             return (d / "taken.txt").string();
+         },
+         75, "Is a directory"},
+    };
+    for (const WriteCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string target = c.scene(dir);
+        const std::set<std::string> before = names_in(dir);
+        const Outcome o = write_in_child(target, kNew, c.file_size_limit, c.as_nobody);
+        EXPECT_EQ(o.error, c.error);
+        EXPECT_EQ(o.reason, c.reason);
+        if (c.after) c.after(dir);
+        // Nothing new beside the target but the target itself.
+        std::set<std::string> now = names_in(dir);
+        now.erase(fs::path(target).filename().string());
+        std::set<std::string> was = before;
+        was.erase(fs::path(target).filename().string());
+        EXPECT_EQ(now, was);
+    }
+}
+
+TEST(FileWriter, TheMessageNamesTheFileAsGiven) {
+    const FileStatus st = write_file("/nonexistent-tv-folder/out.txt", "x");
+    EXPECT_EQ(st.description, "Path not found: /nonexistent-tv-folder/out.txt");
+    EXPECT_EQ(st.path, "/nonexistent-tv-folder/out.txt");
+}
+
+}  // namespace
+}  // namespace tv::compute
