@@ -8,18 +8,12 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(EffectivePeriod, FromKiOverKe) {
     // Yield point (1.99, 2855.7214): Ke = 1435.0359; with Ti = 1, Te = (1500 / Ke)^0.5 = 1.022384.

@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
@@ -14,14 +15,7 @@ namespace {
 using text::DoubleArray;
 using text::RuntimeError;
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(DesignSpectrum, WorkedValues) {
     // Soil II, High, A = 0.3, T = 1: B1 = 2.5 * 0.3 * 0.5 / 1 = 0.375, N = 1 + 0.7 * 0.5 / 3.5 = 1.1.
