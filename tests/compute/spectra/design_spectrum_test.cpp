@@ -8,6 +8,7 @@
 
 #include "text/runtime_error.h"
 #include "support/errors.h"
+#include "support/files.h"
 
 namespace tv::compute {
 namespace {
@@ -149,19 +150,8 @@ TEST(DesignSpectrum, ShowDiagramZeroStepFailsBeforeTheArray) {
 
 class SpectrumFile : public ::testing::Test {
 protected:
-    void SetUp() override {
-        dir_ = std::filesystem::temp_directory_path() /
-               ("tv_spectrum_file_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir_);
-    }
-    void TearDown() override { std::filesystem::remove_all(dir_); }
-    std::string write(const std::string& body) {
-        const auto path = (dir_ / "spectrum.txt").string();
-        std::ofstream(path, std::ios::binary) << body;
-        return path;
-    }
-    std::filesystem::path dir_;
+    std::string write(const std::string& body) { return dir_.write("spectrum.txt", body); }
+    test::TempDir dir_;
 };
 
 TEST_F(SpectrumFile, OneOrdinatePerLineByTheLeadingNumber) {
@@ -193,7 +183,7 @@ TEST_F(SpectrumFile, MissingFileChangesNothing) {
     sa(1) = 9;
     std::int32_t count = 2;
     try {
-        read_spectrum_file((dir_ / "none.txt").string(), 4, 0.01, sa, count);
+        read_spectrum_file(dir_.file("none.txt"), 4, 0.01, sa, count);
         FAIL();
     } catch (const RuntimeError& e) {
         EXPECT_EQ(e.number(), text::kFileNotFound);
@@ -201,7 +191,7 @@ TEST_F(SpectrumFile, MissingFileChangesNothing) {
     }
     EXPECT_EQ(count, 2);
     EXPECT_EQ(sa(1), 9);
-    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.string(), 4, 0.01, sa, count); }), 75);
+    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.path().string(), 4, 0.01, sa, count); }), 75);
 }
 
 }  // namespace

@@ -265,14 +265,9 @@ class DuringRunTest : public ::testing::Test {
 protected:
     int first_call = 0;
     DuringRunTest() : program(platform) {
-        dir = std::filesystem::temp_directory_path() /
-              ("tv_during_" + std::to_string(::getpid()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir);
         windows::start(program);
         program.state.workDir = dir.string();
     }
-    ~DuringRunTest() override { std::filesystem::remove_all(dir); }
 
     void to_response() {
         std::ofstream(dir / "x.txt") << "h\n0.1\n-0.4\n0.3\n-0.2\n0.25\n0\n-0.1\n0.05\n";
@@ -293,9 +288,10 @@ protected:
     }
     windows::Form3& form3() { return program.form<windows::Form3>(); }
 
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
     EventPlatform platform;
     windows::Program program;
-    std::filesystem::path dir;
 };
 
 TEST_F(DuringRunTest, AnExportBetweenPeriodsCutsTheArraysAndTheRunStopsAtTheCut) {

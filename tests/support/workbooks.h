@@ -1,28 +1,14 @@
 #pragma once
 // Small workbooks written by the tests themselves: .xlsx parts zipped with minizip, and a
 // minimal BIFF8 .xls in a compound file (no library here writes that format).
-#include <filesystem>
 #include <string>
 #include <utility>
 #include <variant>
 #include <vector>
 
+#include "support/files.h"
+
 namespace tv::test {
-
-/// A fresh folder under the system's temporary folder, removed at destruction.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_;
-};
-
-void write_bytes(const std::string& path, const std::string& bytes);
 
 /// A zip of the given parts, stored in order.
 void write_zip(const std::string& path, const std::vector<std::pair<std::string, std::string>>& parts);

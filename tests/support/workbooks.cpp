@@ -1,6 +1,5 @@
-#include "workbook_fixtures.h"
+#include "support/workbooks.h"
 
-#include <unistd.h>
 #include <zip.h>
 
 #include <algorithm>
@@ -8,28 +7,9 @@
 #include <cstring>
 #include <fstream>
 #include <map>
-#include <random>
 #include <stdexcept>
 
 namespace tv::test {
-
-TempDir::TempDir() {
-    std::random_device rd;
-    path_ = std::filesystem::temp_directory_path() /
-            ("tv-coefficient-" + std::to_string(::getpid()) + "-" + std::to_string(rd()));
-    std::filesystem::create_directories(path_);
-}
-
-TempDir::~TempDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(path_, ec);
-}
-
-void write_bytes(const std::string& path, const std::string& bytes) {
-    std::ofstream out(path, std::ios::binary);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!out) throw std::runtime_error("cannot write " + path);
-}
 
 void write_zip(const std::string& path, const std::vector<std::pair<std::string, std::string>>& parts) {
     zipFile zf = zipOpen64(path.c_str(), APPEND_STATUS_CREATE);
