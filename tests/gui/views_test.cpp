@@ -121,22 +121,7 @@ TEST_F(ViewsTest, RecordInput) {
     test::save_shot(w, "Form1_empty");
 }
 
-// Windows further down the roads: a view of their own or the plain one, every control bound.
-TEST_F(ViewsTest, LaterWindowsHaveAView) {
-    {
-        auto& f2 = program.form<windows::Form2>();
-        auto& w = open<windows::Form2>();
-        expect_all_bound(f2);
-        test::save_shot(w, "Form2");
-    }
-    {
-        auto& f6 = program.form<windows::Form6>();
-        auto& w = open<windows::Form6>();
-        expect_all_bound(f6);
-        test::save_shot(w, "Form6");
-    }
-}
-
+// A window without a view of its own gets the plain one, every control bound.
 TEST_F(ViewsTest, WindowsWithoutTheirOwnViewGetAPlainOne) {
     class Sketch : public forms::Form {
     public:
