@@ -29,14 +29,10 @@ TEST(EffectivePeriod, FromKiOverKe) {
 }
 
 TEST(C0Coefficient, Table) {
-    EXPECT_EQ(c0_coefficient(1, 1), 1.0);
-    EXPECT_EQ(c0_coefficient(1, 3), 1.0);
-    EXPECT_EQ(c0_coefficient(2, 1), 1.15);
-    EXPECT_EQ(c0_coefficient(2, 2), 1.2);
-    EXPECT_EQ(c0_coefficient(3, 3), 1.3);
-    EXPECT_EQ(c0_coefficient(4, 2), 1.25);
-    EXPECT_EQ(c0_coefficient(4, 3), 1.35);
-    EXPECT_EQ(c0_coefficient(5, 3), 1.4);
+    // The code's table for 1 to 5 stories, one column per system.
+    const double c0[5][3] = {{1, 1, 1}, {1.15, 1.2, 1.2}, {1.2, 1.2, 1.3}, {1.2, 1.25, 1.35}, {1.2, 1.3, 1.4}};
+    for (int n = 1; n <= 5; ++n)
+        for (int c = 1; c <= 3; ++c) EXPECT_EQ(c0_coefficient(n, c), c0[n - 1][c - 1]) << n << " stories, column " << c;
     EXPECT_EQ(c0_coefficient(6, 1), 1.2);
     EXPECT_EQ(c0_coefficient(12, 2), 1.3);
 }

@@ -113,6 +113,8 @@ TEST_F(PushoverWindowTest, TheTimerBlinksTheMarkerAndCheck1DrawsTheKiLine) {
     click(f.Check1);
     // Y2 = 3300 x 1.5 = 4950 reached at 4950 / 1500 = 3.3.
     EXPECT_TRUE(f.Line3.visible());
+    EXPECT_EQ(f.Line3.x1(), 0.0f);
+    EXPECT_EQ(f.Line3.y1(), 0.0f);
     EXPECT_EQ(f.Line3.x2(), 3.3f);
     EXPECT_EQ(f.Line3.y2(), 4950.0f);
     EXPECT_EQ(f.picDiagram.ops().size(), 6u);
