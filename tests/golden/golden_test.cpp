@@ -1,9 +1,9 @@
-// Golden cases: each folder holds `args` (one argument a line, `#` lines are notes), and
-// `expected/` with the exit status, standard output, standard error and every file the run
-// writes, compared as exact text (the text is the result). In `args` and in the expected text,
-// @CASE@ is the case's folder, @GOLDEN@ this folder, @SAMPLES@ samples/, @DATA@ the real input
-// files (the case is skipped when they are missing) and @OUT@ a scratch folder that starts as a
-// copy of the case's `before/`. TV_GOLDEN_UPDATE=1 rewrites `expected/` from the runs.
+// Golden cases: each folder holds `args` (the arguments, separated by blanks; `#` lines are
+// notes) and `expected/` with the exit status, standard output, standard error and every file
+// the run writes, compared as exact text (the text is the result). In `args` and in the
+// expected text, @CASE@ is the case's folder, @GOLDEN@ this folder, @SAMPLES@ samples/, @DATA@
+// the real input files (the case is skipped when they are missing) and @OUT@ a scratch folder
+// that starts as a copy of the case's `before/`. TV_GOLDEN_UPDATE=1 rewrites `expected/`.
 #include <gtest/gtest.h>
 
 #include <unistd.h>
@@ -62,10 +62,13 @@ TEST_P(GoldenTest, OutputAndExportsMatch) {
                                                                   {"@DATA@", TV_DATA_DIR}};
     std::vector<std::string> args;
     std::istringstream lines(args_text);
-    for (std::string a; std::getline(lines, a);) {
-        if (a.empty() || a[0] == '#') continue;
-        for (const auto& [mark, place] : places) a = replace_all(a, mark, place);
-        args.push_back(a);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        std::istringstream words(line);
+        for (std::string a; words >> a;) {
+            for (const auto& [mark, place] : places) a = replace_all(a, mark, place);
+            args.push_back(a);
+        }
     }
     CliResult r = run_cli(args);
     for (const auto& [mark, place] : places) {
