@@ -3,19 +3,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+
+#include "support/files.h"
 
 namespace tv::test {
 
 namespace {
-std::string slurp(const std::filesystem::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 std::string quote(const std::string& a) {
     std::string q = "'";
     for (char c : a) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -26,7 +21,8 @@ std::string quote(const std::string& a) {
 CliResult run_cli(const std::vector<std::string>& args) {
     auto dir = std::filesystem::temp_directory_path() / ("tv_cli_" + std::to_string(::getpid()));
     std::filesystem::create_directories(dir);
-    std::string cmd = quote(TV_CLI_BINARY);
+    // A run that hangs is a failure of its own, not a wait for the test's time limit.
+    std::string cmd = "timeout 60 " + quote(TV_CLI_BINARY);
     for (const auto& a : args) cmd += " " + quote(a);
     cmd += " >" + quote((dir / "out").string()) + " 2>" + quote((dir / "err").string()) + " </dev/null";
     int raw = std::system(cmd.c_str());

@@ -1,5 +1,6 @@
 #pragma once
-// Runs tremorvault-cli with arguments and collects its output and exit status.
+// Runs tremorvault-cli with arguments and collects its output and exit status; a run still
+// going after 60 s is killed (status 124).
 #include <string>
 #include <vector>
 

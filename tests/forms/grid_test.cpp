@@ -7,6 +7,7 @@
 #include "forms/form.h"
 #include "support/fake_platform.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::forms {
 namespace {
@@ -22,14 +23,7 @@ public:
     int view_updates = 0;
 };
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 class GridTest : public ::testing::Test {
 protected:

@@ -1,6 +1,6 @@
 // The views of Form2, Form3 and Form4: every control has a widget of its kind, the captions
-// beside the boxes stand in the view, the Persian texts run right to left, and the windows as
-// the record road leaves them (screenshots under <build>/gui-screenshots).
+// beside the boxes stand in the view, the Persian texts run right to left (screenshots under
+// <build>/gui-screenshots).
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -64,9 +64,6 @@ bool all_glyphs_found(const QString& text, const QWidget& widget) {
     }
     return glyphs > 0;
 }
-
-// ---------------------------------------------------------------------------------------------
-// Each view by itself, over the model alone.
 
 using SpectraViews = test::SingleViewTest;
 
@@ -194,98 +191,6 @@ TEST_F(SpectraViews, BandEndMessageReadsRightToLeft) {
     auto english = QtPlatform::make_message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);
     EXPECT_EQ(english->layoutDirection(), Qt::LeftToRight);
     test::save_shot(*box, "Form4_band_message");
-}
-
-// ---------------------------------------------------------------------------------------------
-// The record road on the real platform, with a real record: Form1 to Form2, Form3 and Form4.
-
-class SpectraRoad : public test::RecordRoadTest {
-protected:
-    /// One record read, drawn from line 5, and passed on to Form2.
-    void to_form2() {
-        platform.inputs = {"1", "1"};
-        platform.files = {x_file, y_file};
-        for (int i = 0; i < 2; ++i) {
-            frame->findChild<QAction*>("menu_open")->trigger();
-            test::settle();
-        }
-        auto* first = in<QLineEdit>(f1(), "Xfline");
-        ASSERT_NE(first, nullptr);
-        first->selectAll();
-        QTest::keyClicks(first, "5");
-        click(f1(), "Command2");
-        click(f1(), "xnext");
-        ASSERT_TRUE(program.is_loaded<windows::Form2>());
-    }
-
-    /// The mouse moved to a third of the plot's viewport.
-    void hover(const forms::Form& form) {
-        auto* plot = in<PictureView>(form, "picNemodar");
-        auto* viewport = in<PictureView>(form, "picNemodar1");
-        const QPointF at(viewport->width() / 3.0 - plot->x(), viewport->height() / 2.0);
-        QMouseEvent move(QEvent::MouseMove, at, plot->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(plot, &move);
-        test::settle();
-    }
-
-    windows::Form1& f1() { return program.form<windows::Form1>(); }
-    windows::Form2& f2() { return program.form<windows::Form2>(); }
-    windows::Form3& f3() { return program.form<windows::Form3>(); }
-    windows::Form4& f4() { return program.form<windows::Form4>(); }
-};
-
-TEST_F(SpectraRoad, DesignResponseAndComparison) {
-    to_form2();
-    // Form2: the design spectrum.
-    click(f2(), "Command1");
-    EXPECT_GT(f2().chart.picNemodar.ops().size(), 100u);
-    hover(f2());
-    EXPECT_TRUE(in<QLabel>(f2(), "Label7")->text().startsWith("T(Period): "));
-    test::save_shot(*platform.view_of(f2()), "Form2_spectrum");
-    click(f2(), "xnext");
-
-    // Form3: the response spectra of the record.
-    ASSERT_TRUE(program.is_loaded<windows::Form3>());
-    auto* record = in<QComboBox>(f3(), "Combo1");
-    ASSERT_NE(record, nullptr);
-    EXPECT_EQ(record->count(), 1);
-    EXPECT_EQ(record->currentText(), "1");
-    click(f3(), "Command1");
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(platform.messages.empty());
-    EXPECT_GT(f3().chart.picNemodar.ops().size(), 100u);
-    EXPECT_TRUE(in<QGroupBox>(f3(), "Picbar")->isHidden());
-    EXPECT_EQ(in<QLabel>(f3(), "Label4")->text(), "(Pseudo.Acceleration)");
-    EXPECT_TRUE(in<QPushButton>(f3(), "Command5")->isEnabled());
-    hover(f3());
-    EXPECT_TRUE(in<QLabel>(f3(), "Label8")->text().startsWith("T(Period): "));
-    test::save_shot(*platform.view_of(f3()), "Form3_spectrum");
-    test::save_shot(*frame, "Form3_spectrum_frame");
-    click(f3(), "Command4");
-
-    // Form4: average against target, and the factor.
-    ASSERT_TRUE(program.is_loaded<windows::Form4>());
-    EXPECT_EQ(in<QLineEdit>(f4(), "tend")->text().toStdString(), f4().tend.text());
-    click(f4(), "Command1");
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(platform.messages.empty());
-    EXPECT_EQ(in<QLineEdit>(f4(), "xzarib")->text().toStdString(), f4().xzarib.text());
-    EXPECT_GT(f4().chart.picNemodar.ops().size(), 100u);
-    tick(in<QCheckBox>(f4(), "Check1"));
-    hover(f4());
-    EXPECT_TRUE(in<QLabel>(f4(), "LabelBlue")->text().startsWith("SRSS : "));
-    EXPECT_TRUE(in<QLabel>(f4(), "LabelRed")->text().startsWith("Spa(st): "));
-    EXPECT_TRUE(in<QLabel>(f4(), "Label12")->text().startsWith("T(Period) : "));
-    EXPECT_TRUE(f4().LineRed.visible());
-    test::save_shot(*platform.view_of(f4()), "Form4_calculated");
-
-    // A band past the spectrum's end is refused with the Persian message.
-    auto* end = in<QLineEdit>(f4(), "tend");
-    end->selectAll();
-    QTest::keyClicks(end, "99");
-    ASSERT_FALSE(platform.messages.empty());
-    EXPECT_EQ(platform.messages.back(), windows::kBandEndMessage);
-    EXPECT_EQ(end->text().toStdString(), f4().tend.text());
 }
 
 }  // namespace

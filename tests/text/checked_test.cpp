@@ -6,17 +6,12 @@
 
 #include <limits>
 
+#include "support/errors.h"
+
 namespace tv::text {
 namespace {
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(RuntimeErrors, CarryNumberAndDescription) {
     try {

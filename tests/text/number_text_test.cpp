@@ -8,18 +8,12 @@
 #include <limits>
 
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::text {
 namespace {
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(ToText, PlainNumbersAreShort) {
     EXPECT_EQ(to_text(0.0), "0");

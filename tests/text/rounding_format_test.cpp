@@ -7,18 +7,12 @@
 #include "text/format.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::text {
 namespace {
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(RoundTo, ExactTiesGoToEven) {
     EXPECT_EQ(round_to(0.125, 2), 0.12);

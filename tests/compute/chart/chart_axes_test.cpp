@@ -4,20 +4,13 @@
 
 #include "text/format.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace cc = tv::compute::chart;
-using tv::text::RuntimeError;
 
 namespace {
 
-int error_of(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 // 100 twips a character: labels of one digit have a half width of 50.
 double hundred_per_char(const std::string& s) { return 100.0 * static_cast<double>(s.size()); }

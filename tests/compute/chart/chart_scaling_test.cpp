@@ -3,20 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace cc = tv::compute::chart;
-using tv::text::RuntimeError;
 
 namespace {
 
-int error_of(const std::function<void()>& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(ChartScaling, LargestAbsTakesNegativesAndElementZero) {
     EXPECT_EQ(cc::largest_abs({-0.8, 0.3, -0.2}), 0.8);

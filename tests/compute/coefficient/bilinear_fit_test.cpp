@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "text/format.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
@@ -26,14 +27,7 @@ PushoverPoints curve(std::initializer_list<std::pair<double, double>> xy) {
 // A softening curve in kg-cm, target point 5 at (8, 3300).
 PushoverPoints softening() { return curve({{0, 0}, {1, 1500}, {2, 2600}, {3, 3000}, {5, 3200}, {8, 3300}}); }
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(PushoverArea, Trapezoids) {
     // 1500/2 + 4100/2 + 5600/2 + 6200/2 x 2 + 6500/2 x 3 = 750 + 2050 + 2800 + 6200 + 9750.

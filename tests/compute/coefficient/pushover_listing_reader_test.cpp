@@ -2,14 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "workbook_fixtures.h"
+#include "support/workbooks.h"
 
 namespace tv::compute {
 namespace {
 
 using Fields = std::array<std::string, 3>;
 using test::TempDir;
-using test::write_bytes;
 
 TEST(SplitListingLine, KeepsLeadingBlanksOfTheSecondAndThirdField) {
     // "  1  0.25   1200  A" -> first character dropped, runs shrunk: "1 0.25 1200 A".
@@ -105,14 +104,14 @@ TEST(ParsePushoverListing, AStepBeyondSixteenBitsStopsWithTheRowsSoFar) {
 
 TEST(ReadPushoverListing, CrLfLinesAndLoneCr) {
     TempDir dir;
-    write_bytes(dir.file("crlf.txt"), "Step Displacement Force X\r\n 0 0 0 a\r\n\r\n 1 0.5 1000 b\r\n");
+    test::spill(dir.file("crlf.txt"), "Step Displacement Force X\r\n 0 0 0 a\r\n\r\n 1 0.5 1000 b\r\n");
     PushoverTable t = read_pushover_listing(dir.file("crlf.txt"));
     EXPECT_TRUE(t.ok());
     ASSERT_EQ(t.rows.size(), 2u);
     EXPECT_EQ(t.rows[1].force_text, " 1000");
     EXPECT_EQ(t.rows[1].point.BaseForce, 1000.0);
 
-    write_bytes(dir.file("cr.txt"), "Displacement\r 0 0 0 a\r 1 0.5 1000 b\r");
+    test::spill(dir.file("cr.txt"), "Displacement\r 0 0 0 a\r 1 0.5 1000 b\r");
     EXPECT_EQ(read_pushover_listing(dir.file("cr.txt")).rows.size(), 2u);
 }
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_platform.h"
-#include "workbook_fixtures.h"
+#include "support/workbooks.h"
 
 namespace tv::compute {
 namespace {
@@ -150,9 +150,9 @@ TEST(ReadPushoverXlsx, FirstWorksheetInWorkbookOrder) {
 
 TEST(ReadPushoverWorkbook, NotAWorkbookAndMissingFile) {
     TempDir dir;
-    test::write_bytes(dir.file("plain.xls"), "Step Displacement\n0 0 0\n");
+    test::spill(dir.file("plain.xls"), "Step Displacement\n0 0 0\n");
     EXPECT_EQ(read_pushover_workbook(dir.file("plain.xls")).error, kWorkbookUnreadable);
-    test::write_bytes(dir.file("broken.xlsx"), "PK\x03\x04 not really a zip");
+    test::spill(dir.file("broken.xlsx"), "PK\x03\x04 not really a zip");
     EXPECT_EQ(read_pushover_workbook(dir.file("broken.xlsx")).error, kWorkbookUnreadable);
     test::write_zip(dir.file("nosheet.xlsx"), {{"hello.txt", "hello"}});
     EXPECT_EQ(read_pushover_workbook(dir.file("nosheet.xlsx")).error, kWorkbookUnreadable);
@@ -162,7 +162,7 @@ TEST(ReadPushoverWorkbook, NotAWorkbookAndMissingFile) {
 TEST(ReadPushoverXls, NumbersStringsAndTheEnd) {
     TempDir dir;
     std::string path = dir.file("book.xls");
-    test::write_bytes(path, test::xls_bytes({
+    test::spill(path, test::xls_bytes({
                                 {0, 0, std::string("Step")},
                                 {0, 1, std::string("Displacement")},
                                 {0, 2, std::string("Base Force")},
@@ -194,7 +194,7 @@ TEST(ReadPushoverXls, NumbersStringsAndTheEnd) {
 TEST(ReadPushoverXls, StepBeyondSixteenBits) {
     TempDir dir;
     std::string path = dir.file("big.xls");
-    test::write_bytes(path, test::xls_bytes({{0, 0, std::string("Step")}, {1, 0, 0.0}, {1, 1, 0.0}, {1, 2, 0.0},
+    test::spill(path, test::xls_bytes({{0, 0, std::string("Step")}, {1, 0, 0.0}, {1, 1, 0.0}, {1, 2, 0.0},
                                              {2, 0, -40000.0}, {2, 1, 1.0}, {2, 2, 2.0}}));
     PushoverTable t = read_pushover_xls(path);
     EXPECT_EQ(t.error, text::kOverflow);

@@ -5,18 +5,12 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 ResponseModificationInputs sample() { return {1000, 0.5, 8, 2, 2800, 20000, 1400}; }
 

@@ -5,21 +5,14 @@
 #include <cmath>
 
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
 using text::DoubleArray;
-using text::RuntimeError;
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 DoubleArray array_of(std::initializer_list<double> values) {  // index 0 = 0, then the values
     DoubleArray a(static_cast<long>(values.size()));

@@ -7,6 +7,8 @@
 #include <fstream>
 
 #include "text/runtime_error.h"
+#include "support/errors.h"
+#include "support/files.h"
 
 namespace tv::compute {
 namespace {
@@ -14,14 +16,7 @@ namespace {
 using text::DoubleArray;
 using text::RuntimeError;
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(DesignSpectrum, WorkedValues) {
     // Soil II, High, A = 0.3, T = 1: B1 = 2.5 * 0.3 * 0.5 / 1 = 0.375, N = 1 + 0.7 * 0.5 / 3.5 = 1.1.
@@ -141,19 +136,8 @@ TEST(DesignSpectrum, ShowDiagramZeroStepFailsBeforeTheArray) {
 
 class SpectrumFile : public ::testing::Test {
 protected:
-    void SetUp() override {
-        dir_ = std::filesystem::temp_directory_path() /
-               ("tv_spectrum_file_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir_);
-    }
-    void TearDown() override { std::filesystem::remove_all(dir_); }
-    std::string write(const std::string& body) {
-        const auto path = (dir_ / "spectrum.txt").string();
-        std::ofstream(path, std::ios::binary) << body;
-        return path;
-    }
-    std::filesystem::path dir_;
+    std::string write(const std::string& body) { return dir_.write("spectrum.txt", body); }
+    test::TempDir dir_;
 };
 
 TEST_F(SpectrumFile, OneOrdinatePerLineByTheLeadingNumber) {
@@ -185,7 +169,7 @@ TEST_F(SpectrumFile, MissingFileChangesNothing) {
     sa(1) = 9;
     std::int32_t count = 2;
     try {
-        read_spectrum_file((dir_ / "none.txt").string(), 4, 0.01, sa, count);
+        read_spectrum_file(dir_.file("none.txt"), 4, 0.01, sa, count);
         FAIL();
     } catch (const RuntimeError& e) {
         EXPECT_EQ(e.number(), text::kFileNotFound);
@@ -193,7 +177,7 @@ TEST_F(SpectrumFile, MissingFileChangesNothing) {
     }
     EXPECT_EQ(count, 2);
     EXPECT_EQ(sa(1), 9);
-    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.string(), 4, 0.01, sa, count); }), 75);
+    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.path().string(), 4, 0.01, sa, count); }), 75);
 }
 
 }  // namespace

@@ -11,21 +11,14 @@
 
 #include "support/fake_platform.h"
 #include "text/number_text.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
 using text::DoubleArray;
-using text::RuntimeError;
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 // A record file: header lines, then one sample per line; element i holds line i.
 struct LoadedRecord {

@@ -2,8 +2,6 @@
 // A fresh program over a fake platform, with Form6 opened from the menu and pushover files
 // written to a temporary folder.
 #include <gtest/gtest.h>
-#include <unistd.h>
-#include <zip.h>
 
 #include <filesystem>
 #include <fstream>
@@ -13,6 +11,8 @@
 #include <vector>
 
 #include "support/fake_platform.h"
+#include "support/files.h"
+#include "support/workbooks.h"
 #include "windows/coefficient/note_window.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/coefficient/target_displacement_window.h"
@@ -36,27 +36,15 @@ inline const char* kSofteningListing =
 class CoefficientTest : public ::testing::Test {
 protected:
     CoefficientTest() : program(platform) {
-        dir = std::filesystem::temp_directory_path() /
-              ("tv_coefficient_" + std::to_string(::getpid()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir);
         windows::start(program);
         program.state.workDir = dir.string();
         platform.printer_names = {"Office Laser", "PDF Printer"};
         program.run([&] { program.form<windows::frmMain>().PUSHOVER.choose(); });
     }
-    ~CoefficientTest() override { std::filesystem::remove_all(dir); }
-
-    std::string write(const std::string& name, const std::string& content) {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return (dir / name).string();
-    }
+    std::string write(const std::string& name, const std::string& content) { return scratch.write(name, content); }
 
     /// A one-sheet workbook: headings in row 1, then one row per (step, displacement, force).
     std::string write_xlsx(const std::string& name, const std::vector<std::vector<std::string>>& rows) {
-        const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
-        const std::string rel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-        const std::string pkg = "http://schemas.openxmlformats.org/package/2006/relationships";
         std::string data = "<row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"B1\" t=\"s\"><v>1</v></c>"
                            "<c r=\"C1\" t=\"s\"><v>2</v></c></row>";
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -66,40 +54,8 @@ protected:
                 data += "<c r=\"" + std::string(1, static_cast<char>('A' + c)) + r + "\"><v>" + rows[i][c] + "</v></c>";
             data += "</row>";
         }
-        const std::vector<std::pair<std::string, std::string>> parts = {
-            {"[Content_Types].xml",
-             "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Types "
-             "xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
-             "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
-             "<Default Extension=\"xml\" ContentType=\"application/xml\"/></Types>"},
-            {"_rels/.rels", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" + pkg +
-                                "\"><Relationship Id=\"rId1\" Type=\"" + rel +
-                                "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>"},
-            {"xl/workbook.xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><workbook xmlns=\"" + main +
-                                    "\" xmlns:r=\"" + rel +
-                                    "\"><sheets><sheet name=\"Sheet1\" sheetId=\"1\" r:id=\"rId1\"/></sheets></workbook>"},
-            {"xl/_rels/workbook.xml.rels",
-             "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" + pkg + "\"><Relationship Id=\"rId1\" Type=\"" +
-                 rel + "/worksheet\" Target=\"worksheets/sheet1.xml\"/><Relationship Id=\"rId2\" Type=\"" + rel +
-                 "/sharedStrings\" Target=\"sharedStrings.xml\"/></Relationships>"},
-            {"xl/worksheets/sheet1.xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" + main +
-                                             "\"><sheetData>" + data + "</sheetData></worksheet>"},
-            {"xl/sharedStrings.xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><sst xmlns=\"" + main +
-                                         "\"><si><t>Step</t></si><si><t>Displacement</t></si>"
-                                         "<si><t>Base Force</t></si></sst>"},
-        };
-        const std::string path = (dir / name).string();
-        zipFile zf = zipOpen64(path.c_str(), APPEND_STATUS_CREATE);
-        EXPECT_NE(zf, nullptr);
-        for (const auto& [part, content] : parts) {
-            zip_fileinfo info{};
-            zipOpenNewFileInZip64(zf, part.c_str(), &info, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED,
-                                  Z_DEFAULT_COMPRESSION, 0);
-            zipWriteInFileInZip(zf, content.data(), static_cast<unsigned>(content.size()));
-            zipCloseFileInZip(zf);
-        }
-        zipClose(zf, nullptr);
-        return path;
+        write_zip(scratch.file(name), xlsx_parts(data, {"Step", "Displacement", "Base Force"}));
+        return scratch.file(name);
     }
 
     /// A listing of the curve's points, numbered from 0, with a fourth column.
@@ -130,9 +86,10 @@ protected:
         press(f6().Command3);
     }
 
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
     FakePlatform platform;
     windows::Program program;
-    std::filesystem::path dir;
 };
 
 }  // namespace tv::test

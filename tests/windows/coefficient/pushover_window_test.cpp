@@ -98,6 +98,9 @@ TEST_F(PushoverWindowTest, TheDiagramUsesItsOwnScaleAndStrips) {
                                                           "7.200", "8.400", "9.600"}));
     std::vector<std::string> y = texts_of(f.yBar);
     ASSERT_EQ(y.size(), 11u);
+    // The strips stand level with the diagram: the tick of 0 at its bottom.
+    ASSERT_EQ(f.yBar.ops().front().kind, DrawOp::Kind::Line);
+    EXPECT_DOUBLE_EQ(f.yBar.ops().front().y1, 4500.0);
     EXPECT_EQ(y[1], "561");
     EXPECT_EQ(y[10], "5610");
 }
@@ -113,9 +116,14 @@ TEST_F(PushoverWindowTest, TheTimerBlinksTheMarkerAndCheck1DrawsTheKiLine) {
     click(f.Check1);
     // Y2 = 3300 x 1.5 = 4950 reached at 4950 / 1500 = 3.3.
     EXPECT_TRUE(f.Line3.visible());
+    EXPECT_EQ(f.Line3.x1(), 0.0f);
+    EXPECT_EQ(f.Line3.y1(), 0.0f);
     EXPECT_EQ(f.Line3.x2(), 3.3f);
     EXPECT_EQ(f.Line3.y2(), 4950.0f);
-    EXPECT_EQ(f.picDiagram.ops().size(), 6u);
+    ASSERT_EQ(f.picDiagram.ops().size(), 6u);
+    // Drawn from the origin, the diagram's bottom left corner.
+    EXPECT_EQ(f.picDiagram.ops().back().x1, 0.0);
+    EXPECT_EQ(f.picDiagram.ops().back().y1, 4500.0);
     click(f.Check1);
     EXPECT_FALSE(f.Line3.visible());
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "windows/program.h"
 #include "windows/files/work_files.h"
 #include "windows/project/main_frame_window.h"
@@ -17,19 +18,11 @@ namespace tv::test {
 class ProjectTest : public ::testing::Test {
 protected:
     ProjectTest() : program(platform) {
-        dir = std::filesystem::temp_directory_path() /
-              ("tv_project_" + std::to_string(::getpid()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir);
         windows::start(program);
         program.state.workDir = dir.string();
     }
-    ~ProjectTest() override { std::filesystem::remove_all(dir); }
 
-    std::string write(const std::string& name, const std::string& content) {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return (dir / name).string();
-    }
+    std::string write(const std::string& name, const std::string& content) { return scratch.write(name, content); }
     /// Chooses "Open/Add Record" as a user does, answering the dialogs queued before.
     void open() {
         program.run([&] { program.form<windows::frmMain>().menu_open.choose(); });
@@ -44,9 +37,10 @@ protected:
     windows::Form1& form1() { return program.form<windows::Form1>(); }
     windows::ProjectState& state() { return program.state; }
 
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
     FakePlatform platform;
     windows::Program program;
-    std::filesystem::path dir;
 };
 
 }  // namespace tv::test

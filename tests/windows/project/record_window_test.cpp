@@ -61,6 +61,19 @@ TEST_F(RecordWindowTest, APeakEqualToTheSmallerComponentCountsAsUnchanged) {
     EXPECT_EQ(f.Grid1.text(3, 1), "-0.4");
 }
 
+TEST_F(RecordWindowTest, WithEqualPeaksAndNoScalingATypedPeakGoesToX) {
+    platform.input_answers = {"1", "2"};
+    open_record(write("x.txt", "head\n0.1\n-0.4\n0.2\n"), write("y.txt", "head\n0.4\n0.1\n-0.2\n"));
+    windows::Form1& f = form1();
+    program.run([&] {
+        f.Xfline.set_text("0");
+        f.xvalue.set_text("0.8");
+    });
+    press(f.Command2);
+    EXPECT_EQ(f.Text1.text(), "0.8");
+    EXPECT_EQ(f.Text2.text(), "0.4");
+}
+
 TEST_F(RecordWindowTest, ALastLineBeyondTheFileIsRefusedAndShowDiagramStaysDisabled) {
     open_simple();
     windows::Form1& f = form1();

@@ -127,51 +127,6 @@ TEST_F(ComparisonTest, ExportWritesSixteenColumnsFromTheDataFirstLine) {
     EXPECT_EQ(platform.message_texts().back(), "Done");
 }
 
-TEST_F(ComparisonTest, ExportOfTwoRealRecordsStartsAtTheDataFirstLine) {
-    const std::string x1 = data_path("records/northridge1994_rinaldi_228.txt");
-    const std::string y1 = data_path("records/northridge1994_rinaldi_318.txt");
-    const std::string x2 = data_path("records/tabas1978_ferdows_L1.txt");
-    const std::string y2 = data_path("records/tabas1978_ferdows_T1.txt");
-    if (x1.empty() || x2.empty()) GTEST_SKIP() << "shared data not present";
-    platform.input_answers = {"2", "5"};
-    for (const auto& [x, y] : {std::pair{x1, y1}, std::pair{x2, y2}}) {
-        open_record(x, y);
-        program.run([&] { form1().xstep.set_text("0.02"); });
-        program.run([&] { form1().Command2.press(); });
-        program.run([&] { form1().xnext.press(); });
-    }
-    program.run([&] { form2().Command1.press(); });
-    program.run([&] { form2().xnext.press(); });
-    program.run([&] { form3().Command1.press(); });
-    program.run([&] { form3().Command4.press(); });
-    windows::Form4& f = form4();
-    program.run([&] { f.Command1.press(); });
-    ASSERT_TRUE(platform.runtime_errors.empty());
-    platform.file_answers = {(dir / "two").string()};
-    program.run([&] { f.Command3.press(); });
-    auto lines = read_lines(dir / "two.txt");
-    const windows::ProjectState& s = state();
-    const std::int32_t N = std::max(s.recordLastLine(1), s.recordLastLine(2));
-    ASSERT_EQ(lines.size(), static_cast<std::size_t>(1 + N - 5 + 1));
-    EXPECT_EQ(lines[0].substr(0, 5), "a(x1)");
-    EXPECT_EQ(lines[0].substr(lines[0].size() - 9), "Srss(Ave)");
-    // Row 1 holds line 5's samples beside the spectra's first ordinates.
-    std::istringstream row(lines[1]);
-    std::vector<double> v;
-    for (std::string cell; row >> cell;) v.push_back(text::val(cell));
-    ASSERT_EQ(v.size(), 16u);
-    EXPECT_EQ(lines[1].find("     "), lines[1].find(' '));  // five blanks between columns
-    EXPECT_DOUBLE_EQ(v[0], text::val(text::format(s.accelX1(5), "0.00000000")));
-    EXPECT_DOUBLE_EQ(v[2], text::val(text::format(s.accelX2(5), "0.00000000")));
-    EXPECT_DOUBLE_EQ(v[6], text::val(text::format(s.specX1(1), "0.00000000")));
-    EXPECT_DOUBLE_EQ(v[12], text::val(text::format(f.combined1(1), "0.00000000")));
-    EXPECT_DOUBLE_EQ(v[15], text::val(text::format(f.averageSpectrum(1), "0.00000000")));
-    EXPECT_NEAR(v[15], (v[12] + v[13]) / 2, 2e-8);
-    // The records carry the factor found: z times the samples as read.
-    const double z = text::val(f.xzarib.text());
-    EXPECT_EQ(s.accelX2(100), z * s.baseAccelX2(100));
-}
-
 TEST_F(ComparisonTest, YesClosesBothWindowsNoKeepsThisOneAndClosesForm3) {
     to_comparison();
     platform.message_answers = {forms::MsgResult::No};

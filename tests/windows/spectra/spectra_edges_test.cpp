@@ -207,44 +207,6 @@ TEST_F(SpectraEdgeTest, AGridEndBelowItsStartGivesNoOrdinatesAndBlankCharts) {
     EXPECT_FALSE(form3().Picbar.visible());
 }
 
-TEST_F(SpectraEdgeTest, TheHeadingsOfTheComparisonExportOnTwoRealRecords) {
-    const std::string x1 = data_path("records/tabas1978_ferdows_L1.txt");
-    const std::string y1 = data_path("records/tabas1978_ferdows_T1.txt");
-    const std::string x2 = data_path("records/duzce1999_lamont362_E.txt");
-    const std::string y2 = data_path("records/duzce1999_lamont362_N.txt");
-    if (x1.empty() || x2.empty()) GTEST_SKIP() << "shared data not present";
-    platform.input_answers = {"2", "5"};
-    for (const auto& [x, y, dt] : {std::tuple{x1, y1, "0.02"}, std::tuple{x2, y2, "0.01"}}) {
-        open_record(x, y);
-        program.run([&] { form1().xstep.set_text(dt); });
-        program.run([&] { form1().Command2.press(); });
-        program.run([&] { form1().xnext.press(); });
-    }
-    press(form2().Command1);
-    press(form2().xnext);
-    press(form3().Command1);
-    press(form3().Command4);
-    windows::Form4& f = form4();
-    press(f.Command1);
-    platform.file_answers = {(dir / "srss.txt").string()};
-    press(f.Command3);
-    program.run([&] { f.Check2.user_click(); });
-    press(f.Command1);
-    platform.file_answers = {(dir / "smax.txt").string()};
-    press(f.Command3);
-    ASSERT_TRUE(platform.runtime_errors.empty()) << platform.runtime_errors[0].second;
-    const std::string accel =
-        "a(x1)               a(y1)             a(x2)              a(y2)             a(x3)             a(y3)            ";
-    const std::string sa = "Sa(x1)           Sa(y1)            Sa(x2)           Sa(y2)           Sa(x3)          Sa(y3)"
-                           "            ";
-    const auto srss = read_lines(dir / "srss.txt");
-    const auto smax = read_lines(dir / "smax.txt");
-    ASSERT_EQ(srss.size(), 1u + 4320u - 5u + 1u);  // the longer record's last line, from line 5
-    ASSERT_EQ(smax.size(), srss.size());
-    EXPECT_EQ(srss[0], accel + sa + "Srss(1)          Srss(2)         Srss(3)         Srss(Ave)");
-    EXPECT_EQ(smax[0], accel + sa + "Smax(1)          Smax(2)         Smax(3)         Smax(Ave)");
-}
-
 }  // namespace
 }  // namespace tv::test
 
@@ -265,14 +227,9 @@ class DuringRunTest : public ::testing::Test {
 protected:
     int first_call = 0;
     DuringRunTest() : program(platform) {
-        dir = std::filesystem::temp_directory_path() /
-              ("tv_during_" + std::to_string(::getpid()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir);
         windows::start(program);
         program.state.workDir = dir.string();
     }
-    ~DuringRunTest() override { std::filesystem::remove_all(dir); }
 
     void to_response() {
         std::ofstream(dir / "x.txt") << "h\n0.1\n-0.4\n0.3\n-0.2\n0.25\n0\n-0.1\n0.05\n";
@@ -293,9 +250,10 @@ protected:
     }
     windows::Form3& form3() { return program.form<windows::Form3>(); }
 
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
     EventPlatform platform;
     windows::Program program;
-    std::filesystem::path dir;
 };
 
 TEST_F(DuringRunTest, AnExportBetweenPeriodsCutsTheArraysAndTheRunStopsAtTheCut) {
