@@ -3,6 +3,7 @@
 #include <freexl.h>
 #include <unzip.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
@@ -282,7 +283,7 @@ std::string number_text(std::string_view stored, const std::string& where) {
 
 class XlsxSheet {
 public:
-    explicit XlsxSheet(const std::string& path) {
+    explicit XlsxSheet(const std::string& path, int columns = 3) : columns_(columns) {
         Package pkg(path);
         std::string workbook = "xl/workbook.xml";
         for (const auto& [id, rel] : pkg.relationships("")) {
@@ -327,6 +328,13 @@ public:
         return cell.text;
     }
 
+    /// A cell's text, an error value as its code ("#N/A").
+    std::string raw_text(long row, int column) const {
+        auto it = rows_.find(row);
+        return it == rows_.end() ? std::string() : it->second[static_cast<std::size_t>(column - 1)].text;
+    }
+    long last_row() const { return rows_.empty() ? 0 : rows_.rbegin()->first; }
+
 private:
     void load_cells(const pugi::xml_node& sheet_data, const std::vector<std::string>& shared) {
         long row = 0;
@@ -341,14 +349,16 @@ private:
                 pugi::xml_attribute ref = c.attribute("r");
                 long ref_row = row;
                 if (!ref || !parse_reference(ref.value(), ref_row, column)) ++column;
-                if (column < 1 || column > 3) continue;
-                rows_[ref_row][static_cast<std::size_t>(column - 1)] = cell_value(c, shared, ref_row, column);
+                if (column < 1 || column > columns_) continue;
+                auto& cells = rows_[ref_row];
+                cells.resize(static_cast<std::size_t>(columns_));
+                cells[static_cast<std::size_t>(column - 1)] = cell_value(c, shared, ref_row, column);
             }
         }
     }
 
     static StoredCell cell_value(const pugi::xml_node& c, const std::vector<std::string>& shared, long row, long column) {
-        std::string where = std::string(1, static_cast<char>('A' + column - 1)) + std::to_string(row);
+        std::string where = column_name(column) + std::to_string(row);
         std::string_view type = c.attribute("t").value();
         pugi::xml_node v = child(c, "v");
         if (type == "inlineStr") {
@@ -370,14 +380,21 @@ private:
         return {number_text(stored, where)};
     }
 
-    std::map<long, std::array<StoredCell, 3>> rows_;
+    static std::string column_name(long column) {
+        std::string name;
+        for (; column > 0; column = (column - 1) / 26) name.insert(name.begin(), static_cast<char>('A' + (column - 1) % 26));
+        return name;
+    }
+
+    int columns_;
+    std::map<long, std::vector<StoredCell>> rows_;
 };
 
 // ---- .xls ----
 
 class XlsSheet {
 public:
-    explicit XlsSheet(const std::string& path) {
+    explicit XlsSheet(const std::string& path, int = 3) {
         int rc = freexl_open(path.c_str(), &handle_);
         if (rc != FREEXL_OK) unreadable(path + " (FreeXL error " + std::to_string(rc) + ")");
         if (freexl_select_active_worksheet(handle_, 0) != FREEXL_OK) unreadable(path + " has no worksheet");
@@ -388,6 +405,9 @@ public:
     }
     XlsSheet(const XlsSheet&) = delete;
     XlsSheet& operator=(const XlsSheet&) = delete;
+
+    long last_row() const { return static_cast<long>(rows_); }
+    std::string raw_text(long row, int column) const { return text(row, column); }
 
     std::string text(long row, int column) const {
         // FreeXL counts from 0; the dimensions are the numbers of rows and columns in use.
@@ -431,6 +451,45 @@ WorkbookKind sniff(const std::string& path) {
 PushoverTable read_pushover_xlsx(const std::string& path) { return read_sheet<XlsxSheet>(path); }
 
 PushoverTable read_pushover_xls(const std::string& path) { return read_sheet<XlsSheet>(path); }
+
+template <class Sheet>
+WorkbookCells sheet_cells(const std::string& path, int max_columns, long max_rows) {
+    WorkbookCells out;
+    try {
+        Sheet sheet(path, max_columns);
+        const long last = std::min(sheet.last_row(), max_rows);
+        for (long row = 1; row <= last; ++row) {
+            std::vector<std::string> cells;
+            for (int column = 1; column <= max_columns; ++column) cells.push_back(sheet.raw_text(row, column));
+            while (!cells.empty() && cells.back().empty()) cells.pop_back();
+            out.rows.push_back(std::move(cells));
+        }
+    } catch (const text::RuntimeError& e) {
+        out.error = e.number();
+        out.description = e.description();
+    } catch (const std::bad_alloc&) {
+        out.error = 7;
+        out.description = text::error_description(7);
+    }
+    return out;
+}
+
+WorkbookCells read_workbook_cells(const std::string& path, int max_columns, long max_rows) {
+    WorkbookCells out;
+    if (!file_exists(path)) {
+        out.error = text::kFileNotFound;
+        out.description = text::error_description(text::kFileNotFound) + ": " + path;
+        return out;
+    }
+    switch (sniff(path)) {
+        case WorkbookKind::Xlsx: return sheet_cells<XlsxSheet>(path, max_columns, max_rows);
+        case WorkbookKind::Xls: return sheet_cells<XlsSheet>(path, max_columns, max_rows);
+        default:
+            out.error = kWorkbookUnreadable;
+            out.description = "Unreadable workbook: " + path + " is no spreadsheet";
+            return out;
+    }
+}
 
 PushoverTable read_pushover_workbook(const std::string& path) {
     if (!file_exists(path))
