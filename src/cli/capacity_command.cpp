@@ -151,9 +151,10 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
                 err << "tremorvault-cli capacity: " << file << ": " << imported.description << '\n';
                 throw Exit{kFailed};
             }
-            s.print("capacity table", std::to_string(imported.rows.size()) + " rows, Sd in " + length + ", Sa in g, g = " +
-                                          text::to_text(g) + ", alpha1 = " + text::to_text(alpha1) +
-                                          ", PF1*phi = " + text::to_text(pf_phi));
+            std::string said = std::to_string(imported.rows.size()) + " rows, Sd in " + length + ", Sa in g, g = " + text::to_text(g);
+            if (from_pushover)
+                said += ", W = " + *o.get("weight") + " " + compute::unit_system_force(import_options->system);
+            s.print("capacity table", said + ", alpha1 = " + text::to_text(alpha1) + ", PF1*phi = " + text::to_text(pf_phi));
             if (auto save = o.get("save-capacity")) {
                 const compute::TextFile written = compute::write_text_file(
                     *save, compute::capacity_file_lines(imported, "Capacity curve made by Tremorvault from " +

@@ -183,5 +183,12 @@ TEST_F(CapacityCliTest, TheGuidesRunOnTheSampleWithASpectrumFile) {
     EXPECT_EQ(m.out, "target displacement: \nunit: m\nSRA: \nSRV: \nBeff: \n");
 }
 
+TEST(CapacityCliImport, APushoverCurveNeedsAllThreeModalNumbers) {
+    EXPECT_EQ(run_cli({"capacity", "--weight", "1000", "--alpha1", "0.8",
+                       std::string(TV_SOURCE_DIR) + "/samples/pushover_listing.txt"})
+                  .status,
+              2);
+}
+
 }  // namespace
 }  // namespace tv::test

@@ -149,7 +149,7 @@ void finish(CurveImport& out, const CurveImportOptions& options, const std::stri
     out.length_unit = length;
     out.force_unit = force;
     const std::string target_length = unit_system_length(options.system);
-    const std::string target_force = options.system == UnitSystem::tonf_m ? "tonf" : "kgf";
+    const std::string target_force = unit_system_force(options.system);
     double length_factor = 1.0, force_factor = 1.0;
     std::vector<std::string> said;
     if (!length.empty()) {
@@ -326,6 +326,8 @@ std::string unit_system_length(UnitSystem system) {
         default: return "cm";
     }
 }
+
+std::string unit_system_force(UnitSystem system) { return system == UnitSystem::tonf_m ? "tonf" : "kgf"; }
 
 std::optional<UnitSystem> parse_unit_system(const std::string& name) {
     std::string n = lower(name);

@@ -24,6 +24,8 @@ enum class UnitSystem { kgf_cm, kgf_mm, tonf_m };
 std::string unit_system_name(UnitSystem system);
 /// Its length unit: "cm", "mm", "m".
 std::string unit_system_length(UnitSystem system);
+/// Its force unit: "kgf" or "tonf".
+std::string unit_system_force(UnitSystem system);
 /// "kgf-cm" / "kgf-mm" / "tonf-m" (also "kgf.cm", "kg-cm", "ton-m", any case); nothing otherwise.
 std::optional<UnitSystem> parse_unit_system(const std::string& name);
 
