@@ -320,7 +320,7 @@ public:
 
     std::string text(long row, int column) const {
         auto it = rows_.find(row);
-        if (it == rows_.end()) return {};
+        if (it == rows_.end() || static_cast<std::size_t>(column) > it->second.size()) return {};
         const StoredCell& cell = it->second[static_cast<std::size_t>(column - 1)];
         if (cell.error_value)
             throw text::RuntimeError(text::kTypeMismatch,
@@ -331,7 +331,8 @@ public:
     /// A cell's text, an error value as its code ("#N/A").
     std::string raw_text(long row, int column) const {
         auto it = rows_.find(row);
-        return it == rows_.end() ? std::string() : it->second[static_cast<std::size_t>(column - 1)].text;
+        if (it == rows_.end() || static_cast<std::size_t>(column) > it->second.size()) return {};
+        return it->second[static_cast<std::size_t>(column - 1)].text;
     }
     long last_row() const { return rows_.empty() ? 0 : rows_.rbegin()->first; }
 
@@ -351,7 +352,8 @@ private:
                 if (!ref || !parse_reference(ref.value(), ref_row, column)) ++column;
                 if (column < 1 || column > columns_) continue;
                 auto& cells = rows_[ref_row];
-                cells.resize(static_cast<std::size_t>(columns_));
+                // Only as many cells as the row uses: memory follows the cells the sheet holds.
+                if (cells.size() < static_cast<std::size_t>(column)) cells.resize(static_cast<std::size_t>(column));
                 cells[static_cast<std::size_t>(column - 1)] = cell_value(c, shared, ref_row, column);
             }
         }
@@ -458,11 +460,12 @@ WorkbookCells sheet_cells(const std::string& path, int max_columns, long max_row
     try {
         Sheet sheet(path, max_columns);
         const long last = std::min(sheet.last_row(), max_rows);
+        out.rows.resize(static_cast<std::size_t>(std::max(last, 0L)));
         for (long row = 1; row <= last; ++row) {
-            std::vector<std::string> cells;
-            for (int column = 1; column <= max_columns; ++column) cells.push_back(sheet.raw_text(row, column));
-            while (!cells.empty() && cells.back().empty()) cells.pop_back();
-            out.rows.push_back(std::move(cells));
+            int used = max_columns;
+            while (used > 0 && sheet.raw_text(row, used).empty()) --used;
+            auto& cells = out.rows[static_cast<std::size_t>(row - 1)];
+            for (int column = 1; column <= used; ++column) cells.push_back(sheet.raw_text(row, column));
         }
     } catch (const text::RuntimeError& e) {
         out.error = e.number();

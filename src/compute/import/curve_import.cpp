@@ -89,7 +89,7 @@ bool is_acceleration_g(const std::string& unit) { return lower(unit) == "g"; }
 bool is_unit_word(const std::string& cell) {
     const std::string u = lower(cell);
     return length_in_mm(cell) || force_in_kgf(cell) || is_acceleration_g(cell) || u == "s" || u == "sec" ||
-           u == "unitless" || u == "%";
+           u == "unitless" || u == "text" || u == "%";
 }
 
 const char* kLengthUnits = "mm, cm, m, in or ft";
@@ -189,6 +189,15 @@ void finish(CurveImport& out, const CurveImportOptions& options, const std::stri
         if (length_factor != 1.0) p.displacement = p.displacement * length_factor;
         if (force_factor != 1.0) p.force = p.force * force_factor;
     }
+    for (std::size_t i = 0; i < out.points.size(); ++i)
+        if (!std::isfinite(out.points[i].displacement) || !std::isfinite(out.points[i].force)) {
+            out.error = CurveImportError{path, 0, "point " + std::to_string(i + 1) + " is beyond the range of numbers once converted"};
+            return;
+        }
+    if (out.points.size() > 32768) {
+        out.error = CurveImportError{path, 0, "more than 32768 points: the step table numbers its steps in 16 bits"};
+        return;
+    }
     if (out.points.size() < 2) {
         out.error = CurveImportError{path, 0, "expected at least two points of the curve, found " +
                                                   std::to_string(out.points.size())};
@@ -258,7 +267,8 @@ std::optional<CurveImport> row_wise(const Rows& rows, const std::string& path, C
 }
 
 // Cuts text into rows of cells: at semicolons, else tabs, else commas, else runs of blanks.
-Rows text_rows(const std::string& content) {
+// Nothing when the text holds more cells than any curve needs (memory stays bounded).
+std::optional<Rows> text_rows(const std::string& content) {
     std::vector<std::string> lines = split_lines(content);
     if (!lines.empty() && starts_with(lines[0], "\xEF\xBB\xBF")) lines[0].erase(0, 3);
     char separator = ' ';
@@ -272,6 +282,7 @@ Rows text_rows(const std::string& content) {
     }
     Rows rows;
     rows.reserve(lines.size());
+    std::size_t cells_in_all = 0;
     for (const auto& line : lines) {
         std::vector<std::string> cells;
         if (separator == ' ') {
@@ -290,6 +301,7 @@ Rows text_rows(const std::string& content) {
             for (std::size_t e; (e = line.find(separator, b)) != std::string::npos; b = e + 1) cells.push_back(line.substr(b, e - b));
             cells.push_back(line.substr(b));
         }
+        if ((cells_in_all += cells.size()) > kMaxCurveCells) return std::nullopt;
         rows.push_back(std::move(cells));
     }
     return rows;
@@ -469,7 +481,9 @@ CurveImport import_curve_cells(const Rows& rows, const std::string& path, CurveK
 CurveImport import_curve_text(const std::string& content, const std::string& path, CurveKind kind,
                               const CurveImportOptions& options) {
     if (content.size() > kMaxCurveFileBytes) return failed(path, 0, "larger than 16 MiB: no curve is that long");
-    CurveImport out = import_curve_cells(text_rows(content), path, kind, options);
+    const std::optional<Rows> rows = text_rows(content);
+    if (!rows) return failed(path, 0, "more than " + std::to_string(kMaxCurveCells) + " cells: no curve is that large");
+    CurveImport out = import_curve_cells(*rows, path, kind, options);
     if (!out.layout.empty()) out.layout += " (text)";
     return out;
 }

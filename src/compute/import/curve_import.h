@@ -112,6 +112,8 @@ inline constexpr std::size_t kMaxCurveFileBytes = std::size_t{16} << 20;
 /// Rows and columns read at most.
 inline constexpr std::size_t kMaxCurveRows = 200000;
 inline constexpr int kMaxCurveColumns = 64;
+/// Cells of a text file read at most (a row-wise list has a few thousand per row).
+inline constexpr std::size_t kMaxCurveCells = std::size_t{2} << 20;
 
 /// Reads a curve from the file at `path`: a workbook (.xlsx or .xls, told by content) or text.
 /// `kind` says which columns to look for. Never throws for any content (only std::bad_alloc).
