@@ -12,7 +12,9 @@ const char* kCurveOptionsUsage =
     "  --units LENGTH[,FORCE] the file's units when it states none (mm cm m in ft; N kN kgf\n"
     "                         tonf lb kip; g for Sa)\n"
     "  --system kgf-cm|kgf-mm|tonf-m   units to convert to (default kgf-cm)\n"
-    "  --shift yes|no         move a first point off the origin to (0, 0) (default yes)\n";
+    "  --shift yes|no         move a first point off the origin to (0, 0) (default yes)\n"
+    "  A file in the program's own layout is read as before, unless --case, --columns or\n"
+    "  --units sends it through the import.\n";
 
 bool curve_options_given(const ParsedOptions& o) { return o.get("case") || o.get("columns") || o.get("units"); }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cctype>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -53,6 +54,10 @@ std::optional<double> number_of(std::string_view cell) {
 
 std::size_t numeric_cells(const std::vector<std::string>& row) {
     return static_cast<std::size_t>(std::count_if(row.begin(), row.end(), [](const std::string& c) { return number_of(c).has_value(); }));
+}
+
+std::size_t filled_cells(const std::vector<std::string>& row) {
+    return static_cast<std::size_t>(std::count_if(row.begin(), row.end(), [](const std::string& c) { return !clean_cell(c).empty(); }));
 }
 
 bool empty_row(const std::vector<std::string>& row) {
@@ -271,15 +276,29 @@ std::optional<CurveImport> row_wise(const Rows& rows, const std::string& path, C
 std::optional<Rows> text_rows(const std::string& content) {
     std::vector<std::string> lines = split_lines(content);
     if (!lines.empty() && starts_with(lines[0], "\xEF\xBB\xBF")) lines[0].erase(0, 3);
-    char separator = ' ';
+    // The separator is the data's: titles and headings may hold commas of their own. Lines that
+    // begin with a number are looked at first; a table whose lines begin with a name (a case, a
+    // row label) is judged by all its lines.
+    auto pick = [&lines](bool numbers_only, std::size_t& looked) {
+        char separator = ' ';
+        for (const auto& line : lines) {
+            const std::string t = text::trim(line);
+            if (t.empty()) continue;
+            if (numbers_only && !(std::isdigit(static_cast<unsigned char>(t[0])) || t[0] == '-' || t[0] == '+' || t[0] == '.'))
+                continue;
+            if (line.find(';') != std::string::npos) {
+                ++looked;
+                return ';';
+            }
+            if (line.find('\t') != std::string::npos) separator = '\t';
+            else if (separator == ' ' && line.find(',') != std::string::npos) separator = ',';
+            if (++looked == 200) break;
+        }
+        return separator;
+    };
     std::size_t looked = 0;
-    for (const auto& line : lines) {
-        if (text::trim(line).empty()) continue;
-        if (line.find(';') != std::string::npos) { separator = ';'; break; }
-        if (line.find('\t') != std::string::npos) separator = '\t';
-        else if (separator == ' ' && line.find(',') != std::string::npos) separator = ',';
-        if (++looked == 200) break;
-    }
+    char separator = pick(true, looked);
+    if (looked == 0) separator = pick(false, looked);
     Rows rows;
     rows.reserve(lines.size());
     std::size_t cells_in_all = 0;
@@ -394,9 +413,9 @@ CurveImport import_curve_cells(const Rows& rows, const std::string& path, CurveK
         } else if (above.size() >= 2 && has_role(rows[above[above.size() - 2]])) {
             heading_row = above[above.size() - 2];
             units_row = last;
-        } else {
-            heading_row = last;
-        }
+        } else if (filled_cells(cells) == filled_cells(rows[data])) {
+            heading_row = last;  // unknown names over the data: the columns must be chosen
+        }  // else a free title line
     }
     const std::vector<std::string> no_cells;
     const auto& heads = heading_row ? rows[*heading_row] : no_cells;
@@ -415,9 +434,7 @@ CurveImport import_curve_cells(const Rows& rows, const std::string& path, CurveK
         if (y && out.force_column == 0) out.force_column = col;
         if (role == Role::load_case && case_column == 0) case_column = col;
     }
-    const std::size_t data_width = static_cast<std::size_t>(std::count_if(rows[data].begin(), rows[data].end(),
-                                                                          [](const std::string& c) { return !clean_cell(c).empty(); }));
-    if (!heading_row && data_width == 2) {
+    if (!heading_row && filled_cells(rows[data]) == 2) {
         out.displacement_column = 1;
         out.force_column = 2;
     }

@@ -136,6 +136,8 @@ TEST(CurveImportText, LoadCasesAreOfferedAndOneIsPicked) {
 }
 
 TEST(CurveImportText, UnknownHeadingsAskForColumns) {
+    // A free title line is no heading: two numbers a line are displacement and force.
+    EXPECT_TRUE(from_text("My building, X push\n0 0\n1 10\n").ok());
     const std::string table = "a b c\n0 0 5\n1 10 6\n";
     CurveImport c = from_text(table);
     EXPECT_TRUE(c.needs_columns);
