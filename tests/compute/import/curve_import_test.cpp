@@ -9,6 +9,7 @@
 
 #include "compute/capacity/capacity_reader.h"
 #include "compute/import/curve_import.h"
+#include "compute/coefficient/workbook_fixtures.h"
 
 namespace tv::compute {
 namespace {
@@ -95,6 +96,33 @@ TEST(CurveImportReal, RowWiseSdSaListGivesItsCurveAndParticipationFactor) {
     EXPECT_EQ(c.participation_factor, 1.275);
     EXPECT_DOUBLE_EQ(c.points[4].displacement, 31.0);  // 0.31 m
     EXPECT_EQ(c.points[4].force, 0.34);
+}
+
+TEST(CurveImportWorkbook, XlsExportIsReadByHeadingsInAnyColumn) {
+    test::TempDir dir;
+    const std::string path = dir.file("export.xls");
+    std::vector<test::XlsEntry> cells{{0, 0, std::string("TABLE:  Base Shear vs Monitored Displacement")},
+                                      {1, 0, std::string("Step")},
+                                      {1, 1, std::string("A-B")},
+                                      {1, 2, std::string("Base Force")},
+                                      {1, 3, std::string("Monitored Displ")},
+                                      {2, 2, std::string("kN")},
+                                      {2, 3, std::string("mm")}};
+    for (int r = 0; r < 3; ++r) {
+        cells.push_back({3 + r, 0, double(r)});
+        cells.push_back({3 + r, 1, 7.0});
+        cells.push_back({3 + r, 2, 100.0 * r});
+        cells.push_back({3 + r, 3, 10.0 * r});
+    }
+    test::write_bytes(path, test::xls_bytes(cells));
+    CurveImport c = import_curve(path, CurveKind::pushover);
+    ASSERT_TRUE(c.ok()) << (c.error ? c.error->message() : "a question");
+    EXPECT_EQ(c.layout, "table with headings (.xls)");
+    EXPECT_EQ(c.displacement_column, 4);
+    EXPECT_EQ(c.force_column, 3);
+    ASSERT_EQ(c.points.size(), 3u);
+    EXPECT_EQ(c.points[2].displacement, 2.0);
+    EXPECT_DOUBLE_EQ(c.points[2].force, 200 * 1000 / 9.80665);
 }
 
 TEST(CurveImportDetector, OwnLayoutsKeepTheirReadersAndExportsDoNot) {
