@@ -154,7 +154,7 @@ struct ModalNumbers {
 /// The nine-column capacity table of a pushover curve: Sa = V / (α1·W) in g, Sd = Δroof /
 /// (PF1·φroof,1), Teff = 2π·√(Sd / (Sa·g)) (0 where Sa or Sd is not above 0), Betaeff, Sd_d
 /// and Sa_d 0, ALPHA = α1, Pf_fi = PF1·φroof,1. `g` is the gravity in the curve's length unit.
-/// The texts are those a capacity file of write_capacity_lines holds, and the numbers are what
+/// The texts are those the lines of capacity_file_lines hold, and the numbers are what
 /// the capacity reader makes of them. Failure: W, α1 or PF1·φ not above 0 (error 5).
 CapacityTable capacity_table_from_pushover(const std::vector<CurvePoint>& points, const ModalNumbers& modal, double g);
 
