@@ -47,20 +47,28 @@ void read_rows(PushoverTable& table, CellText&& cell_text) {
     }
 }
 
+// Runs `body`; a failure inside it becomes the error number and description of `out`.
+template <class Result, class Body>
+void trapped(Result& out, Body&& body) {
+    try {
+        body();
+    } catch (const text::RuntimeError& e) {
+        out.error = e.number();
+        out.description = e.description();
+    } catch (const std::bad_alloc&) {
+        out.error = 7;
+        out.description = text::error_description(7);
+    }
+}
+
 template <class Sheet>
 PushoverTable read_sheet(const std::string& path) {
     PushoverTable table;
     if (!file_exists(path)) return failed_table(text::kFileNotFound, text::error_description(text::kFileNotFound) + ": " + path);
-    try {
+    trapped(table, [&] {
         Sheet sheet(path);
         read_rows(table, [&sheet](long row, int column) { return sheet.text(row, column); });
-    } catch (const text::RuntimeError& e) {
-        table.error = e.number();
-        table.description = e.description();
-    } catch (const std::bad_alloc&) {
-        table.error = 7;
-        table.description = text::error_description(7);
-    }
+    });
     return table;
 }
 
@@ -457,7 +465,7 @@ PushoverTable read_pushover_xls(const std::string& path) { return read_sheet<Xls
 template <class Sheet>
 WorkbookCells sheet_cells(const std::string& path, int max_columns, long max_rows) {
     WorkbookCells out;
-    try {
+    trapped(out, [&] {
         Sheet sheet(path, max_columns);
         const long last = std::min(sheet.last_row(), max_rows);
         out.rows.resize(static_cast<std::size_t>(std::max(last, 0L)));
@@ -467,13 +475,7 @@ WorkbookCells sheet_cells(const std::string& path, int max_columns, long max_row
             auto& cells = out.rows[static_cast<std::size_t>(row - 1)];
             for (int column = 1; column <= used; ++column) cells.push_back(sheet.raw_text(row, column));
         }
-    } catch (const text::RuntimeError& e) {
-        out.error = e.number();
-        out.description = e.description();
-    } catch (const std::bad_alloc&) {
-        out.error = 7;
-        out.description = text::error_description(7);
-    }
+    });
     return out;
 }
 

@@ -155,43 +155,40 @@ void finish(CurveImport& out, const CurveImportOptions& options, const std::stri
     out.force_unit = force;
     const std::string target_length = unit_system_length(options.system);
     const std::string target_force = unit_system_force(options.system);
-    double length_factor = 1.0, force_factor = 1.0;
     std::vector<std::string> said;
-    if (!length.empty()) {
-        auto from = length_in_mm(length);
-        if (!from) {
-            out.error = CurveImportError{path, 0, "unknown length unit " + in_quotes(length) + ": expected " + kLengthUnits};
-            return;
+    // The factor from `unit` to `target`, and its words; nothing (after the error) for an unknown unit.
+    auto factor = [&](const std::string& unit, const std::string& target, auto&& in_base, const char* known,
+                      const char* what) -> std::optional<double> {
+        if (unit.empty()) {
+            said.push_back(std::string(what) + " unit not stated: taken as " + target + " as it stands");
+            return 1.0;
         }
-        length_factor = *from / *length_in_mm(target_length);
-        said.push_back(length == target_length || length_factor == 1.0
-                           ? length + " (as it stands)"
-                           : length + " → " + target_length + " (× " + text::to_text(length_factor) + ")");
-    } else {
-        said.push_back("length unit not stated: taken as " + target_length + " as it stands");
-    }
+        auto from = in_base(unit);
+        if (!from) {
+            out.error = CurveImportError{path, 0, "unknown " + std::string(what) + " unit " + in_quotes(unit) + ": expected " + known};
+            return std::nullopt;
+        }
+        const double f = *from / *in_base(target);
+        said.push_back(f == 1.0 ? unit + " (as it stands)" : unit + " → " + target + " (× " + text::to_text(f) + ")");
+        return f;
+    };
+    const auto length_factor = factor(length, target_length, length_in_mm, kLengthUnits, "length");
+    if (!length_factor) return;
+    double force_factor = 1.0;
     if (out.kind == CurveKind::spectral) {
         if (!force.empty() && !is_acceleration_g(force)) {
             out.error = CurveImportError{path, 0, "unknown unit of Sa " + in_quotes(force) + ": expected g"};
             return;
         }
         said.push_back("Sa in g");
-    } else if (!force.empty()) {
-        auto from = force_in_kgf(force);
-        if (!from) {
-            out.error = CurveImportError{path, 0, "unknown force unit " + in_quotes(force) + ": expected " + kForceUnits};
-            return;
-        }
-        force_factor = *from / *force_in_kgf(target_force);
-        said.push_back(force == target_force || force_factor == 1.0
-                           ? force + " (as it stands)"
-                           : force + " → " + target_force + " (× " + text::to_text(force_factor) + ")");
     } else {
-        said.push_back("force unit not stated: taken as " + target_force + " as it stands");
+        const auto f = factor(force, target_force, force_in_kgf, kForceUnits, "force");
+        if (!f) return;
+        force_factor = *f;
     }
     out.conversion = said[0] + ", " + said[1];
     for (CurvePoint& p : out.points) {
-        if (length_factor != 1.0) p.displacement = p.displacement * length_factor;
+        if (*length_factor != 1.0) p.displacement = p.displacement * *length_factor;
         if (force_factor != 1.0) p.force = p.force * force_factor;
     }
     for (std::size_t i = 0; i < out.points.size(); ++i)
