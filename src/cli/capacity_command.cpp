@@ -3,9 +3,12 @@
 #include <ostream>
 
 #include "cli/commands.h"
+#include "cli/curve_options.h"
 #include "cli/options.h"
 #include "cli/session.h"
 #include "compute/files/file_writer.h"
+#include "compute/files/text_file.h"
+#include "text/number_text.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/printing/printing.h"
@@ -32,15 +35,26 @@ const char* kCapacityUsage =
     "  --teff-from-capacity   \"Input Teff From Capacity\" after Sa is calculated\n"
     "  --type A|B|C           structure type (default A)\n"
     "  --table FILE           the calculation table as Copy to Clipboard gives it\n"
-    "  --report-pdf FILE      the printed page of the diagram, to PDF\n";
+    "  --report-pdf FILE      the printed page of the diagram, to PDF\n"
+    "  Any other file is a curve: with --weight a pushover curve (roof displacement, base\n"
+    "  force), turned into the nine-column table by Sa = V / (alpha1 W), Sd = droof / (PF1 phi);\n"
+    "  else a list of Sd and Sa (g). --unit then defaults to the length of --system.\n"
+    "  --weight TEXT          building weight W, in the force unit of --system\n"
+    "  --alpha1 TEXT          modal mass coefficient of the first mode\n"
+    "  --pf-phi TEXT          participation factor times roof amplitude of the first mode\n"
+    "                         (for an Sd-Sa list: the file's participation factor, else 1)\n"
+    "  --save-capacity FILE   write the nine-column table built from the curve\n";
+
+std::string capacity_usage() { return std::string(kCapacityUsage) + kCurveOptionsUsage; }
 
 }  // namespace
 
 int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     OptionSpec known{{"unit", "g", "t0", "skip", "m", "soil", "risk", "scale", "tstart", "tend", "step", "spectrum-file",
-                     "type", "table", "report-pdf"},
+                     "type", "table", "report-pdf", "weight", "alpha1", "pf-phi", "save-capacity"},
                     {"teff-from-capacity"}};
-    const std::string usage = kCapacityUsage;
+    known.with_value.insert(std::begin(kCurveOptionNames), std::end(kCurveOptionNames));
+    const std::string usage = capacity_usage();
     ParsedOptions o;
     if (auto done = parse_command(args, known, "capacity", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "capacity", "give one capacity file", usage);
@@ -63,9 +77,19 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
     const int risk = one_of("risk", {"low", "high"});
     const int type = one_of("type", {"A", "B", "C"});
     if (bad_choice) {
-        err << kCapacityUsage;
+        err << usage;
         return kUsage;
     }
+    // A curve's numbers go to the length unit the window is set to.
+    const compute::UnitSystem systems[] = {compute::UnitSystem::kgf_mm, compute::UnitSystem::kgf_cm,
+                                           compute::UnitSystem::tonf_m};
+    std::string why;
+    const auto import_options =
+        curve_options(o, o.get("unit") ? systems[unit] : compute::UnitSystem::kgf_cm, why);
+    if (!import_options) return usage_error(err, "capacity", why, usage);
+    const bool from_pushover = o.get("weight").has_value();
+    if (from_pushover && (!o.get("alpha1") || !o.get("pf-phi")))
+        return usage_error(err, "capacity", "--weight needs --alpha1 and --pf-phi", usage);
 
     const std::string& file = o.files.front();
     Session s(out, err);
@@ -75,8 +99,43 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         s.step([&] { s.program.form<windows::frmMain>().menu_adrs.choose(); });
         windows::Form9& f9 = s.program.form<windows::Form9>();
 
+        const bool own = !curve_options_given(o) && !from_pushover && compute::capacity_file_has_own_layout(file);
+        compute::CapacityTable imported;
+        int list_index = unit;
+        if (!own) {
+            const std::string length = compute::unit_system_length(import_options->system);
+            if (!o.get("unit")) list_index = length == "mm" ? 0 : length == "cm" ? 1 : 2;
+            const double g = o.get("g") ? text::val(*o.get("g")) : compute::gravity_in(length);
+            const compute::CurveImport curve = import_or_exit(
+                s, "capacity", file, from_pushover ? compute::CurveKind::pushover : compute::CurveKind::spectral,
+                *import_options);
+            const double alpha1 = o.get("alpha1") ? text::val(*o.get("alpha1")) : 0.0;
+            double pf_phi = o.get("pf-phi") ? text::val(*o.get("pf-phi")) : curve.participation_factor;
+            if (pf_phi == 0.0) pf_phi = 1.0;
+            imported = from_pushover ? compute::capacity_table_from_pushover(
+                                           curve.points, {text::val(*o.get("weight")), alpha1, pf_phi}, g)
+                                     : compute::capacity_table_from_spectral(curve.points, alpha1, pf_phi, g);
+            if (!imported.ok()) {
+                err << "tremorvault-cli capacity: " << file << ": " << imported.description << '\n';
+                throw Exit{kFailed};
+            }
+            std::string said = std::to_string(imported.rows.size()) + " rows, Sd in " + length + ", Sa in g, g = " + text::to_text(g);
+            if (from_pushover)
+                said += ", W = " + *o.get("weight") + " " + compute::unit_system_force(import_options->system);
+            s.print("capacity table", said + ", alpha1 = " + text::to_text(alpha1) + ", PF1*phi = " + text::to_text(pf_phi));
+            if (auto save = o.get("save-capacity")) {
+                const compute::TextFile written = compute::write_text_file(
+                    *save, compute::capacity_file_lines(imported, "Capacity curve made by Tremorvault from " +
+                                                                      std::string(from_pushover ? "a pushover curve" : "an Sd-Sa list")));
+                if (!written.ok()) {
+                    err << "tremorvault-cli: " << *save << ": " << written.reason << '\n';
+                    throw Exit{kFailed};
+                }
+            }
+        }
+
         // Page 0: the unit first, since it writes T1; then the boxes; then Start.
-        s.step([&] { f9.Combo1.set_list_index(unit); });
+        s.step([&] { f9.Combo1.set_list_index(list_index); });
         s.step([&] {
             if (auto v = o.get("g")) f9.T1.set_text(*v);
             if (auto v = o.get("t0")) f9.T2.set_text(*v);
@@ -84,7 +143,10 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
             if (auto v = o.get("m")) f9.T4.set_text(*v);
         });
         s.step([&] { f9.Text1.set_text(file); });
-        s.step([&] { f9.Command2.press(); });
+        if (own)
+            s.step([&] { f9.Command2.press(); });
+        else
+            s.step([&] { f9.ReadCapacityTable(imported); });
         s.step([&] { f9.Command3.press(); });
         if (f9.pageIndex != 1) {
             err << "tremorvault-cli capacity: the capacity file was not read\n";

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/commands.h"
+#include "cli/curve_options.h"
 #include "cli/options.h"
 #include "cli/session.h"
 #include "text/format.h"
@@ -19,7 +20,11 @@ namespace {
 
 const char* kCoefficientUsage =
     "usage: tremorvault-cli coefficient [OPTIONS] PUSHOVER_FILE\n"
-    "  A name ending in .xls or .xlsx is read as a spreadsheet, any other as a text listing.\n"
+    "  A name ending in .xls or .xlsx is read as a spreadsheet (Step, Displacement, Base Force\n"
+    "  in columns A to C from row 2), any other as a text listing (a line holding\n"
+    "  \"Displacement\", then Step, Displacement, Base Force and one more column per line).\n"
+    "  Any other curve is imported, converted to kgf-cm (or --system) and printed as\n"
+    "  curve, case, units, first point and vertical steps before the results.\n"
     "  --step TEXT           the step to fit up to (default: the last row)\n"
     "  --ki-point TEXT       point number for Ki (default 1)\n"
     "  --ratio TEXT          fraction of the yield force where the first line meets the curve (0.6)\n"
@@ -38,6 +43,8 @@ const char* kCoefficientUsage =
     "  --c3 TEXT             a typed C3\n"
     "  --report-pdf FILE     the printed page of Form6 (and of Form8 when it ran), to PDF\n";
 
+std::string coefficient_usage() { return std::string(kCoefficientUsage) + kCurveOptionsUsage; }
+
 bool is_workbook(const std::string& name) {
     const std::string u = text::upper(name);
     auto ends = [&u](const std::string& tail) {
@@ -52,7 +59,8 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
     OptionSpec known{{"step", "ki-point", "ratio", "tolerance", "yield", "ti", "vs", "weight", "stories", "c0-column",
                      "cm-column", "soil", "sa", "sa-code", "c3", "report-pdf"},
                     {"use-alpha"}};
-    const std::string usage = kCoefficientUsage;
+    known.with_value.insert(std::begin(kCurveOptionNames), std::end(kCurveOptionNames));
+    const std::string usage = coefficient_usage();
     ParsedOptions o;
     if (auto done = parse_command(args, known, "coefficient", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "coefficient", "give one pushover file", usage);
@@ -87,9 +95,12 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
     const int cm_column = one_of("cm-column", {"1", "2", "3", "4"});
     const int soil = one_of("soil", {"I", "II", "III-IV"});
     if (bad_choice) {
-        err << kCoefficientUsage;
+        err << usage;
         return kUsage;
     }
+    std::string why;
+    const auto import_options = curve_options(o, compute::UnitSystem::kgf_cm, why);
+    if (!import_options) return usage_error(err, "coefficient", why, usage);
 
     const std::string& file = o.files.front();
     Session s(out, err);
@@ -97,7 +108,14 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
         require_readable(s, file);
         s.step([&] { s.program.form<windows::frmMain>().PUSHOVER.choose(); });
         windows::Form6& f6 = s.program.form<windows::Form6>();
-        if (is_workbook(file)) {
+        // The program's own layouts take its own readers; any other curve is imported and goes
+        // into the step table as a listing would.
+        if (curve_options_given(o) || !compute::pushover_file_has_own_layout(file, is_workbook(file))) {
+            const compute::CurveImport curve =
+                import_or_exit(s, "coefficient", file, compute::CurveKind::pushover, *import_options);
+            s.step([&] { f6.Text1.set_text(file); });
+            s.step([&] { f6.ReadPushoverTable(compute::pushover_table_from_curve(curve.points)); });
+        } else if (is_workbook(file)) {
             s.platform.file_answers.push_back(file);
             s.step([&] { f6.Command1.press(); });
         } else {

@@ -46,19 +46,27 @@ void read_rows(PushoverTable& table, CellText&& cell_text) {
     }
 }
 
+// Runs `body`; a failure inside it becomes the error number and description of `out`.
+template <class Result, class Body>
+void trapped(Result& out, Body&& body) {
+    try {
+        body();
+    } catch (const text::RuntimeError& e) {
+        out.error = e.number();
+        out.description = e.description();
+    } catch (const std::bad_alloc&) {
+        out.error = 7;
+        out.description = text::error_description(7);
+    }
+}
+
 template <class MakeSheet>
 PushoverTable read_sheet(MakeSheet&& make_sheet) {
     PushoverTable table;
-    try {
+    trapped(table, [&] {
         auto sheet = make_sheet();
         read_rows(table, [&sheet](long row, int column) { return sheet.text(row, column); });
-    } catch (const text::RuntimeError& e) {
-        table.error = e.number();
-        table.description = e.description();
-    } catch (const std::bad_alloc&) {
-        table.error = 7;
-        table.description = text::error_description(7);
-    }
+    });
     return table;
 }
 
@@ -347,7 +355,7 @@ std::string number_text(std::string_view stored, const std::string& where) {
 
 class XlsxSheet {
 public:
-    XlsxSheet(std::string_view bytes, const std::string& path) {
+    XlsxSheet(std::string_view bytes, const std::string& path, int columns = 3) : columns_(columns) {
         Package pkg(bytes, path);
         std::string workbook = "xl/workbook.xml";
         for (const auto& [id, rel] : pkg.relationships("")) {
@@ -384,13 +392,21 @@ public:
 
     std::string text(long row, int column) const {
         auto it = rows_.find(row);
-        if (it == rows_.end()) return {};
+        if (it == rows_.end() || static_cast<std::size_t>(column) > it->second.size()) return {};
         const StoredCell& cell = it->second[static_cast<std::size_t>(column - 1)];
         if (cell.error_value)
             throw text::RuntimeError(text::kTypeMismatch,
                                      text::error_description(text::kTypeMismatch) + ": error value " + cell.text);
         return cell.text;
     }
+
+    /// A cell's text, an error value as its code ("#N/A").
+    std::string raw_text(long row, int column) const {
+        auto it = rows_.find(row);
+        if (it == rows_.end() || static_cast<std::size_t>(column) > it->second.size()) return {};
+        return it->second[static_cast<std::size_t>(column - 1)].text;
+    }
+    long last_row() const { return rows_.empty() ? 0 : rows_.rbegin()->first; }
 
 private:
     void load_cells(const pugi::xml_node& sheet_data, const std::vector<std::string>& shared) {
@@ -406,14 +422,17 @@ private:
                 pugi::xml_attribute ref = c.attribute("r");
                 long ref_row = row;
                 if (!ref || !parse_reference(ref.value(), ref_row, column)) ++column;
-                if (column < 1 || column > 3) continue;
-                rows_[ref_row][static_cast<std::size_t>(column - 1)] = cell_value(c, shared, ref_row, column);
+                if (column < 1 || column > columns_) continue;
+                auto& cells = rows_[ref_row];
+                // Only as many cells as the row uses: memory follows the cells the sheet holds.
+                if (cells.size() < static_cast<std::size_t>(column)) cells.resize(static_cast<std::size_t>(column));
+                cells[static_cast<std::size_t>(column - 1)] = cell_value(c, shared, ref_row, column);
             }
         }
     }
 
     static StoredCell cell_value(const pugi::xml_node& c, const std::vector<std::string>& shared, long row, long column) {
-        std::string where = std::string(1, static_cast<char>('A' + column - 1)) + std::to_string(row);
+        std::string where = column_name(column) + std::to_string(row);
         std::string_view type = c.attribute("t").value();
         pugi::xml_node v = child(c, "v");
         if (type == "inlineStr") {
@@ -435,7 +454,14 @@ private:
         return {number_text(stored, where)};
     }
 
-    std::map<long, std::array<StoredCell, 3>> rows_;
+    static std::string column_name(long column) {
+        std::string name;
+        for (; column > 0; column = (column - 1) / 26) name.insert(name.begin(), static_cast<char>('A' + (column - 1) % 26));
+        return name;
+    }
+
+    int columns_;
+    std::map<long, std::vector<StoredCell>> rows_;
 };
 
 // ---- .xls ----
@@ -443,10 +469,14 @@ private:
 // The reading happens in the helper: a damaged file may at worst stop that process.
 class XlsSheet {
 public:
-    explicit XlsSheet(const std::string& path) {
+    // The pushover table's cells by default; with `columns`, every cell of the first `rows`
+    // rows up to that column.
+    explicit XlsSheet(const std::string& path, int columns = 0, long rows = 0) {
         const std::string helper = helper_program(kXlsHelper);
         if (helper.empty()) unreadable(path + " (the spreadsheet reader " + std::string(kXlsHelper) + " is missing)");
-        HelperRun run = run_helper(helper, {path}, kXlsSeconds, kInputFileLimit);
+        std::vector<std::string> args{path};
+        if (columns > 0) args.insert(args.end(), {std::to_string(columns), std::to_string(rows)});
+        HelperRun run = run_helper(helper, args, kXlsSeconds, kInputFileLimit);
         std::optional<XlsCells> cells;
         if (run.ok()) cells = XlsCells::parse(run.output);
         if (!cells) {
@@ -460,6 +490,8 @@ public:
     }
 
     std::string text(long row, int column) const { return cells_.text(row, column); }
+    std::string raw_text(long row, int column) const { return cells_.text(row, column); }
+    long last_row() const { return cells_.last_row(); }
 
 private:
     XlsCells cells_;
@@ -496,6 +528,43 @@ PushoverTable read_pushover_xls(const std::string& path) {
     FileStatus file = check_input_file(path);
     if (!file.ok()) return file_failed(file);
     return read_sheet([&] { return XlsSheet(path); });
+}
+
+template <class MakeSheet>
+WorkbookCells sheet_cells(MakeSheet&& make_sheet, int max_columns, long max_rows) {
+    WorkbookCells out;
+    trapped(out, [&] {
+        auto sheet = make_sheet();
+        const long last = std::min(sheet.last_row(), max_rows);
+        out.rows.resize(static_cast<std::size_t>(std::max(last, 0L)));
+        for (long row = 1; row <= last; ++row) {
+            int used = max_columns;
+            while (used > 0 && sheet.raw_text(row, used).empty()) --used;
+            auto& cells = out.rows[static_cast<std::size_t>(row - 1)];
+            for (int column = 1; column <= used; ++column) cells.push_back(sheet.raw_text(row, column));
+        }
+    });
+    return out;
+}
+
+WorkbookCells read_workbook_cells(const std::string& path, int max_columns, long max_rows) {
+    WorkbookCells out;
+    FileBytes file = read_input_file(path);
+    if (!file.ok()) {
+        out.error = file.error;
+        out.description = file.description;
+        return out;
+    }
+    switch (sniff(file.bytes)) {
+        case WorkbookKind::Xlsx:
+            return sheet_cells([&] { return XlsxSheet(file.bytes, path, max_columns); }, max_columns, max_rows);
+        case WorkbookKind::Xls:
+            return sheet_cells([&] { return XlsSheet(path, max_columns, max_rows); }, max_columns, max_rows);
+        default:
+            out.error = kWorkbookUnreadable;
+            out.description = "Unreadable workbook: " + path + " is no spreadsheet";
+            return out;
+    }
 }
 
 PushoverTable read_pushover_workbook(const std::string& path) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "compute/coefficient/pushover_table.h"
 
@@ -26,6 +27,20 @@ inline constexpr std::uint64_t kWorkbookPartLimit = std::uint64_t{16} << 20;
 /// a spreadsheet reader that failed or took too long), 13 (an error value such as #N/A in a cell
 /// read), 6 (a step beyond 16 bits); the table holds the rows read so far.
 PushoverTable read_pushover_workbook(const std::string& path);
+
+/// Every cell of the first worksheet, for readers of other sheet layouts.
+struct WorkbookCells {
+    /// rows[r][c] is the text of row r + 1, column c + 1 (as read_pushover_workbook takes cells;
+    /// an error value as its code, "#N/A"); trailing empty cells are dropped.
+    std::vector<std::vector<std::string>> rows;
+    int error = 0;
+    std::string description;
+    bool ok() const { return error == 0; }
+};
+
+/// Reads columns 1 to `max_columns` of rows 1 to `max_rows` of the first worksheet.
+/// Failure: as read_pushover_workbook (53, kWorkbookUnreadable, 7), with no rows.
+WorkbookCells read_workbook_cells(const std::string& path, int max_columns, long max_rows);
 
 /// The same for an .xlsx workbook (a zip package): the first worksheet in the workbook's sheet
 /// order, shared and inline strings, numbers, booleans.

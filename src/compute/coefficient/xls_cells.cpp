@@ -2,6 +2,7 @@
 
 #include <freexl.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <stdexcept>
@@ -17,6 +18,8 @@ namespace {
 // Answer records: "c ROW COL LEN\n" + text + "\n" for a cell, "o LEN\n" + what + "\n" when the
 // workbook does not open, "f LEN\n" + what + "\n" when a cell cannot be read, "e\n" at the end.
 constexpr const char* kHead = "tremorvault-xls 1\n";
+// BIFF8 worksheets end at column IV.
+constexpr long kMaxColumns = 256;
 
 struct Unreadable {
     std::string what;
@@ -42,6 +45,9 @@ public:
     ~XlsSheet() { close(); }
     XlsSheet(const XlsSheet&) = delete;
     XlsSheet& operator=(const XlsSheet&) = delete;
+
+    long rows() const { return static_cast<long>(rows_); }
+    int columns() const { return columns_; }
 
     std::string text(long row, int column) const {
         // FreeXL counts from 0; the dimensions are the numbers of rows and columns in use.
@@ -105,7 +111,7 @@ bool text_at(const std::string& s, std::size_t& at, long length, std::string& te
 
 }  // namespace
 
-std::string xls_cells_answer(const std::string& path) {
+std::string xls_cells_answer(const std::string& path, int columns, long rows) {
     std::string out = kHead;
     try {
         XlsSheet sheet(path);
@@ -115,10 +121,17 @@ std::string xls_cells_answer(const std::string& path) {
                 put_text(out, 'c', " " + std::to_string(row) + " " + std::to_string(column), t);
                 return t;
             };
-            for (long row = 2;; ++row) {
-                if (put(row, 1).empty()) break;
-                put(row, 3);
-                put(row, 2);
+            if (columns > 0) {
+                const long last = std::min(rows, sheet.rows());
+                for (long row = 1; row <= last; ++row)
+                    for (int column = 1; column <= columns && column <= sheet.columns(); ++column)
+                        if (!sheet.text(row, column).empty()) put(row, column);
+            } else {
+                for (long row = 2;; ++row) {
+                    if (put(row, 1).empty()) break;
+                    put(row, 3);
+                    put(row, 2);
+                }
             }
         } catch (const Unreadable& u) {
             put_text(out, 'f', "", u.what);
@@ -144,7 +157,7 @@ std::optional<XlsCells> XlsCells::parse(const std::string& answer) {
         std::string text;
         if (kind == 'c') {
             if (!number_at(answer, at, ' ', row) || !number_at(answer, at, ' ', column) ||
-                !number_at(answer, at, '\n', length) || !text_at(answer, at, length, text) || column > 3)
+                !number_at(answer, at, '\n', length) || !text_at(answer, at, length, text) || column > kMaxColumns)
                 return std::nullopt;
             cells.cells_[{row, static_cast<int>(column)}] = std::move(text);
         } else if (kind == 'o' || kind == 'f') {

@@ -13,8 +13,9 @@ namespace tv::compute {
 /// pushover table reader asks for them (for rows 2, 3, ...: A, then C and B while A is not
 /// empty), every cell's text, until A is empty or a cell cannot be read. A workbook that cannot
 /// be opened, or a cell that cannot be read, ends the answer with its description. Runs inside
-/// the helper; the FreeXL handle is closed on every way out.
-std::string xls_cells_answer(const std::string& path);
+/// the helper; the FreeXL handle is closed on every way out. With `columns` above 0, every
+/// non-empty cell of rows 1 to `rows`, columns 1 to `columns` instead (tables of other layouts).
+std::string xls_cells_answer(const std::string& path, int columns = 0, long rows = 0);
 
 /// The helper's answer taken apart.
 class XlsCells {
@@ -27,6 +28,8 @@ public:
     std::string text(long row, int column) const;
     /// Throws RuntimeError kWorkbookUnreadable when the workbook could not be opened at all.
     void check_opened() const;
+    /// The last row that holds a cell of the answer.
+    long last_row() const { return cells_.empty() ? 0 : cells_.rbegin()->first.first; }
 
 private:
     std::map<std::pair<long, int>, std::string> cells_;

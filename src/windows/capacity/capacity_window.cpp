@@ -122,8 +122,9 @@ void Form9::Command1_Click() {
     platform().set_busy(false);
 }
 
-void Form9::Command2_Click() {
-    const compute::CapacityTable table = compute::read_capacity_file(resolve_in_workdir(state(), Text1.text()));
+void Form9::Command2_Click() { ReadCapacityTable(compute::read_capacity_file(resolve_in_workdir(state(), Text1.text()))); }
+
+void Form9::ReadCapacityTable(const compute::CapacityTable& table) {
     capacityPoints.assign(1, compute::CapacityPoint{});
     for (std::size_t r = 0; r < table.rows.size(); ++r) {
         if (r > 0) capacityPoints.emplace_back();

@@ -111,6 +111,9 @@ public:
     void Command1_Click();
     /// Start: reads the capacity file named in Text1 into Fg.
     void Command2_Click();
+    /// A capacity table another reader made (built from a pushover curve, or an Sd-Sa list),
+    /// taken as Start takes the file's: into capacityPoints and Fg, then Next enabled.
+    void ReadCapacityTable(const compute::CapacityTable& table);
     /// The unit: g in that unit into T1, the unit's name into vahed.
     void Combo1_Click();
     /// Browse of page 1: the period and Sa spectrum file.

@@ -167,6 +167,12 @@ void Form6::ReadPushoverText() {
     reader_close();
 }
 
+void Form6::ReadPushoverTable(const compute::PushoverTable& table) {
+    reader_opening();
+    if (!fill_from(table)) return;
+    reader_close();
+}
+
 void Form6::select_row(int row) {
     const int before = Fg.row();
     Fg.set_selected_rows(row >= Fg.fixed_rows() ? std::set<int>{row} : std::set<int>{});

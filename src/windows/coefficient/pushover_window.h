@@ -136,6 +136,9 @@ public:
     /// Start: reads the text listing named in Text1.
     void ReadPushoverText();
     void ReadPushoverWorkbook();
+    /// A curve another reader made (an imported export), taken as the two readers take theirs:
+    /// the same opening, step table, diagram and selection of the last step.
+    void ReadPushoverTable(const compute::PushoverTable& table);
     void Command7_Click();
     void DrawPushoverDiagram();
     void Check1_Click();

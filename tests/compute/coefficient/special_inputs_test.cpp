@@ -16,7 +16,7 @@
 #include "compute/files/file_reader.h"
 #include "compute/files/text_file.h"
 #include "support/fake_platform.h"
-#include "workbook_fixtures.h"
+#include "support/workbooks.h"
 
 namespace tv::compute {
 namespace {
