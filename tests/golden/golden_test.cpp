@@ -1,5 +1,7 @@
 // Golden cases: each folder holds the CLI arguments, its inputs and the expected output and
 // exports, compared as exact text (the text is the result). TV_GOLDEN_UPDATE=1 rewrites them.
+// In the arguments @CASE@ is the case's folder, @OUT@ a fresh output folder, @DATA@ the real
+// files beside the checkout and @SOURCE@ the checkout (for its samples).
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -42,10 +44,13 @@ TEST_P(GoldenTest, OutputAndExportsMatch) {
     std::istringstream lines(case_args);
     for (std::string a; std::getline(lines, a);)
         if (!a.empty())
-            args.push_back(replace_all(replace_all(replace_all(a, "@CASE@", dir.string()), "@OUT@", out.string()),
-                                       "@DATA@", TV_DATA_DIR));
+            args.push_back(replace_all(
+                replace_all(replace_all(replace_all(a, "@CASE@", dir.string()), "@OUT@", out.string()), "@DATA@",
+                            TV_DATA_DIR),
+                "@SOURCE@", TV_SOURCE_DIR));
     CliResult r = run_cli(args);
-    const std::string err = replace_all(replace_all(r.err, out.string(), "@OUT@"), TV_DATA_DIR, "@DATA@");
+    const std::string err =
+        replace_all(replace_all(replace_all(r.err, out.string(), "@OUT@"), TV_DATA_DIR, "@DATA@"), TV_SOURCE_DIR, "@SOURCE@");
     const fs::path expected = dir / "expected";
     if (std::getenv("TV_GOLDEN_UPDATE")) {
         fs::remove_all(expected);

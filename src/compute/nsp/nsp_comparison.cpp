@@ -42,7 +42,9 @@ double demand_at(const Demand& demand, double T) {
     if (!(T >= demand.T_min && T <= demand.T_max))
         throw NoResult{"period " + num(T) + " s outside the spectrum (" + num(demand.T_min) + " to " +
                        num(demand.T_max) + " s)"};
-    return demand.Sa(T);
+    const double Sa = demand.Sa(T);
+    if (!std::isfinite(Sa)) throw NoResult{"the spectrum has no ordinate at " + num(T) + " s"};
+    return Sa;
 }
 
 std::vector<AdrsPoint> demand_curve(const Demand& demand, double g,
@@ -54,6 +56,7 @@ std::vector<AdrsPoint> demand_curve(const Demand& demand, double g,
     for (int k = 0; k <= kSteps; ++k) {
         const double T = T0 + (demand.T_max - T0) * k / kSteps;
         const double Sa = demand.Sa(T);
+        if (!std::isfinite(Sa)) continue;  // a gap of the spectrum
         out.push_back(modify ? modify(T, Sa) : AdrsPoint{spectral_displacement(Sa, T, g), Sa});
     }
     return out;
@@ -211,6 +214,8 @@ NspComparison compare_procedures(const NspInputs& in) noexcept {
                 throw NoResult{"the curve needs two points or more, a weight W above 0, and Γ1 φ1,roof, α1 and g above 0"};
             fill(in, out.capacity, column);
             if (column.target && !std::isfinite(*column.target)) throw NoResult{"the target is not a finite number"};
+            if (column.target && *column.target > in.curve.back().d)
+                column.notes.push_back("the target lies beyond the curve's last point (" + num(in.curve.back().d) + ")");
         } catch (const NoResult& e) {
             column.target.reset();
             column.performance.reset();

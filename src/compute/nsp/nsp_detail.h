@@ -37,11 +37,12 @@ std::vector<AdrsPoint> capacity_spectrum(const NspInputs& in);
 /// last point or before its first.
 std::optional<double> capacity_at(const std::vector<AdrsPoint>& capacity, double Sd);
 
-/// Sa of the demand at T; NoResult when T lies outside the spectrum's periods or the demand
-/// is missing.
+/// Sa of the demand at T; NoResult when T lies outside the spectrum's periods, the spectrum
+/// has no ordinate there or the demand is missing.
 double demand_at(const Demand& demand, double T);
 
-/// The demand over its periods in ADRS coordinates, each ordinate through `modify` (T, Sa).
+/// The demand over its periods in ADRS coordinates, each ordinate through `modify` (T, Sa);
+/// periods without an ordinate are left out.
 std::vector<AdrsPoint> demand_curve(const Demand& demand, double g,
                                     const std::function<AdrsPoint(double T, double Sa)>& modify);
 
