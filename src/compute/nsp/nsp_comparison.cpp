@@ -78,6 +78,9 @@ using namespace detail;
 void window_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity, MethodColumn& out) {
     if (!in.window_method) throw NoResult{"the coefficient window has not been run"};
     const CoefficientMethodInputs& m = *in.window_method;
+    // Calculate refuses to run without these.
+    if (m.W == 0 || m.Cm == 0 || m.C0 == 0 || m.dy == 0 || m.Vy == 0)
+        throw NoResult{"the window's method needs W, C0, Cm, dy and Vy"};
     ColumnFill f{out};
     const std::string where = "Calculate Target Displacement window";
     CoefficientMethodResult r;
