@@ -62,6 +62,9 @@ void asce41_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity, 
     const double Te = in.Te;
     if (!(Te > 0)) throw NoResult{"no effective period Te"};
     ColumnFill f{out};
+    f.add("Ti", "s", kClause + ": elastic period", in.Ti);
+    f.add("Ki", in.force_unit + "/" + in.length_unit, kClause + ": elastic lateral stiffness", in.Ki);
+    f.add("Ke", in.force_unit + "/" + in.length_unit, kClause + ": effective lateral stiffness Vy / Δy", Vy / dy);
     f.add("Te", "s", kClause + ", Eq. (7-27): Te = Ti (Ki / Ke)^0.5", Te);
     const double Sa = f.add("Sa", "g", kClause + ": spectral acceleration at Te, 5 % damping", demand_at(in.demand, Te));
     const double C0 = s.c0_from_mode ? f.add("C0", "", kClause + ": C0 = Γ1 φ1,roof", in.gamma_phi)

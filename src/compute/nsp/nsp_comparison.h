@@ -76,7 +76,7 @@ struct Asce41Settings {
 struct NspInputs {
     std::vector<CurvePoint> curve;  // from the origin, in the order pushed
     /// The two-line fit of the coefficient road: yield point (absent when none was found),
-    /// target point of the fit, Ki, Ti and Te.
+    /// target point of the fit, Ki, Ti and Te (Ki and Ti are shown beside Te, not used).
     std::optional<CurvePoint> yield;
     CurvePoint fit_end;
     double Ki = 0, Ti = 0, Te = 0;
