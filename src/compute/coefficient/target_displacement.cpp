@@ -78,4 +78,17 @@ double rmax_ratio(double dm, double dy, bool use_alpha_e, double alpha_e, double
     return div(dm, dy);
 }
 
+void coefficient_method(const CoefficientMethodInputs& in, CoefficientMethodResult& out) {
+    out = CoefficientMethodResult{};
+    out.Alpha = in.Vy != 0 && in.Xy != 0 ? post_yield_alpha(in.Vu, in.Vy, in.du, in.Xy, in.Ki) : 0;
+    out.R = strength_ratio(in.Cm, in.Sa, in.Vy, in.W);
+    out.C2 = c2_coefficient(in.Te, out.R);
+    out.C1 = c1_coefficient(in.Te, out.R, in.a);
+    out.C3 = in.C3 ? *in.C3 : c3_coefficient(out.Alpha, out.R, in.Te);
+    out.h = rmax_exponent(in.Te);
+    out.d = target_displacement(in.C0, out.C1, out.C2, in.Sa, in.Te);
+    out.dm = governing_displacement(out.d, in.displacement_limit);
+    out.Rmax = rmax_ratio(out.dm, in.dy, in.use_alpha_e, in.alpha_e, out.h);
+}
+
 }  // namespace tv::compute

@@ -1,6 +1,7 @@
 #pragma once
 // Coefficients of the displacement coefficient method and the target displacement: C0 and the
 // mass factor Cm of the older tables, C1, C2 and the strength limit of the newer ones.
+#include <limits>
 #include <optional>
 
 namespace tv::compute {
@@ -51,5 +52,35 @@ double governing_displacement(double d, double limit);
 /// Rmax = dm / dy, plus |alpha_e| ^ (-h) / 4 when `use_alpha_e` (the box is checked and alpha_e
 /// is not 0). Failure: 11 or 6 for dy of 0.
 double rmax_ratio(double dm, double dy, bool use_alpha_e, double alpha_e, double h);
+
+/// What the coefficient method works from: the two-line fit, the coefficients looked up and
+/// the demand. Forces in one unit, displacements in cm.
+struct CoefficientMethodInputs {
+    double du = 0, Vu = 0;  // the target point of the fit
+    double Xy = 0, Ki = 0;  // yield displacement of the fit, initial stiffness
+    double Vy = 0;          // yield force
+    double dy = 0;          // yield displacement that Rmax divides by
+    double C0 = 0, Cm = 0, W = 0;
+    double Sa = 0, Te = 0;  // in g at Te, and s
+    double a = 0;           // soil constant of C1
+    std::optional<double> C3;  // typed; computed when absent
+    double displacement_limit = 0;
+    bool use_alpha_e = false;  // the box is checked and alpha_e is not 0
+    double alpha_e = 0;
+};
+
+/// The method's values in the order they are worked out; a value that a failure kept the run
+/// from reaching is NaN.
+struct CoefficientMethodResult {
+    static constexpr double kNotReached = std::numeric_limits<double>::quiet_NaN();
+    double Alpha = kNotReached;  // 0 without a yield point
+    double R = kNotReached, C2 = kNotReached, C1 = kNotReached, C3 = kNotReached;
+    double h = kNotReached, d = kNotReached, dm = kNotReached, Rmax = kNotReached;
+};
+
+/// The whole coefficient method: alpha, R, C2, C1, C3 (the typed one when given; it does not
+/// enter the displacement), h, the target displacement d in cm, the governing displacement and
+/// Rmax. Failure: those of the steps; `out` holds what was reached.
+void coefficient_method(const CoefficientMethodInputs& in, CoefficientMethodResult& out);
 
 }  // namespace tv::compute

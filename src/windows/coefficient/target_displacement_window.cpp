@@ -107,49 +107,54 @@ void Form8::Command1_Click() {
         platform().message_box("Pleas Input W ,C0 , Cm, dy, Vy", forms::MsgButtons::Ok, "", forms::MsgIcon::None);
         return;
     }
+    const compute::CoefficientMethodInputs in = coefficient_inputs();
+    compute::CoefficientMethodResult r;
+    // The boxes show what the run reached, in the order it reached them.
+    auto show = [&] {
+        if (std::isnan(r.Alpha)) return;
+        Label17.set_caption(r.Alpha < 0 ? "Alpha < 0 . . . !!" : "");
+        Label18.set_caption(to_text(round_to(r.Alpha, 2)));
+        Text3.set_text(to_text(in.C0));
+        if (std::isnan(r.C1)) return;
+        Text13.set_text(to_text(round_to(r.R, 2)));
+        Text4.set_text(to_text(round_to(r.C1, 2)));
+        Text5.set_text(to_text(round_to(r.C2, 2)));
+        if (std::isnan(r.C3)) return;
+        if (!in.C3) Text6.set_text(to_text(round_to(r.C3, 2)));
+        if (std::isnan(r.Rmax)) return;
+        Text14.set_text(to_text(round_to(r.Rmax, 2)));
+        Text9.set_text(to_text(round_to(r.d, 2)));
+    };
+    try {
+        compute::coefficient_method(in, r);
+    } catch (...) {
+        show();
+        throw;
+    }
+    show();
+}
+
+compute::CoefficientMethodInputs Form8::coefficient_inputs() {
     // Form6 as it stands now, which may differ from what Command5 copied.
     Form6& f6 = program().form<Form6>();
-    const double du = val(f6.Text2.text());
-    const double Vu = val(f6.Text3.text());
-    const double Xy = val(f6.txtXC2.text());
-    const double Ki = val(f6.txtKi.text());
-    const double Vy = val(Text17.text());
-
-    double Alpha = 0;  // stays empty, so 0, without a yield point
-    if (Vy != 0 && Xy != 0) Alpha = compute::post_yield_alpha(Vu, Vy, du, Xy, Ki);
-    Label17.set_caption(Alpha < 0 ? "Alpha < 0 . . . !!" : "");
-    Label18.set_caption(to_text(round_to(Alpha, 2)));
-
-    const double C0 = val(Text12.text());
-    Text3.set_text(to_text(C0));
-    const double Sa = val(Text2.text());
-    const double Te = val(Text7.text());
-    const double Cm = val(Text11.text());
-    const double W = val(Text10.text());
-    const double a = compute::soil_constant(Check7.checked(), Check8.checked(), Check9.checked());
-    const double R = compute::strength_ratio(Cm, Sa, Vy, W);
-    const double C2 = compute::c2_coefficient(Te, R);
-    const double C1 = compute::c1_coefficient(Te, R, a);
-    Text13.set_text(to_text(round_to(R, 2)));
-    Text4.set_text(to_text(round_to(C1, 2)));
-    Text5.set_text(to_text(round_to(C2, 2)));
-
-    double C3 = 0;
-    if (Check15.checked()) {
-        C3 = val(Text6.text());
-    } else {
-        C3 = compute::c3_coefficient(Alpha, R, Te);
-        Text6.set_text(to_text(round_to(C3, 2)));
-    }
-    (void)C3;  // shown only: it does not enter the displacement
-
-    const double h = compute::rmax_exponent(Te);
-    const double d = compute::target_displacement(C0, C1, C2, Sa, Te);
-    const double dm = compute::governing_displacement(d, val(Text18.text()));
-    const double alphaE = val(Text15.text());
-    const double Rmax = compute::rmax_ratio(dm, val(Text16.text()), Check10.checked() && alphaE != 0, alphaE, h);
-    Text14.set_text(to_text(round_to(Rmax, 2)));
-    Text9.set_text(to_text(round_to(d, 2)));
+    compute::CoefficientMethodInputs in;
+    in.du = val(f6.Text2.text());
+    in.Vu = val(f6.Text3.text());
+    in.Xy = val(f6.txtXC2.text());
+    in.Ki = val(f6.txtKi.text());
+    in.Vy = val(Text17.text());
+    in.C0 = val(Text12.text());
+    in.Sa = val(Text2.text());
+    in.Te = val(Text7.text());
+    in.Cm = val(Text11.text());
+    in.W = val(Text10.text());
+    in.a = compute::soil_constant(Check7.checked(), Check8.checked(), Check9.checked());
+    if (Check15.checked()) in.C3 = val(Text6.text());
+    in.displacement_limit = val(Text18.text());
+    in.dy = val(Text16.text());
+    in.alpha_e = val(Text15.text());
+    in.use_alpha_e = Check10.checked() && in.alpha_e != 0;
+    return in;
 }
 
 void Form8::Command2_Click() { program().form<Form7>().show(); }

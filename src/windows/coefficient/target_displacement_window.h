@@ -4,6 +4,7 @@
 // calculation, so Form6 must stay loaded.
 #include <vector>
 
+#include "compute/coefficient/target_displacement.h"
 #include "forms/page.h"
 #include "windows/program.h"
 
@@ -112,6 +113,8 @@ public:
 
     /// Calculate.
     void Command1_Click();
+    /// What Calculate works from: the boxes of this window and the fit of Form6 as they stand.
+    compute::CoefficientMethodInputs coefficient_inputs();
     /// The note window.
     void Command2_Click();
     /// Cal: asks Form11 for Sa at the period of Text7.
