@@ -9,6 +9,7 @@ namespace tv::cli {
 int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int run_fourier(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int run_measures(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 }  // namespace tv::cli

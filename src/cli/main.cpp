@@ -16,6 +16,7 @@ const char* kUsage =
     "  fourier      direct Fourier sum of a record, picked omegas, rebuilt history\n"
     "  coefficient  pushover curve, bilinear idealisation, target displacement, R factor\n"
     "  capacity     capacity spectrum method: performance point\n"
+    "  measures     intensity, duration and period measures of records, with optional processing\n"
     "options: --help (also after a command), --version\n";
 
 }  // namespace
@@ -39,6 +40,7 @@ int main(int argc, char** argv) {
     if (command == "spectra") return tv::cli::run_spectra(rest, std::cout, std::cerr);
     if (command == "coefficient") return tv::cli::run_coefficient(rest, std::cout, std::cerr);
     if (command == "capacity") return tv::cli::run_capacity(rest, std::cout, std::cerr);
+    if (command == "measures") return tv::cli::run_measures(rest, std::cout, std::cerr);
     if (command == "fourier") return tv::cli::run_fourier(rest, std::cout, std::cerr);
     std::cerr << "tremorvault-cli: unknown command '" << command << "'\n" << kUsage;
     return tv::cli::kUsage;
