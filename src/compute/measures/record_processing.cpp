@@ -123,7 +123,8 @@ std::string options_problem(std::size_t n, double dt, const ProcessingOptions& o
         if (o.filter == FilterKind::band_pass && !(o.low_corner < o.high_corner))
             return "the band's low corner must be below its high corner";
         if (!(o.pad_seconds >= 0) || !std::isfinite(o.pad_seconds)) return "the pads must be 0 s or more";
-        if (o.pad_seconds / dt > 1e7) return "the pads must be shorter than ten million samples";
+        // Pads are held in memory with the record: a million samples a side is far beyond use.
+        if (o.pad_seconds / dt > 1e6) return "the pads must be at most a million samples long";
     }
     return {};
 }
