@@ -85,7 +85,7 @@ std::string record_problem(std::span<const double> accel, double dt) {
         if (!std::isfinite(accel[i])) return "sample " + std::to_string(i + 1) + " is not a finite number";
         any = any || accel[i] != 0;
     }
-    if (!any) return "the record is all zeros";
+    if (!any) return kRecordOfZeros;
     return {};
 }
 

@@ -47,6 +47,9 @@ struct MeasuresOutcome {
 /// number, a sample that is not a finite number, a record of zeros.
 MeasuresOutcome ground_motion_measures(std::span<const double> accel, double dt);
 
+/// record_problem's message for a record of zeros only (a pair may hold one such component).
+inline constexpr const char* kRecordOfZeros = "the record is all zeros";
+
 /// The message for a component that cannot be measured or processed, empty when it can.
 std::string record_problem(std::span<const double> accel, double dt);
 

@@ -64,7 +64,7 @@ RotDOutcome rotd_spectra(std::span<const double> a1, std::span<const double> a2,
         return r;
     };
     const std::string p1 = record_problem(a1, dt), p2 = record_problem(a2, dt);
-    const bool zeros1 = p1 == "the record is all zeros", zeros2 = p2 == "the record is all zeros";
+    const bool zeros1 = p1 == kRecordOfZeros, zeros2 = p2 == kRecordOfZeros;
     if (!p1.empty() && !(zeros1 && !zeros2)) return refuse("first component: " + p1);
     if (!p2.empty() && !(zeros2 && !zeros1)) return refuse("second component: " + p2);
     if (!(zeta >= 0 && zeta < 1)) return refuse("the damping ratio must be 0 or more and below 1");
