@@ -17,6 +17,7 @@ const char* kUsage =
     "  coefficient  pushover curve, bilinear idealisation, target displacement, R factor\n"
     "  capacity     capacity spectrum method: performance point\n"
     "  nsp          nonlinear static procedures side by side on one pushover curve\n"
+    "  measures     intensity, duration and period measures of records, with optional processing\n"
     "options: --help (also after a command), --version\n";
 
 }  // namespace
@@ -41,6 +42,7 @@ int main(int argc, char** argv) {
     if (command == "coefficient") return tv::cli::run_coefficient(rest, std::cout, std::cerr);
     if (command == "capacity") return tv::cli::run_capacity(rest, std::cout, std::cerr);
     if (command == "nsp") return tv::cli::run_nsp(rest, std::cout, std::cerr);
+    if (command == "measures") return tv::cli::run_measures(rest, std::cout, std::cerr);
     if (command == "fourier") return tv::cli::run_fourier(rest, std::cout, std::cerr);
     std::cerr << "tremorvault-cli: unknown command '" << command << "'\n" << kUsage;
     return tv::cli::kUsage;

@@ -1,11 +1,14 @@
 // tremorvault-cli spectra: the ground-motion road on the record windows.
 #include <algorithm>
+#include <cstdio>
 #include <ostream>
 
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/record_steps.h"
 #include "cli/session.h"
+#include "compute/measures/rotd_spectra.h"
+#include "compute/spectra/period_grid.h"
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
@@ -26,12 +29,41 @@ const char* kSpectraUsage =
     "  --design-file FILE       design ordinates from a file, one per line\n"
     "  --damping TEXT           damping ratio (default 0.05)\n"
     "  --measure psa|sd|psv|sv  spectral measure (default psa)\n"
+    "  --measure rotd50|rotd100 orientation-independent PSA of each record's pair, every period printed\n"
     "  --export-spectra FILE    write the twelve-column export\n"
     "  --compare                go on to the comparison and find the scale factor\n"
     "  --rule srss|max          combination of the components (default srss)\n"
     "  --sa-scale TEXT          factor on the design spectrum (default: the rule's)\n"
     "  --band-start, --band-end TEXT   period band of the search (default 0.01, the grid's end)\n"
     "  --export-comparison FILE write the sixteen-column export\n";
+
+// RotD50 or RotD100 of each record's pair over the design spectrum window's period grid, with
+// the response spectrum window's damping: "RotD50 K: PERIOD VALUE" per period, in g.
+int print_rotated(Session& s, bool hundred, double zeta) {
+    auto& state = s.program.state;
+    const compute::PeriodGrid grid{state.tStart, state.tEnd, state.periodStep, state.specCount};
+    std::vector<double> periods;
+    // The grid's indices end at specCount, which also ends a step that does not move.
+    for (double T = grid.tStart; grid.holds(T) && static_cast<long>(periods.size()) < grid.specCount; T = grid.next(T))
+        periods.push_back(T);
+    const std::string name = hundred ? "RotD100" : "RotD50";
+    s.print("measure", name + " (g)");
+    for (std::int32_t k = 1; k <= state.recordCount; ++k) {
+        const compute::RotDOutcome r =
+            compute::rotd_spectra(state.samples(k, 'X'), state.samples(k, 'Y'), state.recordDt(k), zeta, periods);
+        if (!r.ok()) {
+            s.err << "RotD: record " << k << ": " << r.error << '\n';
+            return kFailed;
+        }
+        const std::vector<double>& v = hundred ? r.spectra.rotd100 : r.spectra.rotd50;
+        for (std::size_t j = 0; j < periods.size(); ++j) {
+            char value[32];
+            std::snprintf(value, sizeof value, "%.6g", v[j]);
+            s.print(name + " " + std::to_string(k), text::to_text(periods[j]) + " " + value);
+        }
+    }
+    return kDone;
+}
 
 }  // namespace
 
@@ -51,7 +83,8 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
     const std::string measure = o.get("measure").value_or("psa");
     const std::vector<std::string> hazards{"low", "moderate", "high", "very-high"};
     const std::vector<std::string> soils{"I", "II", "III", "IV"};
-    const std::vector<std::string> measures{"psa", "sd", "psv", "sv"};
+    const std::vector<std::string> measures{"psa", "sd", "psv", "sv", "rotd50", "rotd100"};
+    const bool rotated = measure == "rotd50" || measure == "rotd100";
     const std::string rule = o.get("rule").value_or("srss");
     auto one_of = [&](const std::string& v, const std::vector<std::string>& allowed, const char* name) {
         if (std::find(allowed.begin(), allowed.end(), v) != allowed.end()) return true;
@@ -63,6 +96,8 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
     if (!one_of(hazard, hazards, "hazard") || !one_of(soil, soils, "soil") || !one_of(measure, measures, "measure") ||
         !one_of(rule, {"srss", "max"}, "rule"))
         return kUsage;
+    if (rotated && (o.has("compare") || o.get("export-spectra")))
+        return usage_error(err, "spectra", "--compare and --export-spectra take psa, sd, psv or sv", usage);
     Session s(out, err);
     try {
         if (auto f = o.get("design-file")) require_readable(s, *f);
@@ -97,6 +132,12 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
         s.step([&] { f2.xnext.press(); });
 
         auto& f3 = s.program.form<windows::Form3>();
+        if (rotated) {
+            s.step([&] {
+                if (auto v = o.get("damping")) f3.xbeta.set_text(*v);
+            });
+            return print_rotated(s, measure == "rotd100", text::val(f3.xbeta.text()));
+        }
         s.step([&] {
             if (auto v = o.get("damping")) f3.xbeta.set_text(*v);
             if (measure == "sd") f3.Check1.user_click();

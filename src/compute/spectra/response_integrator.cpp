@@ -1,5 +1,6 @@
 #include "compute/spectra/response_integrator.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <cstring>
@@ -15,7 +16,11 @@ constexpr double kPi = 3.14159265358979;
 
 }  // namespace
 
-OscillatorCoefficients oscillator_coefficients(double T, double zeta, double dt) {
+namespace {
+
+// One body for both forms: `cosineE` is E for the exact stepping and 1 for the old program's,
+// and a product by 1 changes no bit.
+OscillatorCoefficients coefficients(double T, double zeta, double dt, bool exact) {
     using text::chk;
     using text::div;
     const double w = div(kTwoPi, T);
@@ -37,11 +42,36 @@ OscillatorCoefficients oscillator_coefficients(double T, double zeta, double dt)
     k.A22 = chk(E * (c - div(zeta * s, q)));
     k.B11 = chk(F * (E * ((div(1 - 2 * zeta * zeta, wdDt) - div(zeta, q)) * s - (div(2 * zeta, wDt) + 1) * c) +
                      div(2 * zeta, wDt)));
-    // The cosine term has no factor E: the old program's form, on which its results depend.
-    k.B12 = chk(F * (div(E * (2 * zeta * zeta - 1), wdDt) * s + div(2 * zeta, wDt) * c + 1 - div(2 * zeta, wDt)));
+    // The old program's cosine term has no factor E, and its results depend on it.
+    const double cosineE = exact ? E : 1.0;
+    k.B12 = chk(F * (div(E * (2 * zeta * zeta - 1), wdDt) * s + cosineE * div(2 * zeta, wDt) * c + 1 -
+                     div(2 * zeta, wDt)));
     k.B21 = chk(F * (E * ((div(zeta, qDt) + div(w, q)) * s + div(c, dt)) - div(1, dt)));
     k.B22 = chk(div(F, dt) * (1 - E * (div(zeta * s, q) + c)));
     return k;
+}
+
+}  // namespace
+
+OscillatorCoefficients oscillator_coefficients(double T, double zeta, double dt) {
+    return coefficients(T, zeta, dt, false);
+}
+
+OscillatorCoefficients exact_oscillator_coefficients(double T, double zeta, double dt) {
+    return coefficients(T, zeta, dt, true);
+}
+
+void oscillator_displacements(const OscillatorCoefficients& k, std::span<const double> a, std::span<double> x) {
+    if (a.empty() || x.size() != a.size()) return;
+    double xi = 0, vi = 0;
+    x[0] = 0;
+    for (std::size_t i = 0; i + 1 < a.size(); ++i) {
+        // The spectrum kernel's step, lane by lane the same operations.
+        const double vn = ((k.A21 * xi + k.A22 * vi) + k.B21 * a[i]) + k.B22 * a[i + 1];
+        const double xn = ((k.A12 * vi + k.A11 * xi) + k.B11 * a[i]) + k.B12 * a[i + 1];
+        xi = xn, vi = vn;
+        x[i + 1] = xn;
+    }
 }
 
 SpectrumMeasure measure_from_ticks(bool displacement, bool pseudoVelocity, bool velocity) {
@@ -357,6 +387,27 @@ void integrate_records(const std::vector<RecordSpectra>& records, double zeta, c
         std::function<void()> done;
         if (period_done) done = [&] { period_done(k); };
         integrate_record(records[r], zeta, grid, measure, done);
+    }
+}
+
+void peak_displacements(std::span<const double> a, double dt, double zeta, std::span<const double> periods,
+                        std::span<double> peaks) {
+    const std::size_t n = std::min(periods.size(), peaks.size());
+    const long long steps = a.size() > 1 ? static_cast<long long>(a.size()) - 1 : 0;
+    LaneCoefficients lanes;
+    LaneState out, unused;
+    for (std::size_t first = 0; first < n; first += kLanes) {
+        const std::size_t count = std::min<std::size_t>(kLanes, n - first);
+        for (std::size_t m = 0; m < kLanes; ++m)
+            lanes.set(static_cast<int>(m), m < count ? exact_oscillator_coefficients(periods[first + m], zeta, dt)
+                                                     : OscillatorCoefficients{});
+        if (steps > 0) {
+            // The kernel runs two components; both read the one record, the second is dropped.
+            run_kernel(KernelArgs{&lanes, a.data(), a.data(), steps, &out, &unused}, false);
+        } else {
+            std::memset(&out, 0, sizeof out);
+        }
+        for (std::size_t m = 0; m < count; ++m) peaks[first + m] = out.peakD[m];
     }
 }
 

@@ -3,6 +3,7 @@
 // period of the grid, with the exact stepping for acceleration linear between samples.
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "compute/spectra/period_grid.h"
@@ -22,6 +23,23 @@ struct OscillatorCoefficients {
 /// 3.14159265358979. Failure: T = 0 or dt = 0 raises 11 (6 for 0 / 0), zeta = 1 or -1 raises 11,
 /// |zeta| > 1 raises 5 (square root of a negative number), a result beyond the double range 6.
 OscillatorCoefficients oscillator_coefficients(double T, double zeta, double dt);
+
+/// The exact stepping for acceleration linear between samples (Nigam and Jennings 1969): as
+/// oscillator_coefficients, with B12's cosine term carrying its factor E. The seed's spectra
+/// keep the form above; measures, intensities and rotated spectra use this one, whose error
+/// does not grow with T / dt. Failure: as oscillator_coefficients.
+OscillatorCoefficients exact_oscillator_coefficients(double T, double zeta, double dt);
+
+/// Relative displacement history of the oscillator stepped by k over the samples a, from rest:
+/// x[0] = 0, x[i + 1] after the step from a[i] to a[i + 1] (unit of a times s^2). Nothing is
+/// written unless x is as long as a.
+void oscillator_displacements(const OscillatorCoefficients& k, std::span<const double> a, std::span<double> x);
+
+/// peaks[j] = the largest |x| over the record a of the oscillator of periods[j] (s), damping
+/// zeta, exact stepping from rest; several periods run at a time in the kernel's vector lanes.
+/// Failure: RuntimeError as oscillator_coefficients.
+void peak_displacements(std::span<const double> a, double dt, double zeta, std::span<const double> periods,
+                        std::span<double> peaks);
 
 /// What each period stores, with d the peak displacement and p the peak relative velocity.
 enum class SpectrumMeasure {

@@ -1,5 +1,7 @@
 #include "windows/project/project_state.h"
 
+#include <algorithm>
+
 namespace tv::windows {
 
 namespace {
@@ -33,6 +35,16 @@ text::DoubleArray& ProjectState::baseAccel(long record, char component) {
 text::DoubleArray& ProjectState::spectrum(long record, char component) {
     return pick(*this, record, component, &ProjectState::specX1, &ProjectState::specY1, &ProjectState::specX2,
                 &ProjectState::specY2, &ProjectState::specX3, &ProjectState::specY3);
+}
+
+std::vector<double> ProjectState::samples(long record, char component) {
+    const text::DoubleArray& a = accel(record, component);
+    std::vector<double> out;
+    if (!a.allocated()) return out;
+    const long first = std::max<long>(recordFirstLine(record), 0);
+    const long last = std::min<long>(recordLastLine(record), a.ubound());
+    for (long i = first; i <= last; ++i) out.push_back(a(i));
+    return out;
 }
 
 }  // namespace tv::windows

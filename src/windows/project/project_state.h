@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "text/checked.h"
 
@@ -61,6 +62,9 @@ struct ProjectState {
     text::DoubleArray& accel(long record, char component);
     text::DoubleArray& baseAccel(long record, char component);
     text::DoubleArray& spectrum(long record, char component);
+    /// The samples of a stored record's component, g: lines recordFirstLine .. recordLastLine
+    /// of its array, as far as the array reaches (measures and rotated spectra read these).
+    std::vector<double> samples(long record, char component);
 };
 
 }  // namespace tv::windows
