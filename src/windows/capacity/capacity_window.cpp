@@ -10,7 +10,6 @@
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/grid_table.h"
 #include "windows/capacity/step_table.h"
-#include "windows/project/main_frame_window.h"
 #include "windows/files/work_files.h"
 
 namespace tv::windows {
