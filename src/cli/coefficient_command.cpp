@@ -113,8 +113,7 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
         if (curve_options_given(o) || !compute::pushover_file_has_own_layout(file, is_workbook(file))) {
             const compute::CurveImport curve =
                 import_or_exit(s, "coefficient", file, compute::CurveKind::pushover, *import_options);
-            s.step([&] { f6.Text1.set_text(file); });
-            s.step([&] { f6.ReadPushoverTable(compute::pushover_table_from_curve(curve.points)); });
+            s.step([&] { f6.TakeImportedCurve(file, curve); });
         } else if (is_workbook(file)) {
             s.platform.file_answers.push_back(file);
             s.step([&] { f6.Command1.press(); });
