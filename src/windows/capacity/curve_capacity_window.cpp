@@ -1,6 +1,10 @@
 #include "windows/capacity/curve_capacity_window.h"
 
+#include <sstream>
+
+#include "compute/import/first_mode.h"
 #include "text/number_text.h"
+#include "text/runtime_error.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/curve_capacity.h"
 #include "windows/files/curve_questions.h"
@@ -13,6 +17,7 @@ frmCurveCapacity::frmCurveCapacity(forms::App& app)
     cmdBrowse.Click = [this] { cmdBrowse_Click(); };
     cmdBuild.Click = [this] { cmdBuild_Click(); };
     cmdSave.Click = [this] { cmdSave_Click(); };
+    cmdModal.Click = [this] { cmdModal_Click(); };
     cmdClose.Click = [this] { hide(); };
 }
 
@@ -78,6 +83,44 @@ void frmCurveCapacity::cmdSave_Click() {
     if (!name || name->empty() || name->find('*') != std::string::npos) return;
     const compute::TextFile written = save_capacity_table(*name, table, compute::CurveKind::pushover);
     if (!written.ok()) show_error(*name + ": " + written.reason);
+}
+
+void frmCurveCapacity::cmdModal_Click() {
+    std::vector<double> weights, shape;
+    std::istringstream lines(txtStoreys.text());
+    std::string line;
+    for (int number = 1; std::getline(lines, line); ++number) {
+        for (char& c : line)
+            if (c == ';' || c == '\t' || c == '\r') c = ' ';
+        std::istringstream cells(line);
+        std::string w, phi, more;
+        if (!(cells >> w)) continue;  // blank lines are skipped
+        bool two = (cells >> phi) && !(cells >> more);
+        double wv = 0, phiv = 0;
+        try {
+            if (two) {
+                wv = text::to_double(w);
+                phiv = text::to_double(phi);
+            }
+        } catch (const text::RuntimeError&) {
+            two = false;
+        }
+        if (!two) {
+            show_error("Storey line " + std::to_string(number) + ": expected a weight and an amplitude, found \"" +
+                       line + "\"");
+            return;
+        }
+        weights.push_back(wv);
+        shape.push_back(phiv);
+    }
+    const auto modal = compute::first_mode_numbers(weights, shape);
+    if (!modal) {
+        show_error("The storeys need a weight above 0 each and a mode shape that is not zero everywhere.");
+        return;
+    }
+    txtW.set_text(text::to_text(modal->weight));
+    txtAlpha1.set_text(text::to_text(modal->alpha1));
+    txtPfPhi.set_text(text::to_text(modal->pf_phi));
 }
 
 }  // namespace tv::windows

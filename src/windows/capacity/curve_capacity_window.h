@@ -26,6 +26,12 @@ public:
     forms::TextBox& txtAlpha1 = text_box("txtAlpha1", "");
     forms::Label& lblPfPhi = label("lblPfPhi", "PF1·φroof,1 (participation factor × roof amplitude of mode 1) :");
     forms::TextBox& txtPfPhi = text_box("txtPfPhi", "");
+    /// Or the three from the storeys: one line each, from the first storey to the roof, its
+    /// weight and its first-mode amplitude, as pasted from the modal tables.
+    forms::Label& lblStoreys =
+        label("lblStoreys", "Or paste one line per storey, first to roof: weight and mode-1 amplitude φ :");
+    forms::TextBox& txtStoreys = text_box("txtStoreys", "");
+    forms::CommandButton& cmdModal = button("cmdModal", "Compute W, α1 and PF1·φ");
     /// What was read, converted and built.
     forms::Label& lblConversion = label("lblConversion", "");
     forms::CommandButton& cmdBuild = button("cmdBuild", "Build Capacity Table");
@@ -42,6 +48,8 @@ public:
     /// a question cancelled or numbers the table refuses leave Form9 as it was.
     void cmdBuild_Click();
     void cmdSave_Click();
+    /// W, α1 and PF1·φroof,1 from the storeys pasted into txtStoreys.
+    void cmdModal_Click();
 
 private:
     compute::UnitSystem system() const;

@@ -77,10 +77,14 @@ std::optional<compute::CurveImport> import_curve_asking(forms::Platform& platfor
         }
         if (curve.first_point_off_origin && !shift_asked) {
             shift_asked = true;
-            const std::string unit = compute::unit_system_length(options.system);
+            const bool spectral = kind == compute::CurveKind::spectral;
+            const std::string length = compute::unit_system_length(options.system);
+            const std::string force = spectral ? "g" : compute::unit_system_force(options.system);
             const auto answer = platform.message_box(
-                "The curve starts at a displacement of " + text::to_text(curve.first_point.displacement) + " " + unit +
-                    " and a force of " + text::to_text(curve.first_point.force) + ", not at (0, 0).\n"
+                "The curve starts at " + std::string(spectral ? "Sd = " : "a displacement of ") +
+                    text::to_text(curve.first_point.displacement) + " " + length +
+                    (spectral ? " and Sa = " : " and a force of ") + text::to_text(curve.first_point.force) + " " +
+                    force + ", not at (0, 0).\n"
                     "Shift the curve so that it starts at (0, 0)?",
                 forms::MsgButtons::YesNo, kTitle, forms::MsgIcon::Question);
             if (answer == forms::MsgResult::Yes) {
