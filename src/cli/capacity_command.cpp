@@ -10,6 +10,7 @@
 #include "compute/files/text_file.h"
 #include "text/number_text.h"
 #include "windows/capacity/capacity_window.h"
+#include "windows/capacity/curve_capacity.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/printing/printing.h"
 #include "windows/project/main_frame_window.h"
@@ -81,11 +82,9 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         return kUsage;
     }
     // A curve's numbers go to the length unit the window is set to.
-    const compute::UnitSystem systems[] = {compute::UnitSystem::kgf_mm, compute::UnitSystem::kgf_cm,
-                                           compute::UnitSystem::tonf_m};
     std::string why;
     const auto import_options =
-        curve_options(o, o.get("unit") ? systems[unit] : compute::UnitSystem::kgf_cm, why);
+        curve_options(o, o.get("unit") ? windows::capacity_unit_system(unit) : compute::UnitSystem::kgf_cm, why);
     if (!import_options) return usage_error(err, "capacity", why, usage);
     const bool from_pushover = o.get("weight").has_value();
     if (from_pushover && (!o.get("alpha1") || !o.get("pf-phi")))
@@ -104,17 +103,16 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         int list_index = unit;
         if (!own) {
             const std::string length = compute::unit_system_length(import_options->system);
-            if (!o.get("unit")) list_index = length == "mm" ? 0 : length == "cm" ? 1 : 2;
+            if (!o.get("unit")) list_index = windows::capacity_unit_index(import_options->system);
             const double g = o.get("g") ? text::val(*o.get("g")) : compute::gravity_in(length);
             const compute::CurveImport curve = import_or_exit(
                 s, "capacity", file, from_pushover ? compute::CurveKind::pushover : compute::CurveKind::spectral,
                 *import_options);
             const double alpha1 = o.get("alpha1") ? text::val(*o.get("alpha1")) : 0.0;
-            double pf_phi = o.get("pf-phi") ? text::val(*o.get("pf-phi")) : curve.participation_factor;
-            if (pf_phi == 0.0) pf_phi = 1.0;
-            imported = from_pushover ? compute::capacity_table_from_pushover(
-                                           curve.points, {text::val(*o.get("weight")), alpha1, pf_phi}, g)
-                                     : compute::capacity_table_from_spectral(curve.points, alpha1, pf_phi, g);
+            const double pf_phi = windows::pf_phi_for(
+                curve, o.get("pf-phi") ? std::optional<double>(text::val(*o.get("pf-phi"))) : std::nullopt);
+            const double weight = from_pushover ? text::val(*o.get("weight")) : 0.0;
+            imported = windows::capacity_table_of(curve, {weight, alpha1, pf_phi}, g);
             if (!imported.ok()) {
                 err << "tremorvault-cli capacity: " << file << ": " << imported.description << '\n';
                 throw Exit{kFailed};
@@ -124,9 +122,7 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
                 said += ", W = " + *o.get("weight") + " " + compute::unit_system_force(import_options->system);
             s.print("capacity table", said + ", alpha1 = " + text::to_text(alpha1) + ", PF1*phi = " + text::to_text(pf_phi));
             if (auto save = o.get("save-capacity")) {
-                const compute::TextFile written = compute::write_text_file(
-                    *save, compute::capacity_file_lines(imported, "Capacity curve made by Tremorvault from " +
-                                                                      std::string(from_pushover ? "a pushover curve" : "an Sd-Sa list")));
+                const compute::TextFile written = windows::save_capacity_table(*save, imported, curve.kind);
                 if (!written.ok()) {
                     err << "tremorvault-cli: " << *save << ": " << written.reason << '\n';
                     throw Exit{kFailed};

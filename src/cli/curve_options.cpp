@@ -1,6 +1,7 @@
 #include "cli/curve_options.h"
 
 #include "text/number_text.h"
+#include "windows/files/curve_questions.h"
 
 namespace tv::cli {
 
@@ -87,17 +88,7 @@ compute::CurveImport import_or_exit(Session& s, const std::string& command, cons
               << "); choose them with --columns\n";
         throw Exit{kFailed};
     }
-    const bool row_wise = curve.layout.rfind("row-wise", 0) == 0;
-    s.print("curve", curve.layout + ", " + std::to_string(curve.points.size()) + " points, " + (row_wise ? "rows " : "columns ") +
-                         std::to_string(curve.displacement_column) + " and " + std::to_string(curve.force_column));
-    if (!curve.case_name.empty()) s.print("case", curve.case_name);
-    s.print("units", curve.conversion);
-    if (curve.first_point_off_origin) {
-        const std::string point =
-            "(" + text::to_text(curve.first_point.displacement) + ", " + text::to_text(curve.first_point.force) + ")";
-        s.print("first point", curve.shifted ? point + ", curve shifted to start at (0, 0)" : point + ", kept");
-    }
-    if (curve.vertical_steps > 0) s.print("vertical steps", std::to_string(curve.vertical_steps) + ", kept");
+    for (const auto& [name, said] : windows::curve_facts(curve)) s.print(name, said);
     return curve;
 }
 

@@ -101,8 +101,7 @@ void run_pushover_steps(Session& s, const std::string& command, const ParsedOpti
     // the step table as a listing would.
     if (curve_options_given(o) || !compute::pushover_file_has_own_layout(file, is_workbook(file))) {
         const compute::CurveImport curve = import_or_exit(s, command, file, compute::CurveKind::pushover, c.import);
-        s.step([&] { f6.Text1.set_text(file); });
-        s.step([&] { f6.ReadPushoverTable(compute::pushover_table_from_curve(curve.points)); });
+        s.step([&] { f6.TakeImportedCurve(file, curve); });
     } else if (is_workbook(file)) {
         s.platform.file_answers.push_back(file);
         s.step([&] { f6.Command1.press(); });

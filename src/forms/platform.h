@@ -2,6 +2,7 @@
 // The one way out of the core: dialogs, clipboard, printers and PDF pages, the busy pointer,
 // pending events and the showing of windows. QtPlatform, the CLI's BatchPlatform and the tests' FakePlatform
 // implement it.
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,6 +33,9 @@ public:
     /// InputBox: nullopt when cancelled (the old box then gave an empty text).
     virtual std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                                  const std::string& default_text) = 0;
+    /// A pick from a list (a load case, a column): the index chosen, or nullopt when cancelled.
+    virtual std::optional<std::size_t> choose_item(const std::string& prompt, const std::string& title,
+                                                   const std::vector<std::string>& items) = 0;
     /// Open or save dialog: the chosen path, or nullopt when cancelled.
     virtual std::optional<std::string> file_dialog(const FileDialogRequest& request) = 0;
 

@@ -31,6 +31,7 @@
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
 #include "windows/capacity/capacity_window.h"
+#include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/sa_window.h"
 #include "windows/program.h"
@@ -75,6 +76,17 @@ TEST_F(CapacityViewsTest, EachWindowHasItsOwnViewThatFits) {
     QWidget& v11 = open<windows::Form11>();
     EXPECT_STREQ(v11.metaObject()->className(), "tv::gui::SaView");
     for (QWidget* v : {&v9, &v10, &v11}) test::expect_fits_work_area(*v);
+}
+
+TEST_F(CapacityViewsTest, TheCurveCapacityWindowOpensFromTheWizard) {
+    open<windows::Form9>();
+    program.form<windows::Form9>().cmdFromCurve.press();
+    auto& model = program.form<windows::frmCurveCapacity>();
+    QWidget& w = open<windows::frmCurveCapacity>();
+    EXPECT_STREQ(w.metaObject()->className(), "tv::gui::CurveCapacityView");
+    test::expect_all_bound(w, model);
+    test::expect_fits_work_area(w);
+    test::save_shot(w, "frmCurveCapacity");
 }
 
 TEST_F(CapacityViewsTest, TheWizardAtLoad) {

@@ -83,6 +83,23 @@ std::optional<std::string> QtPlatform::input_box(const std::string& prompt, cons
     return dialog.textValue().toStdString();
 }
 
+std::optional<std::size_t> QtPlatform::choose_item(const std::string& prompt, const std::string& title,
+                                                   const std::vector<std::string>& items) {
+    if (items.empty()) return std::nullopt;
+    QStringList list;
+    for (const auto& item : items) list << qs(item);
+    QInputDialog dialog(dialog_parent());
+    dialog.setWindowTitle(qs(title));
+    dialog.setLabelText(qs(prompt));
+    dialog.setComboBoxItems(list);
+    dialog.setComboBoxEditable(false);
+    dialog.setTextValue(list.front());
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    const auto index = list.indexOf(dialog.textValue());
+    if (index < 0) return std::nullopt;
+    return static_cast<std::size_t>(index);
+}
+
 std::optional<std::string> QtPlatform::file_dialog(const forms::FileDialogRequest& request) {
     if (!request.save && next_open_) {
         const QFileInfo given(qs(*next_open_));

@@ -6,10 +6,13 @@
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_axes.h"
 #include "windows/capacity/capacity_results.h"
+#include "windows/capacity/curve_capacity.h"
+#include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/demand_table.h"
 #include "windows/capacity/diagram_window.h"
 #include "windows/capacity/grid_table.h"
 #include "windows/capacity/step_table.h"
+#include "windows/files/curve_questions.h"
 #include "windows/files/work_files.h"
 
 namespace tv::windows {
@@ -60,6 +63,7 @@ Form9::Form9(forms::App& app)
 
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
+    cmdFromCurve.Click = [this] { program().form<frmCurveCapacity>().show(); };
     Combo1.Click = [this] { Combo1_Click(); };
     demand.Check1.Click = [this] { demand.Check1_Click(); };
     demand.Command4.Click = [this] { Command4_Click(); };
@@ -89,6 +93,7 @@ void Form9::Form_Load() {
 void Form9::Form_Unload(int&) {
     // The diagram reads this window's boxes; it does not outlive them.
     program().unload<Form10>();
+    program().unload<frmCurveCapacity>();
 }
 
 int Form9::kind() const {
@@ -121,7 +126,24 @@ void Form9::Command1_Click() {
     platform().set_busy(false);
 }
 
-void Form9::Command2_Click() { ReadCapacityTable(compute::read_capacity_file(resolve_in_workdir(state(), Text1.text()))); }
+void Form9::Command2_Click() {
+    const std::string path = resolve_in_workdir(state(), Text1.text());
+    if (compute::capacity_file_has_own_layout(path)) {
+        ReadCapacityTable(compute::read_capacity_file(path));
+        return;
+    }
+    compute::CurveImportOptions options;
+    options.system = capacity_unit_system(Combo1.list_index());
+    const auto curve = import_curve_asking(platform(), path, compute::CurveKind::spectral, options);
+    if (!curve) return;  // the table keeps what it had
+    const compute::CapacityTable table =
+        capacity_table_of(*curve, {0.0, 0.0, pf_phi_for(*curve, std::nullopt)}, val(T1.text()));
+    if (!table.ok()) {
+        platform().message_box(path + ": " + table.description, forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
+        return;
+    }
+    ReadCapacityTable(table);
+}
 
 void Form9::ReadCapacityTable(const compute::CapacityTable& table) {
     capacityPoints.assign(1, compute::CapacityPoint{});

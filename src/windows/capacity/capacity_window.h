@@ -34,6 +34,8 @@ public:
     forms::CommandButton& Command1 = button("Command1", "Browse", &Frame1);
     forms::CommandButton& Command2 = button("Command2", "Start", &Frame1);
     forms::Grid& Fg = grid("Fg", 1, 9, &Frame1);
+    /// Opens the window that builds the table from a pushover curve.
+    forms::CommandButton& cmdFromCurve = button("cmdFromCurve", "From Pushover Curve...", &Frame1);
     forms::Frame& Frame4 = frame("Frame4", "Input", &Frame1);
     forms::Label& Label4 = label("Label4", "g(user unit)  =", &Frame4);
     forms::TextBox& T1 = text_box("T1", "9810", &Frame4);
@@ -109,7 +111,8 @@ public:
 
     /// Browse: chooses the capacity file and reads it.
     void Command1_Click();
-    /// Start: reads the capacity file named in Text1 into Fg.
+    /// Start: reads the capacity file named in Text1 into Fg; a list of Sd and Sa that the
+    /// capacity reader would misread is imported into the same table.
     void Command2_Click();
     /// A capacity table another reader made (built from a pushover curve, or an Sd-Sa list),
     /// taken as Start takes the file's: into capacityPoints and Fg, then Next enabled.

@@ -12,6 +12,7 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/coefficient/target_displacement_window.h"
+#include "windows/files/curve_questions.h"
 #include "windows/printing/page_composer.h"
 #include "windows/printing/printing.h"
 
@@ -51,7 +52,7 @@ Form6::Form6(forms::App& app) : Window(app, "Form6", "Calculate T-Effective", 15
     Command8.set_enabled(false);
 
     Command1.Click = [this] { Command1_Click(); };
-    Command2.Click = [this] { ReadPushoverText(); };
+    Command2.Click = [this] { Command2_Click(); };
     Command7.Click = [this] { Command7_Click(); };
     Check1.Click = [this] { Check1_Click(); };
     Check2.Click = [this] { Check2_Click(); };
@@ -84,6 +85,9 @@ void Form6::Form_Load() {
     Fg.set_col_width(0, 500);
     Fg.set_col_width(1, 1000);
     Check1.set_enabled(false);
+    for (auto system : {compute::UnitSystem::kgf_cm, compute::UnitSystem::kgf_mm, compute::UnitSystem::tonf_m})
+        cboUnits.add_item(compute::unit_system_name(system));
+    cboUnits.set_list_index(0);
 }
 
 void Form6::Form_Activate() { fill_printer_list(xprinter, platform()); }
@@ -120,8 +124,41 @@ void Form6::Command1_Click() {
     request.title = "Open";
     std::optional<std::string> name = platform().file_dialog(request);
     if (!name) return;  // cancel ends the handler; the clearing above stays
+    if (!compute::pushover_file_has_own_layout(*name, true)) {
+        ImportPushoverCurve(*name);
+        return;
+    }
     Text1.set_text(*name);
     ReadPushoverWorkbook();
+}
+
+void Form6::Command2_Click() {
+    if (!compute::pushover_file_has_own_layout(Text1.text(), false)) {
+        ImportPushoverCurve(Text1.text());
+        return;
+    }
+    ReadPushoverText();
+}
+
+compute::UnitSystem Form6::unit_system() const {
+    switch (cboUnits.list_index()) {
+        case 1: return compute::UnitSystem::kgf_mm;
+        case 2: return compute::UnitSystem::tonf_m;
+        default: return compute::UnitSystem::kgf_cm;
+    }
+}
+
+void Form6::ImportPushoverCurve(const std::string& path) {
+    compute::CurveImportOptions options;
+    options.system = unit_system();
+    const auto curve = import_curve_asking(platform(), path, compute::CurveKind::pushover, options);
+    if (curve) TakeImportedCurve(path, *curve);
+}
+
+void Form6::TakeImportedCurve(const std::string& path, const compute::CurveImport& curve) {
+    Text1.set_text(path);
+    lblConversion.set_caption(curve_facts_line(curve));
+    ReadPushoverTable(compute::pushover_table_from_curve(curve.points));
 }
 
 void Form6::reader_opening() {
@@ -156,12 +193,14 @@ void Form6::reader_close() {
 }
 
 void Form6::ReadPushoverWorkbook() {
+    lblConversion.set_caption("");
     reader_opening();
     if (!fill_from(compute::read_pushover_workbook(Text1.text()))) return;
     reader_close();
 }
 
 void Form6::ReadPushoverText() {
+    lblConversion.set_caption("");
     reader_opening();
     if (!fill_from(compute::read_pushover_listing(Text1.text()))) return;
     reader_close();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "compute/coefficient/pushover_table.h"
+#include "compute/import/curve_import.h"
 #include "forms/page.h"
 #include "text/checked.h"
 #include "windows/program.h"
@@ -20,6 +21,10 @@ public:
     forms::Label& lblStep1 =
         label("lblStep1", "Step 1 : Selecting Pushover File ( Unit Must be : Kg.cm , Kg.mm or Ton.m )");
     forms::Label& Label22 = label("Label22", "Input Unit");
+    /// The unit system an exported curve is converted to: kgf·cm, kgf·mm, tonf·m.
+    forms::ComboBox& cboUnits = combo("cboUnits");
+    /// What the import of an exported curve read and converted; empty for the window's own layouts.
+    forms::Label& lblConversion = label("lblConversion", "");
     forms::TextBox& Text1 = text_box("Text1", "");
     forms::CommandButton& Command1 = button("Command1", "Browse");
     forms::CommandButton& Command2 = button("Command2", "Start");
@@ -131,14 +136,25 @@ public:
     /// Lists the printers and selects the current one.
     void Form_Activate() override;
 
-    /// Browse: chooses a spreadsheet and reads it.
+    /// Browse: chooses a spreadsheet and reads it; a file the workbook reader would misread is
+    /// imported instead.
     void Command1_Click();
-    /// Start: reads the text listing named in Text1.
+    /// Start: reads the text listing named in Text1, or imports a file the listing reader would
+    /// misread.
+    void Command2_Click();
     void ReadPushoverText();
     void ReadPushoverWorkbook();
     /// A curve another reader made (an imported export), taken as the two readers take theirs:
     /// the same opening, step table, diagram and selection of the last step.
     void ReadPushoverTable(const compute::PushoverTable& table);
+    /// Imports the curve at `path`, asking what the file leaves open; a file that cannot be read,
+    /// or a question cancelled, leaves the window as it was.
+    void ImportPushoverCurve(const std::string& path);
+    /// A curve the import read: its name into Text1, what was converted into lblConversion, its
+    /// points into the step table.
+    void TakeImportedCurve(const std::string& path, const compute::CurveImport& curve);
+    /// The unit system chosen in cboUnits.
+    compute::UnitSystem unit_system() const;
     void Command7_Click();
     void DrawPushoverDiagram();
     void Check1_Click();

@@ -9,6 +9,7 @@
 
 #include "compute/capacity/capacity_reader.h"
 #include "compute/import/curve_import.h"
+#include "compute/import/first_mode.h"
 #include "support/workbooks.h"
 
 namespace tv::compute {
@@ -226,6 +227,35 @@ TEST(CurveImportCapacity, PushoverCurveBecomesTheNineColumnTableTheReaderGivesBa
     EXPECT_EQ(back.rows[1].point.Teff, p.Teff);
 
     EXPECT_FALSE(capacity_table_from_pushover({{0, 0}}, {1000.0, 0.0, 1.3}, 981).ok());
+}
+
+}  // namespace
+}  // namespace tv::compute
+
+namespace tv::compute {
+namespace {
+
+TEST(FirstMode, NumbersFromStoreyWeightsAndTheModeShape) {
+    // Two equal storeys, φ = 0.5 and 1: Σwφ = 1.5, Σwφ² = 1.25, PF1 = 1.2, α1 = 2.25 / 2.5.
+    auto m = first_mode_numbers({1, 1}, {0.5, 1});
+    ASSERT_TRUE(m);
+    EXPECT_DOUBLE_EQ(m->weight, 2.0);
+    EXPECT_DOUBLE_EQ(m->alpha1, 0.9);
+    EXPECT_DOUBLE_EQ(m->pf_phi, 1.2);
+    // The scaling of the shape does not matter; the roof is the last storey.
+    auto scaled = first_mode_numbers({1, 1}, {-5, -10});
+    ASSERT_TRUE(scaled);
+    EXPECT_DOUBLE_EQ(scaled->alpha1, 0.9);
+    EXPECT_DOUBLE_EQ(scaled->pf_phi, 1.2);
+    // The SAP2000 model of the shared data (user guide): PF1·φroof = 1.215, α1 = 0.539.
+    auto sap = first_mode_numbers({1239.562, 961.554, 687.12}, {0.00006, 0.61821, 1});
+    ASSERT_TRUE(sap);
+    EXPECT_NEAR(sap->pf_phi, 1.215, 0.0005);
+    EXPECT_NEAR(sap->alpha1, 0.539, 0.0005);
+    EXPECT_FALSE(first_mode_numbers({}, {}));
+    EXPECT_FALSE(first_mode_numbers({1, 2}, {1}));
+    EXPECT_FALSE(first_mode_numbers({1, 0}, {0.5, 1}));
+    EXPECT_FALSE(first_mode_numbers({1, 1}, {0, 0}));
 }
 
 }  // namespace
