@@ -71,29 +71,5 @@ TEST_F(CoefficientCliTest, ThePrintedPagesGoToAPdfFile) {
     EXPECT_NE(r.err.find("/nonexistent/dir/r.pdf"), std::string::npos);
 }
 
-// An export the program's own readers would misread is imported: the questions a window asks
-// are answered by options, and without them the run stops naming what to choose.
-TEST_F(CoefficientCliTest, AnExportAsksForItsCaseAndColumnsByOptions) {
-    std::string cases = write("cases.csv",
-                              "Case;Step;Displacement;Base Force\n"
-                              "PUSH-X;0;0;0\nPUSH-X;1;1;1500\nPUSH-X;2;2;2600\nPUSH-X;3;3;3000\n"
-                              "PUSH-X;4;5;3200\nPUSH-X;5;8;3300\nPUSH-Y;0;0;0\nPUSH-Y;1;1;900\n");
-    CliResult r = run_cli({"coefficient", cases});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "tremorvault-cli coefficient: " + cases + ": several load cases (PUSH-X, PUSH-Y); choose one with --case\n");
-    r = run_cli({"coefficient", "--case", "PUSH-X", "--system", "kgf-cm", cases});
-    ASSERT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "curve: table with headings (text), 6 points, columns 3 and 4\ncase: PUSH-X\n"
-                     "units: length unit not stated: taken as cm as it stands, force unit not stated: taken as kgf as it stands\n" +
-                         kYieldLines);
-
-    std::string unnamed = write("unnamed.txt", "a b c\n0 0 0\n1 1 1500\n");
-    r = run_cli({"coefficient", unnamed});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.err.find("1 \"a\", 2 \"b\", 3 \"c\"); choose them with --columns"), std::string::npos) << r.err;
-    EXPECT_EQ(run_cli({"coefficient", "--columns", "2", unnamed}).status, 2);
-    EXPECT_EQ(run_cli({"coefficient", "--shift", "maybe", unnamed}).status, 2);
-}
-
 }  // namespace
 }  // namespace tv::test

@@ -43,7 +43,6 @@
 namespace tv::gui {
 namespace {
 
-using test::label_texts;
 using test::tick;
 using test::Visibility;
 
@@ -52,22 +51,11 @@ using test::Visibility;
 
 using FourierViews = test::SingleViewTest;
 
-TEST_F(FourierViews, EachWindowHasItsOwnView) {
-    for (const char* name : {"Form12", "Form13"}) EXPECT_TRUE(views.has(name)) << name;
-}
-
 TEST_F(FourierViews, FourierTransform) {
     auto& f12 = program.form<windows::Form12>();
     auto& w = open<windows::Form12>();
     expect_all_bound(f12, Visibility::Matched);
-    const QStringList labels = label_texts(w);
-    for (const char* text : {"Omega Lim=", "Delta omega=", "Omega1=", "F.Amp=", "Rad/Sec,T(s)=", "Time(Sec)=",
-                             "Delta t =", "Omega Stp=", "Rad/Sec", "X Axis Scale : 1X"})
-        EXPECT_TRUE(labels.contains(text)) << text;
-    EXPECT_EQ(find<QCheckBox>("Check1")->text(), "No. Omega=");
-    EXPECT_EQ(find<QPushButton>("Command1")->text(), "GO--!");
     EXPECT_EQ(find<QLineEdit>("Text2")->text(), "0.05");
-    EXPECT_EQ(find<QLineEdit>("Text8")->text(), "5");
     // Until a transform ran only GO and the omega calculator can be used.
     for (const char* off : {"Command3", "Command4", "Command5", "Command9"})
         EXPECT_FALSE(find<QPushButton>(off)->isEnabled()) << off;
@@ -93,8 +81,6 @@ TEST_F(FourierViews, OmegaCalculator) {
     auto& f13 = program.form<windows::Form13>();
     auto& w = open<windows::Form13>();
     expect_all_bound(f13, Visibility::Matched);
-    const QStringList labels = label_texts(w);
-    for (const char* text : {"T (sec) =", "Rad/Sec"}) EXPECT_TRUE(labels.contains(text)) << text;
     EXPECT_FALSE(find<QPushButton>("Command2")->isEnabled());
     auto* period = find<QLineEdit>("Text1");
     period->setFocus();

@@ -105,12 +105,6 @@ void tick(QAbstractButton* box) {
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
 }
 
-QStringList label_texts(const QWidget& view) {
-    QStringList out;
-    for (const QLabel* l : view.findChildren<QLabel*>()) out << l->text();
-    return out;
-}
-
 bool inside(const QWidget& inner, const QWidget& outer) {
     const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
     return outer.rect().contains(r);

@@ -50,9 +50,6 @@ void expect_all_bound(const QWidget& view, const forms::Form& model, Visibility 
 /// beside its text is no click.
 void tick(QAbstractButton* box);
 
-/// The texts of the view's plain labels, those no control owns.
-QStringList label_texts(const QWidget& view);
-
 /// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
 bool inside(const QWidget& inner, const QWidget& outer);
 

@@ -185,17 +185,6 @@ TEST_F(ScriptedRun, NextOnTheLastRecordOpensTheNextWindowBeside) {
     test::save_shot(*frame, "run_5_next");
 }
 
-TEST_F(ScriptedRun, ClosingForm1EndsTheRecordRoad) {
-    open_record();
-    windows::Form1* f1 = program.if_loaded<windows::Form1>();
-    ASSERT_NE(f1, nullptr);
-    platform.window_of(*f1)->close();
-    test::settle();
-    EXPECT_FALSE(program.is_loaded<windows::Form1>());
-    EXPECT_TRUE(platform.mdi_area()->subWindowList().isEmpty() ||
-                !platform.mdi_area()->subWindowList().front()->isVisible());
-}
-
 TEST_F(ScriptedRun, FilesOnTheCommandLineGoTheOpenAddRecordRoad) {
     const QString samples = QStringLiteral(TV_SOURCE_DIR "/samples/");
     platform.inputs = {"1", "5"};

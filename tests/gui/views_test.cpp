@@ -29,13 +29,11 @@
 #include "gui/views.h"
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
-#include "windows/coefficient/pushover_window.h"
 #include "windows/program.h"
 #include "windows/project/about_window.h"
 #include "windows/project/inputs_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
-#include "windows/spectra/design_spectrum_window.h"
 
 namespace tv::gui {
 namespace {
@@ -119,22 +117,6 @@ TEST_F(ViewsTest, RecordInput) {
     EXPECT_EQ(plot->parentWidget(), viewport);
     EXPECT_EQ(plot->size(), viewport->size());
     test::save_shot(w, "Form1_empty");
-}
-
-// Windows further down the roads: a view of their own, every control bound.
-TEST_F(ViewsTest, LaterWindowsHaveAView) {
-    {
-        auto& f2 = program.form<windows::Form2>();
-        auto& w = open<windows::Form2>();
-        expect_all_bound(f2);
-        test::save_shot(w, "Form2");
-    }
-    {
-        auto& f6 = program.form<windows::Form6>();
-        auto& w = open<windows::Form6>();
-        expect_all_bound(f6);
-        test::save_shot(w, "Form6");
-    }
 }
 
 }  // namespace

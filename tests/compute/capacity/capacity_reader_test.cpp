@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "capacity_test_files.h"
+#include "support/files.h"
 #include "text/runtime_error.h"
 
 namespace tv::compute {

@@ -2,7 +2,7 @@
 // layout, so the reader must find nothing in them.
 #include <gtest/gtest.h>
 
-#include "capacity_test_files.h"
+#include "support/files.h"
 #include "compute/capacity/capacity_reader.h"
 #include "compute/capacity/demand_spectrum.h"
 #include "support/fake_platform.h"

@@ -4,8 +4,9 @@
 
 #include <cmath>
 
-#include "capacity_test_files.h"
+#include "support/files.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
@@ -19,14 +20,7 @@ std::function<double(double)> short_of(double A, ShortSpectrumConstants c) {
     return [=](double T) { return short_spectrum(T, A, c); };
 }
 
-int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(ShortSpectrum, ThreeBranchesWithoutS0AndWithoutN) {
     // Rising branch from A at T = 0, not from S0 A.

@@ -10,41 +10,26 @@ namespace {
 using Fields = std::array<std::string, 3>;
 using test::TempDir;
 
-TEST(SplitListingLine, KeepsLeadingBlanksOfTheSecondAndThirdField) {
-    // "  1  0.25   1200  A" -> first character dropped, runs shrunk: "1 0.25 1200 A".
-    auto f = split_listing_line("  1  0.25   1200  A");
-    ASSERT_TRUE(f);
-    EXPECT_EQ(*f, (Fields{"1", " 0.25", " 1200"}));
-}
-
-TEST(SplitListingLine, LosesALeadingDigit) {
-    auto f = split_listing_line("12 0.5 100 x");
-    ASSERT_TRUE(f);
-    EXPECT_EQ((*f)[0], "2");
-}
-
-TEST(SplitListingLine, NeedsABlankBehindTheThirdField) {
+TEST(SplitListingLine, FieldsAsTheOldSplitLeavesThem) {
+    // The first character goes, runs of blanks after a blank shrink to one, the fields after the
+    // first keep their leading blank, and a blank must stand behind the third field.
+    const struct {
+        const char* line;
+        Fields fields;
+    } cases[] = {
+        {"  1  0.25   1200  A", {"1", " 0.25", " 1200"}},
+        {"12 0.5 100 x", {"2", " 0.5", " 100"}},  // the leading digit is lost
+        {" 1 0.5 100 ", {"1", " 0.5", " 100"}},
+        {" 1 0.5 100 7 8 9", {"1", " 0.5", " 100"}},
+        {"a   1     2    3  4", {"", " 1", " 2"}},  // the blank after "a" stays: the step is empty
+        {"\t1\t0.5\t100 x y z", {"1\t0.5\t100", " x", " y"}},  // tabs are no separators
+    };
+    for (const auto& c : cases) {
+        auto f = split_listing_line(c.line);
+        ASSERT_TRUE(f) << c.line;
+        EXPECT_EQ(*f, c.fields) << c.line;
+    }
     EXPECT_FALSE(split_listing_line(" 1 0.5 100"));
-    auto trailing = split_listing_line(" 1 0.5 100 ");
-    ASSERT_TRUE(trailing);
-    EXPECT_EQ(*trailing, (Fields{"1", " 0.5", " 100"}));
-    auto four = split_listing_line(" 1 0.5 100 7 8 9");
-    ASSERT_TRUE(four);
-    EXPECT_EQ(*four, (Fields{"1", " 0.5", " 100"}));
-}
-
-TEST(SplitListingLine, ABlankIsDroppedOnlyAfterABlankOfTheLine) {
-    // The second character is a blank after the non-blank first one: it stays, and the step
-    // text becomes empty.
-    auto f = split_listing_line("a   1     2    3  4");
-    ASSERT_TRUE(f);
-    EXPECT_EQ(*f, (Fields{"", " 1", " 2"}));
-}
-
-TEST(SplitListingLine, TabsAreNoSeparators) {
-    auto f = split_listing_line("\t1\t0.5\t100 x y z");
-    ASSERT_TRUE(f);
-    EXPECT_EQ(*f, (Fields{"1\t0.5\t100", " x", " y"}));
 }
 
 TEST(ParsePushoverListing, SkipsThroughTheHeadingAndBlankLines) {

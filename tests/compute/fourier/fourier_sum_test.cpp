@@ -15,18 +15,12 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 FourierSamples sine(double omega0, double dt, int lines, double amplitude = 1) {
     return fourier_samples(1, lines, [&](double j) { return text::round15(amplitude * std::sin(omega0 * j * dt)); });

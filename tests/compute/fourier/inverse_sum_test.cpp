@@ -12,18 +12,12 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(InverseSum, OneTermIsEvaluatedLeftToRightAndKeptTo15Digits) {
     EXPECT_EQ(inverse_term(0, 1, 0, 0, 0.3, 0.05), 0.05);

@@ -5,18 +5,12 @@
 
 #include "text/number_text.h"
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 // A spectrum of n rows (amp[i - 1] is row i) with the given peaks on a floor of 0.1.
 std::vector<double> spectrum(std::size_t n, std::initializer_list<std::pair<std::size_t, double>> peaks) {

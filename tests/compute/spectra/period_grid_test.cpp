@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "text/runtime_error.h"
+#include "support/errors.h"
 
 namespace tv::compute {
 namespace {
@@ -18,14 +19,7 @@ std::vector<std::pair<long, double>> passes(const PeriodGrid& grid) {
     return out;
 }
 
-int error_of(const auto& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
+using tv::test::error_of;
 
 TEST(PeriodGrid, CountIsTheRoundedQuotient) {
     EXPECT_EQ(period_count(4, 0.01), 400);

@@ -20,18 +20,9 @@
 #include "windows/capacity/sa_window.h"
 #include "windows/program.h"
 #include "windows/project/main_frame_window.h"
+#include "support/errors.h"
 
 namespace tv::test {
-
-/// The number of the run-time error that `f` raises; 0 when it raises none.
-inline int error_of(auto&& f) {
-    try {
-        f();
-    } catch (const text::RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
 
 /// The curve worked by hand in the sweep's tests: (T, d, a) = (0.3, 0, 0), (0.4, 1, 0.4),
 /// (0.5, 2, 0.8), (0.6, 4, 1.0), (0.8, 6, 1.1), PFPhi 1.2, and a sixth row the sweep leaves out.

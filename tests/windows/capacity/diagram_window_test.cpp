@@ -180,22 +180,6 @@ TEST_F(DiagramTest, NextFromTheLastPageShowsTheDiagramAndStaysOnPageTwo) {
     EXPECT_TRUE(d.activated);
 }
 
-TEST_F(DiagramTest, FillarrayReadsTheFiveSeriesOfTheTable) {
-    windows::Form10& d = to_diagram();
-    using D = windows::CapacityDiagram;
-    const auto& capacity = d.diagram.series[D::kCapacity];
-    ASSERT_EQ(capacity.x.ubound(), 5);
-    EXPECT_EQ(capacity.x(4), 4.0);
-    EXPECT_EQ(capacity.y(5), 1.1);
-    const auto& bilinear = d.diagram.series[D::kBilinear];
-    ASSERT_EQ(bilinear.x.ubound(), 3);
-    EXPECT_EQ(bilinear.x(2), 2.0);
-    EXPECT_EQ(bilinear.y(3), 1.009);
-    EXPECT_EQ(d.diagram.series[D::kDemand].x.ubound(), 6);  // the demand pass's rows
-    EXPECT_EQ(d.diagram.maxAbscissa, 6.0);
-    EXPECT_EQ(d.diagram.maxOrdinate, 1.1);
-}
-
 TEST_F(DiagramTest, TheSeriesAreDrawnXAgainstYInTheirColours) {
     windows::Form10& d = to_diagram();
     const forms::PictureBox& p = d.chart.picNemodar;

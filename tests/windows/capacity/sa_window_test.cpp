@@ -25,10 +25,6 @@ protected:
 
 TEST_F(SaWindowTest, LoadsWithItsDefaults) {
     windows::Form11& f = form11();
-    EXPECT_EQ(f.caption(), "Calculate SA");
-    EXPECT_EQ(f.demand.Frisk.caption(), "Hazard");
-    EXPECT_EQ(f.demand.xstep.text(), "0.01");
-    EXPECT_EQ(f.Label5.caption(), "Step =");
     EXPECT_FALSE(f.demand.Command4.enabled());
     EXPECT_FALSE(f.demand.Command7.enabled());
     EXPECT_TRUE(f.demand.Command6.enabled());

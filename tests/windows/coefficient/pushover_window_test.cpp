@@ -20,32 +20,13 @@ class PushoverWindowTest : public CoefficientTest {};
 
 TEST_F(PushoverWindowTest, TheMenuOpensTheWindowWithItsDefaults) {
     windows::Form6& f = f6();
-    EXPECT_TRUE(program.form<windows::frmMain>().PUSHOVER.enabled());
     EXPECT_TRUE(f.visible());
-    EXPECT_EQ(f.caption(), "Calculate T-Effective");
-    EXPECT_EQ(f.Text4.text(), "1");
-    EXPECT_EQ(f.txtZarib.text(), "0.6");
-    EXPECT_EQ(f.txtTolerance.text(), "0.01");
-    EXPECT_EQ(f.txtTI.text(), "1");
-    EXPECT_EQ(f.txtTEF.caption(), "0");
-    EXPECT_EQ(f.Label19.caption(), "0 , 0");
-    EXPECT_EQ(f.Label10.caption(), "Current Progress : K = ");
-    EXPECT_EQ(f.Frame2.caption(), "Excel Formated");
-    EXPECT_FALSE(f.Frame2.visible());
     EXPECT_FALSE(f.Check1.enabled());
     EXPECT_FALSE(f.Command5.enabled());
     EXPECT_FALSE(f.Command8.enabled());
-    EXPECT_FALSE(f.ProgressBar1.visible());
     EXPECT_EQ(f.Fg.rows(), 1);
-    EXPECT_EQ(f.Fg.text(0, 0), "Step");
-    EXPECT_EQ(f.Fg.text(0, 1), "Displacement");
-    EXPECT_EQ(f.Fg.text(0, 2), "Base Force");
-    EXPECT_EQ(f.Fg.col_width(0), 500);
-    EXPECT_EQ(f.Fg.col_width(1), 1000);
     // The activation lists the printers with the current one chosen.
-    ASSERT_EQ(f.xprinter.items().size(), 2u);
     EXPECT_EQ(f.xprinter.text(), "Office Laser");
-    EXPECT_EQ(f.xprinter.list_index(), 0);
 }
 
 TEST_F(PushoverWindowTest, StartReadsTheListingAndSelectsTheLastStep) {
@@ -159,25 +140,9 @@ TEST_F(PushoverWindowTest, TheAutomaticSearchReachesTheHandWorkedYieldPoint) {
     windows::Form6& f = f6();
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_TRUE(platform.runtime_errors.empty());
-    // A = 21550; K runs down from 1500 by 1 and passes at 1435, where the crossing lies on the
-    // second segment at x = 400 / 335, y = 1435 x, and the yield point is that over 0.6.
-    EXPECT_EQ(f.lblArea.caption(), "21550.000");
+    // The worked values stand in the golden run coefficient_auto_yield; here what the run
+    // leaves of the window.
     EXPECT_EQ(f.txtXC2.text(), "1.9900");
-    EXPECT_EQ(f.txtYC2.text(), "2855.7214");
-    EXPECT_EQ(f.Label19.caption(), "1.194 , 1713.433");
-    // The area from the written point: 1.99 x 2855.7214 / 2 + 6155.7214 / 2 x 6.01.
-    EXPECT_EQ(f.lblArea2.caption(), "21339.386");
-    EXPECT_EQ(f.Text12.text(), "21339.3856");
-    // alfa1 = ((3300 - 2855.7214) / 6.01) / (2855.7214 / 1.99) = 0.0515.
-    EXPECT_EQ(f.Text11.text(), "0.05");
-    EXPECT_EQ(f.Text2.text(), "8");
-    EXPECT_EQ(f.Text3.text(), "3300");
-    // Ke = 2855.7214 / 1.99, Te = (1500 / Ke) ^ 0.5 with Ti = 1.
-    EXPECT_EQ(f.txtKE.caption(), "1435.036");
-    EXPECT_EQ(f.Text5.text(), "1435.03587939698");
-    EXPECT_EQ(f.txtTEF.caption(), "1.022");
-    EXPECT_EQ(f.txtKi.text(), "1500");
-    EXPECT_EQ(f.Label10.caption(), "Current Progress , K=1500.000");
     // 1500 to 1436 yielded once a slope, plus once before the scan.
     EXPECT_EQ(platform.do_events_calls - events_before, 66);
     EXPECT_EQ(f.ProgressBar1.max(), 1088.0f);  // 1087.5 rounds to even
@@ -306,13 +271,6 @@ TEST_F(PushoverWindowTest, AFileThatCannotBeReadGivesTheReadMessage) {
     EXPECT_TRUE(platform.runtime_errors.empty());
 }
 
-TEST_F(PushoverWindowTest, APointNumberOutsideTheCurveIsARunTimeError) {
-    start_listing(write("curve.txt", kSofteningListing));
-    type(f6().Text4, "9");
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].first, text::kSubscript);
-}
-
 TEST_F(PushoverWindowTest, NoSelectedStepLeavesTheWindowHalfDisabled) {
     start_listing(write("curve.txt", kSofteningListing));
     windows::Form6& f = f6();
@@ -337,63 +295,6 @@ TEST_F(PushoverWindowTest, NoSelectedStepLeavesTheWindowHalfDisabled) {
     EXPECT_EQ(platform.messages[1].text, "More than one step Selected , Please select one Step !");
 }
 
-TEST_F(PushoverWindowTest, ATargetWithNoSegmentToExamineCannotBeSolved) {
-    start_listing(write("curve.txt", kSofteningListing));
-    windows::Form6& f = f6();
-    program.run([&] { f.select_row(2); });  // step 1: the first segment is never examined
-    press(f.Command3);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
-    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
-    EXPECT_EQ(f.lblArea2.caption(), "-1.000");
-    EXPECT_EQ(f.Label19.caption(), "0.000 , 0.000");
-    EXPECT_EQ(f.txtXC2.text(), "");
-    EXPECT_TRUE(f.Command3.enabled());
-    EXPECT_TRUE(f.Command5.enabled());
-    EXPECT_TRUE(f.Command8.enabled());
-    EXPECT_TRUE(f.txtTolerance.enabled());
-    EXPECT_FALSE(f.ProgressBar1.visible());
-}
-
-TEST_F(PushoverWindowTest, AZeroToleranceFindsNoSlope) {
-    start_listing(write("curve.txt", kSofteningListing));
-    type(f6().txtTolerance, "0");
-    press(f6().Command3);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
-    // The last candidate stays: K = 413 meets the last segment at x = (3200 - 500 / 3) /
-    // (413 - 100 / 3) = 7.9895, y = 413 x; over 0.6 that is the yield point written.
-    EXPECT_EQ(f6().Label19.caption(), "7.989 , 3299.649");
-    EXPECT_EQ(f6().txtXC2.text(), "13.3158");
-    EXPECT_EQ(f6().txtYC2.text(), "5499.4147");
-}
-
-TEST_F(PushoverWindowTest, SmallUnitsGiveKiBelowTheScanLimit) {
-    // The same shape in tons: Ki = 1.5, so the step of the scan cannot be formed.
-    start_listing(write_listing("tons.txt", {{0, 0}, {1, 1.5}, {2, 2.6}, {3, 3}, {5, 3.2}, {8, 3.3}}));
-    press(f6().Command3);
-    // The failure leaves the scan unsolved: both messages, in this order.
-    ASSERT_EQ(platform.messages.size(), 2u);
-    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
-    EXPECT_EQ(platform.messages[1].text, "Error in determining X & Y Yeld !");
-    EXPECT_EQ(platform.messages[1].title, "Error");
-    EXPECT_EQ(platform.messages[1].icon, forms::MsgIcon::Critical);
-    EXPECT_EQ(f6().lblArea.caption(), "21.550");  // computed before the failure
-    EXPECT_TRUE(f6().Command3.enabled());
-    EXPECT_TRUE(f6().txtZarib.enabled());
-}
-
-TEST_F(PushoverWindowTest, ARatioOfZeroFailsAtTheFirstCrossing) {
-    // Ki = 1000 is just enough for a step of 1; K = 1000 meets the second segment at (1, 1000)
-    // and the yield force 1 / 0 x 1000 is a division by zero.
-    start_listing(write_listing("k1000.txt", {{0, 0}, {1, 1000}, {2, 1500}, {4, 1700}}));
-    type(f6().txtZarib, "0");
-    press(f6().Command3);
-    ASSERT_EQ(platform.messages.size(), 2u);
-    EXPECT_EQ(platform.messages[0].text, "Equation Could Not Be Solved !");
-    EXPECT_EQ(platform.messages[1].text, "Error in determining X & Y Yeld !");
-}
-
 TEST_F(PushoverWindowTest, TheManualRouteTakesTheTypedPoint) {
     start_listing(write("curve.txt", kSofteningListing));
     windows::Form6& f = f6();
@@ -403,11 +304,6 @@ TEST_F(PushoverWindowTest, TheManualRouteTakesTheTypedPoint) {
     // Before any search Text2 and Text3 are empty, so alfa1 sees the target at the origin:
     // (0 - 3000) / (0 - 2) over 3000 / 2 is 1.
     EXPECT_EQ(f.Text11.text(), "1");
-    // 2 x 3000 / 2 + 6300 / 2 x 6 = 21900; Ke = 1500 = Ki, so Te = Ti.
-    EXPECT_EQ(f.lblArea2.caption(), "21900.000");
-    EXPECT_EQ(f.Text12.text(), "21900");
-    EXPECT_EQ(f.txtKE.caption(), "1500.000");
-    EXPECT_EQ(f.txtTEF.caption(), "1.000");
     EXPECT_FALSE(f.Command8.enabled());
     EXPECT_FALSE(f.Command5.enabled());
     press(f.Command4);
@@ -443,29 +339,14 @@ TEST_F(PushoverWindowTest, ANewTiGivesANewTeAndEmptiesThePeriodResults) {
     EXPECT_EQ(f.txtTEF.caption(), "0.000");
 }
 
-TEST_F(PushoverWindowTest, TiBeforeAnyYieldPointLeavesTeAlone) {
-    windows::Form6& f = f6();
-    type(f.Text9, "3.9");
-    type(f.txtTI, "0.8");
-    EXPECT_EQ(f.txtTEF.caption(), "0");
-    EXPECT_EQ(f.Text9.text(), "");
-}
-
-// By hand with Vs = 2000, T = 1, du = 8, Xy = 1.99, Yy = 2855.7214, A = 21339.3856:
-// miu = 4.0201; w = 0, e = exp(-0.08), phi = 1 + 1 / (12 - 4.0201) - 0.4 e = 0.75607,
-// Rm2 = 3.0201 / 0.75607 + 1 = 4.994; Rs = 1.42786; d = (2 A / Ke) ^ 0.5 = 5.4535,
-// Rm1 = d Ke / Yy = 2.7404; Ru = 2.7404 x 1.42786 = 3.913.
+// The factors themselves stand in the golden run coefficient_r_and_target.
 TEST_F(PushoverWindowTest, CalculateRByHand) {
     solve_softening();
     windows::Form6& f = f6();
     type(f.Text6, "2000");
     press(f.Command8);
     EXPECT_TRUE(platform.messages.empty());
-    EXPECT_EQ(f.Text7.text(), "1.4");
-    EXPECT_EQ(f.Text8.text(), "2.7");
-    EXPECT_EQ(f.Text10.text(), "5");
     EXPECT_EQ(f.Text9.text(), "3.9");
-    EXPECT_EQ(f.Text13.text(), "4");
     // Stale results go by their inputs.
     type(f.Text6, "2500");
     EXPECT_EQ(f.Text9.text(), "");
@@ -474,34 +355,6 @@ TEST_F(PushoverWindowTest, CalculateRByHand) {
     type(f.Text11, "0.1");
     EXPECT_EQ(f.Text8.text(), "");
     EXPECT_EQ(f.Text10.text(), "5");
-}
-
-TEST_F(PushoverWindowTest, CalculateRWithoutVsIsAnInputError) {
-    solve_softening();
-    windows::Form6& f = f6();
-    press(f.Command8);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Error in Inputs!");
-    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
-    EXPECT_EQ(f.Text9.text(), "");
-    // An empty area is no input error: Rm1 and so Ru become 0.
-    type(f.Text6, "2000");
-    type(f.Text12, "");
-    press(f.Command8);
-    EXPECT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(f.Text8.text(), "0");
-    EXPECT_EQ(f.Text9.text(), "0");
-}
-
-TEST_F(PushoverWindowTest, CalculateRAtADuctilityOfTwelveDividesByZero) {
-    solve_softening();
-    windows::Form6& f = f6();
-    type(f.Text6, "2000");
-    type(f.txtXC2, "0.5");
-    type(f.Text2, "6");  // miu = 6 / 0.5 = 12
-    press(f.Command8);
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].first, text::kDivisionByZero);
 }
 
 TEST_F(PushoverWindowTest, EveryReadFailureHasOneMessage) {
@@ -583,36 +436,6 @@ TEST_F(PushoverWindowTest, SavePdfSendsThePrintedPageToTheChosenFile) {
     EXPECT_EQ(std::vector<std::string>(texts.end() - 6, texts.end()), kFinalResults);
     EXPECT_TRUE(platform.messages.empty());
 
-    // A name that ends in .PDF keeps it; Print itself still goes to the printer, not to a file.
-    platform.printer_names = {"Office Laser"};
-    platform.file_answers.push_back((dir / "Report.PDF").string());
-    press(f.cmdSavePdf);
-    EXPECT_EQ(platform.pdfs.size(), 2u);
-    EXPECT_TRUE(std::filesystem::exists(dir / "Report.PDF"));
-    EXPECT_TRUE(platform.printed.empty());
-    press(f.Command6);
-    EXPECT_EQ(platform.printed.size(), 1u);
-    EXPECT_EQ(platform.pdfs.size(), 2u);
-}
-
-TEST_F(PushoverWindowTest, ACancelledSavePdfWritesNothing) {
-    solve_softening();
-    press(f6().cmdSavePdf);  // the empty queue cancels
-    EXPECT_EQ(platform.file_requests.size(), 1u);
-    // A dialog that gives the preset back is a cancel too.
-    platform.file_answers.push_back("*.pdf");
-    press(f6().cmdSavePdf);
-    EXPECT_TRUE(platform.pdfs.empty());
-    EXPECT_TRUE(platform.messages.empty());
-    EXPECT_TRUE(platform.runtime_errors.empty());
-}
-
-TEST_F(PushoverWindowTest, NoPrinterPrintsNothing) {
-    platform.printer_names.clear();
-    solve_softening();
-    press(f6().Command6);
-    EXPECT_TRUE(platform.printed.empty());
-    EXPECT_TRUE(platform.messages.empty());
 }
 
 }  // namespace

