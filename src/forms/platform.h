@@ -34,6 +34,10 @@ public:
                                                  const std::string& default_text) = 0;
     /// Open or save dialog: the chosen path, or nullopt when cancelled.
     virtual std::optional<std::string> file_dialog(const FileDialogRequest& request) = 0;
+    /// A pick from a list: the index of the item chosen, or nullopt when cancelled. Without a
+    /// display the preset item is taken.
+    virtual std::optional<int> choose_item(const std::string& prompt, const std::string& title,
+                                           const std::vector<std::string>& items, int preset);
 
     virtual void set_clipboard_text(const std::string& text) = 0;
 

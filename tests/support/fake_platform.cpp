@@ -32,6 +32,15 @@ std::optional<std::string> FakePlatform::input_box(const std::string& prompt, co
     return a;
 }
 
+std::optional<int> FakePlatform::choose_item(const std::string&, const std::string&,
+                                             const std::vector<std::string>& items, int preset) {
+    item_lists.push_back(items);
+    if (item_answers.empty()) return preset;
+    auto a = item_answers.front();
+    item_answers.pop_front();
+    return a;
+}
+
 std::optional<std::string> FakePlatform::file_dialog(const forms::FileDialogRequest& request) {
     file_requests.push_back(request);
     if (file_answers.empty()) return std::nullopt;

@@ -27,11 +27,13 @@ public:
     std::deque<forms::MsgResult> message_answers;
     std::deque<std::optional<std::string>> input_answers;
     std::deque<std::optional<std::string>> file_answers;
+    std::deque<std::optional<int>> item_answers;  // an empty queue takes the preset item
 
     // What happened.
     std::vector<Message> messages;
     std::vector<std::string> prompts;
     std::vector<forms::FileDialogRequest> file_requests;
+    std::vector<std::vector<std::string>> item_lists;
     std::vector<std::pair<int, std::string>> runtime_errors;
     std::string clipboard;
     std::vector<Printed> printed;
@@ -50,6 +52,8 @@ public:
     std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
+    std::optional<int> choose_item(const std::string& prompt, const std::string& title,
+                                   const std::vector<std::string>& items, int preset) override;
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     std::vector<std::string> printers() override { return printer_names; }
     std::string current_printer() override { return printer_names.empty() ? std::string() : printer_names.front(); }

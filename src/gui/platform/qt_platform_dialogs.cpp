@@ -83,6 +83,24 @@ std::optional<std::string> QtPlatform::input_box(const std::string& prompt, cons
     return dialog.textValue().toStdString();
 }
 
+std::optional<int> QtPlatform::choose_item(const std::string& prompt, const std::string& title,
+                                           const std::vector<std::string>& items, int preset) {
+    QStringList names;
+    for (const std::string& item : items) names << qs(item);
+    QInputDialog dialog(dialog_parent());
+    dialog.setObjectName(QStringLiteral("choose_item"));
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setComboBoxItems(names);
+    dialog.setComboBoxEditable(false);
+    dialog.setWindowTitle(qs(title));
+    dialog.setLabelText(qs(prompt));
+    if (preset >= 0 && preset < names.size()) dialog.setTextValue(names[preset]);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    const qsizetype chosen = names.indexOf(dialog.textValue());
+    if (chosen < 0) return std::nullopt;
+    return static_cast<int>(chosen);
+}
+
 std::optional<std::string> QtPlatform::file_dialog(const forms::FileDialogRequest& request) {
     if (!request.save && next_open_) {
         const QFileInfo given(qs(*next_open_));
