@@ -37,33 +37,17 @@ Taken show_record(const std::string& x, const std::string& y, const std::string&
 }
 
 TEST(PeerOriginals, GiveWhatTheirConvertedFilesGive) {
-    const std::pair<const char*, const char*> pairs[] = {
-        {"RSN1633_MANJIL_ABBAR--L.AT2", "manjil1990_abbar_L.txt"},
-        {"RSN1633_MANJIL_ABBAR--T.AT2", "manjil1990_abbar_T.txt"},
-        {"RSN140_TABAS_FER-L1.AT2", "tabas1978_ferdows_L1.txt"},
-        {"RSN140_TABAS_FER-T1.AT2", "tabas1978_ferdows_T1.txt"},
-        {"elCentro.AT2", "imperialvalley1940_elcentro_NS.txt"},
-        {"Rinaldi228.AT2", "northridge1994_rinaldi_228.txt"},
-        {"Rinaldi318.AT2", "northridge1994_rinaldi_318.txt"},
-        {"RSN1616_DUZCE_362-E.AT2", "duzce1999_lamont362_E.txt"},
-        {"RSN1616_DUZCE_362-N.AT2", "duzce1999_lamont362_N.txt"},
-        {"RSN1158_KOCAELI_DZC180.AT2", "kocaeli1999_duzce_180.txt"},
-        {"RSN1158_KOCAELI_DZC270.AT2", "kocaeli1999_duzce_270.txt"},
-        {"RSN787_LOMAP_SLC270.AT2", "lomaprieta1989_paloaltoslac_270.txt"},
-        {"RSN787_LOMAP_SLC360.AT2", "lomaprieta1989_paloaltoslac_360.txt"},
-        {"RSN1512_CHICHI_TCU078-E.AT2", "chichi1999_tcu078_E.txt"},
-        {"RSN1512_CHICHI_TCU078-N.AT2", "chichi1999_tcu078_N.txt"},
-    };
+    const auto& pairs = kPeerConversions;
     // Both tables, both arrays and every box are compared; El Centro is its own Y.
-    for (std::size_t k = 0; k < std::size(pairs); k += k == 4 ? 1 : 2) {
+    for (std::size_t k = 0; k < pairs.size(); k += k == 4 ? 1 : 2) {
         const auto& [ox, cx] = pairs[k];
         const auto& [oy, cy] = pairs[k == 4 ? k : k + 1];
         SCOPED_TRACE(ox);
-        const std::string x = data_path(std::string("records/original/") + ox);
-        const std::string y = data_path(std::string("records/original/") + oy);
+        const std::string x = data_path("records/original/" + ox);
+        const std::string y = data_path("records/original/" + oy);
         if (x.empty() || y.empty()) GTEST_SKIP() << "records data missing";
         // The converted files go the plain road, their declared step taken (Yes).
-        const Taken converted = show_record(data_path(std::string("records/") + cx), data_path(std::string("records/") + cy), "5");
+        const Taken converted = show_record(data_path("records/" + cx), data_path("records/" + cy), "5");
         EXPECT_EQ(show_record(x, y, "1"), converted);
         EXPECT_EQ(converted.texts[0], "5");
     }
