@@ -1,5 +1,7 @@
 #include "cli/batch_platform.h"
 
+#include <algorithm>
+#include <cctype>
 #include <ostream>
 
 #include "cli/cairo_page.h"
@@ -31,6 +33,37 @@ std::optional<std::string> BatchPlatform::file_dialog(const forms::FileDialogReq
     auto a = file_answers.front();
     file_answers.pop_front();
     return a;
+}
+
+namespace {
+
+std::string upper(std::string s) {
+    std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return s;
+}
+
+}  // namespace
+
+std::optional<int> BatchPlatform::choose_item(const std::string& prompt, const std::string& title,
+                                              const std::vector<std::string>& items, int preset) {
+    if (item_answers.empty()) return forms::Platform::choose_item(prompt, title, items, preset);
+    const std::string a = item_answers.front();
+    item_answers.pop_front();
+    const int n = static_cast<int>(items.size());
+    if (!a.empty() && a.size() < 6 && a.find_first_not_of("0123456789") == std::string::npos) {
+        const int k = std::stoi(a);
+        if (k >= 1 && k <= n) return k - 1;
+    }
+    // "L1" names "L1 (177°)": the name before its bracket will do.
+    for (int k = 0; k < n; ++k) {
+        const std::string& item = items[static_cast<std::size_t>(k)];
+        if (upper(item) == upper(a) || upper(item.substr(0, item.find(" ("))) == upper(a)) return k;
+    }
+    err_ << title << ": " << prompt << " no item \"" << a << "\" among";
+    for (int k = 0; k < n; ++k) err_ << (k ? ", " : " ") << k + 1 << " " << items[static_cast<std::size_t>(k)];
+    err_ << '\n';
+    failed = true;
+    return std::nullopt;
 }
 
 void BatchPlatform::report_runtime_error(int, const std::string& description) {

@@ -1,7 +1,8 @@
 #pragma once
 // The platform of the batch front end: message boxes go to standard error as "TITLE: TEXT",
 // questions take their first button, input boxes and file dialogs are answered from queues
-// that the command fills from its options.
+// that the command fills from its options; a pick from a list takes the item named (or numbered
+// from 1), the preset item when none is named.
 #include <deque>
 #include <iosfwd>
 #include <optional>
@@ -17,6 +18,7 @@ public:
 
     std::deque<std::string> input_answers;
     std::deque<std::optional<std::string>> file_answers;
+    std::deque<std::string> item_answers;
     std::string clipboard;
 
     /// A critical message box that stops the action was shown (a checked failure).
@@ -31,6 +33,9 @@ public:
     std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
+    /// An answer that names no item is a failure, told with the items there are.
+    std::optional<int> choose_item(const std::string& prompt, const std::string& title,
+                                   const std::vector<std::string>& items, int preset) override;
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     void action_goes_on() override { failed = false; }
     /// The pages as cairo paints them.

@@ -14,6 +14,7 @@ namespace {
 
 const char* kFourierUsage =
     "usage: tremorvault-cli fourier [OPTIONS] X Y\n"
+    "       tremorvault-cli fourier [OPTIONS] --components X,Y FILE\n"
     "  --omega-lim TEXT         highest omega, rad/s (required)\n"
     "  --delta-omega TEXT       omega step, rad/s (default 0.05)\n"
     "  --picks TEXT             pick this many omegas (\"No. Omega=\", then Find Omega)\n"
@@ -33,7 +34,7 @@ int run_fourier(const std::vector<std::string>& args, std::ostream& out, std::os
     const std::string usage = std::string(kFourierUsage) + kRecordUsage;
     ParsedOptions o;
     if (auto done = parse_command(args, known, "fourier", usage, o, out, err)) return *done;
-    if (o.files.size() != 2) return usage_error(err, "fourier", "give one record, an X and a Y file", usage);
+    if (auto problem = record_files_problem(o, 1)) return usage_error(err, "fourier", *problem, usage);
     if (!o.get("omega-lim")) return usage_error(err, "fourier", "--omega-lim is required", usage);
     Session s(out, err);
     try {

@@ -22,6 +22,7 @@ namespace {
 
 const char* kSpectraUsage =
     "usage: tremorvault-cli spectra [OPTIONS] X1 Y1 [X2 Y2 [X3 Y3]]\n"
+    "       tremorvault-cli spectra [OPTIONS] --components X,Y FILE1 [FILE2 [FILE3]]\n"
     "  --hazard low|moderate|high|very-high   Form2 hazard (default low)\n"
     "  --soil I|II|III|IV       Form2 soil class (default I)\n"
     "  --design-scale TEXT      Form2 scale A (default: the hazard's)\n"
@@ -75,9 +76,7 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
     const std::string usage = std::string(kSpectraUsage) + kRecordUsage;
     ParsedOptions o;
     if (auto done = parse_command(args, known, "spectra", usage, o, out, err)) return *done;
-    if (o.files.empty() || o.files.size() % 2 != 0 || o.files.size() > 6) {
-        return usage_error(err, "spectra", "give one to three records, an X and a Y file each", usage);
-    }
+    if (auto problem = record_files_problem(o, 3)) return usage_error(err, "spectra", *problem, usage);
     const std::string hazard = o.get("hazard").value_or("low");
     const std::string soil = o.get("soil").value_or("I");
     const std::string measure = o.get("measure").value_or("psa");

@@ -14,6 +14,12 @@ double Platform::page_text_width(const std::string& text, const PageFont& font) 
     return static_cast<double>(text.size()) * font.size * 0.545;
 }
 
+std::optional<int> Platform::choose_item(const std::string&, const std::string&, const std::vector<std::string>& items,
+                                         int preset) {
+    if (preset < 0 || preset >= static_cast<int>(items.size())) return std::nullopt;
+    return preset;
+}
+
 void Platform::report_file_error(int number, const std::string& description, const std::string&,
                                  const std::string&) {
     report_runtime_error(number, description);

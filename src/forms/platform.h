@@ -33,11 +33,12 @@ public:
     /// InputBox: nullopt when cancelled (the old box then gave an empty text).
     virtual std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                                  const std::string& default_text) = 0;
-    /// A pick from a list (a load case, a column): the index chosen, or nullopt when cancelled.
-    virtual std::optional<std::size_t> choose_item(const std::string& prompt, const std::string& title,
-                                                   const std::vector<std::string>& items) = 0;
     /// Open or save dialog: the chosen path, or nullopt when cancelled.
     virtual std::optional<std::string> file_dialog(const FileDialogRequest& request) = 0;
+    /// A pick from a list (a component, a load case, a column): the index of the item chosen, or
+    /// nullopt when cancelled. Without a display the preset item is taken; none (-1) cancels.
+    virtual std::optional<int> choose_item(const std::string& prompt, const std::string& title,
+                                           const std::vector<std::string>& items, int preset);
 
     virtual void set_clipboard_text(const std::string& text) = 0;
 

@@ -15,10 +15,6 @@ public:
     std::optional<std::string> input_box(const std::string&, const std::string&, const std::string&) override {
         return std::nullopt;
     }
-    std::optional<std::size_t> choose_item(const std::string&, const std::string&,
-                                           const std::vector<std::string>&) override {
-        return std::nullopt;
-    }
     std::optional<std::string> file_dialog(const FileDialogRequest&) override { return std::nullopt; }
     void set_clipboard_text(const std::string&) override {}
     std::vector<std::string> printers() override { return {}; }

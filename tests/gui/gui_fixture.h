@@ -143,6 +143,7 @@ public:
 
     std::deque<std::optional<std::string>> inputs;
     std::deque<std::optional<std::string>> files;
+    std::deque<std::optional<int>> items;
     std::vector<std::string> prompts;
     std::vector<std::string> messages;
     std::vector<std::pair<int, std::string>> runtime_errors;
@@ -159,6 +160,14 @@ public:
         if (inputs.empty()) return std::nullopt;
         auto a = inputs.front();
         inputs.pop_front();
+        return a;
+    }
+    std::optional<int> choose_item(const std::string& prompt, const std::string&, const std::vector<std::string>&,
+                                   int preset) override {
+        prompts.push_back(prompt);
+        if (items.empty()) return preset;
+        auto a = items.front();
+        items.pop_front();
         return a;
     }
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override {

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QMessageBox>
+#include <QInputDialog>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -65,6 +66,20 @@ TEST(QtPlatformBoxes, MessageBoxRunsAndReturnsTheButtonPressed) {
         box->button(QMessageBox::No)->click();
     });
     EXPECT_EQ(platform.message_box("Overwrite?", MsgButtons::YesNo, "Save", MsgIcon::Question), MsgResult::No);
+}
+
+TEST(QtPlatformBoxes, PickListOffersTheItemsWithThePresetChosen) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->comboBoxItems(), (QStringList{"L1 (177°)", "V2", "T3 (267°)"}));
+        EXPECT_EQ(dialog->textValue(), "T3 (267°)");
+        dialog->setTextValue("V2");
+        dialog->accept();
+    });
+    EXPECT_EQ(platform.choose_item("Component for X:", "Components", {"L1 (177°)", "V2", "T3 (267°)"}, 2), 1);
 }
 
 TEST(QtPlatformMetrics, TextWidthGrowsWithTheText) {

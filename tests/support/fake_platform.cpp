@@ -23,22 +23,22 @@ forms::MsgResult FakePlatform::message_box(const std::string& text, forms::MsgBu
     }
 }
 
-std::optional<std::size_t> FakePlatform::choose_item(const std::string& prompt, const std::string&,
-                                                     const std::vector<std::string>& items) {
-    prompts.push_back(prompt);
-    choices.push_back(items);
-    if (choice_answers.empty()) return std::nullopt;
-    auto a = choice_answers.front();
-    choice_answers.pop_front();
-    return a;
-}
-
 std::optional<std::string> FakePlatform::input_box(const std::string& prompt, const std::string&,
                                                    const std::string&) {
     prompts.push_back(prompt);
     if (input_answers.empty()) return std::nullopt;
     auto a = input_answers.front();
     input_answers.pop_front();
+    return a;
+}
+
+std::optional<int> FakePlatform::choose_item(const std::string& prompt, const std::string&,
+                                             const std::vector<std::string>& items, int preset) {
+    prompts.push_back(prompt);
+    choices.push_back(items);
+    if (choice_answers.empty()) return preset;
+    auto a = choice_answers.front();
+    choice_answers.pop_front();
     return a;
 }
 

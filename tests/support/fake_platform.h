@@ -27,8 +27,8 @@ public:
     std::deque<forms::MsgResult> message_answers;
     std::deque<std::optional<std::string>> input_answers;
     std::deque<std::optional<std::string>> file_answers;
-    /// Answers of list picks, as indexes.
-    std::deque<std::optional<std::size_t>> choice_answers;
+    /// Answers of list picks, as indexes; an empty queue takes the preset item.
+    std::deque<std::optional<int>> choice_answers;
 
     // What happened.
     std::vector<Message> messages;
@@ -54,8 +54,8 @@ public:
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
     /// Records the prompt and the items (in `prompts` and `choices`).
-    std::optional<std::size_t> choose_item(const std::string& prompt, const std::string& title,
-                                           const std::vector<std::string>& items) override;
+    std::optional<int> choose_item(const std::string& prompt, const std::string& title,
+                                   const std::vector<std::string>& items, int preset) override;
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     std::vector<std::string> printers() override { return printer_names; }
     std::string current_printer() override { return printer_names.empty() ? std::string() : printer_names.front(); }

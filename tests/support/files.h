@@ -2,6 +2,7 @@
 // Files for tests: a scratch folder of their own, whole-file reads and writes.
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tv::test {
@@ -29,5 +30,9 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+/// The PEER originals under records/original/ and their one-sample-per-line conversions under
+/// records/, X and Y files of a pair one after the other (El Centro stands alone, fifth).
+extern const std::vector<std::pair<std::string, std::string>> kPeerConversions;
 
 }  // namespace tv::test

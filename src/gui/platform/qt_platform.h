@@ -38,9 +38,9 @@ public:
                                  forms::MsgIcon icon) override;
     std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                          const std::string& default_text) override;
-    std::optional<std::size_t> choose_item(const std::string& prompt, const std::string& title,
-                                           const std::vector<std::string>& items) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
+    std::optional<int> choose_item(const std::string& prompt, const std::string& title,
+                                   const std::vector<std::string>& items, int preset) override;
     void set_clipboard_text(const std::string& text) override;
     std::vector<std::string> printers() override;
     std::string current_printer() override;

@@ -83,21 +83,22 @@ std::optional<std::string> QtPlatform::input_box(const std::string& prompt, cons
     return dialog.textValue().toStdString();
 }
 
-std::optional<std::size_t> QtPlatform::choose_item(const std::string& prompt, const std::string& title,
-                                                   const std::vector<std::string>& items) {
-    if (items.empty()) return std::nullopt;
-    QStringList list;
-    for (const auto& item : items) list << qs(item);
+std::optional<int> QtPlatform::choose_item(const std::string& prompt, const std::string& title,
+                                           const std::vector<std::string>& items, int preset) {
+    QStringList names;
+    for (const std::string& item : items) names << qs(item);
     QInputDialog dialog(dialog_parent());
+    dialog.setObjectName(QStringLiteral("choose_item"));
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setComboBoxItems(names);
+    dialog.setComboBoxEditable(false);
     dialog.setWindowTitle(qs(title));
     dialog.setLabelText(qs(prompt));
-    dialog.setComboBoxItems(list);
-    dialog.setComboBoxEditable(false);
-    dialog.setTextValue(list.front());
+    if (preset >= 0 && preset < names.size()) dialog.setTextValue(names[preset]);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    const auto index = list.indexOf(dialog.textValue());
-    if (index < 0) return std::nullopt;
-    return static_cast<std::size_t>(index);
+    const qsizetype chosen = names.indexOf(dialog.textValue());
+    if (chosen < 0) return std::nullopt;
+    return static_cast<int>(chosen);
 }
 
 std::optional<std::string> QtPlatform::file_dialog(const forms::FileDialogRequest& request) {

@@ -14,8 +14,8 @@ int ask_column(forms::Platform& platform, const std::string& what, const std::ve
     for (std::size_t c = 0; c < headings.size(); ++c)
         items.push_back(std::to_string(c + 1) + (headings[c].empty() ? std::string() : "  \"" + headings[c] + "\""));
     auto chosen = platform.choose_item("The headings do not say which column is which.\nWhich column holds the " + what + "?",
-                                       kTitle, items);
-    return chosen ? static_cast<int>(*chosen) + 1 : 0;
+                                       kTitle, items, -1);
+    return chosen ? *chosen + 1 : 0;
 }
 
 // Asks for a unit among `units`; the first item keeps the numbers as they stand.
@@ -24,9 +24,9 @@ std::optional<std::string> ask_unit(forms::Platform& platform, const std::string
     std::vector<std::string> items{target + " (as the numbers stand)"};
     for (const auto& u : units)
         if (u != target) items.push_back(u);
-    auto chosen = platform.choose_item(prompt, kTitle, items);
+    auto chosen = platform.choose_item(prompt, kTitle, items, -1);
     if (!chosen) return std::nullopt;
-    return *chosen == 0 ? target : items[*chosen];
+    return *chosen == 0 ? target : items[static_cast<std::size_t>(*chosen)];
 }
 
 }  // namespace
@@ -44,9 +44,9 @@ std::optional<compute::CurveImport> import_curve_asking(forms::Platform& platfor
         }
         if (curve.needs_case) {
             auto chosen = platform.choose_item(path + " holds several load cases.\nWhich one is the pushover curve?",
-                                               kTitle, curve.cases);
-            if (!chosen || *chosen >= curve.cases.size()) return std::nullopt;
-            options.case_name = curve.cases[*chosen];
+                                               kTitle, curve.cases, -1);
+            if (!chosen || static_cast<std::size_t>(*chosen) >= curve.cases.size()) return std::nullopt;
+            options.case_name = curve.cases[static_cast<std::size_t>(*chosen)];
             continue;
         }
         if (curve.needs_columns) {

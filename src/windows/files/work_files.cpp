@@ -14,6 +14,16 @@ std::string open_txt_dialog(forms::Platform& platform) {
     return platform.file_dialog(req).value_or("*.txt");
 }
 
+std::string open_record_dialog(forms::Platform& platform) {
+    forms::FileDialogRequest req;
+    // Names as the networks and databases give them; the layout is told from the content.
+    req.filter =
+        "Records | *.txt;*.AT2;*.at2;*.VT2;*.DT2;*.V1;*.V2;*.v2;*.V2c;*.v2c;*.ASC;*.asc;*.smc;*.EW;*.NS;*.UD;*.EW1;"
+        "*.NS1;*.UD1;*.EW2;*.NS2;*.UD2;*.csv;*.dat";
+    req.file_name = "*.txt";
+    return platform.file_dialog(req).value_or("*.txt");
+}
+
 std::string save_txt_dialog(forms::Platform& platform) {
     forms::FileDialogRequest req;
     req.save = true;

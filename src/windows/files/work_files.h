@@ -12,6 +12,10 @@ namespace tv::windows {
 /// Open dialog with the preset "*.txt": the chosen name, or "*.txt" when cancelled.
 std::string open_txt_dialog(forms::Platform& platform);
 
+/// The record road's open dialog: as open_txt_dialog, offering the files of every layout a
+/// record comes in.
+std::string open_record_dialog(forms::Platform& platform);
+
 /// Save dialog with the preset "*.txt": the chosen name with ".txt" added when the upper-cased
 /// name holds no ".TXT", or "*.txt" when cancelled.
 std::string save_txt_dialog(forms::Platform& platform);

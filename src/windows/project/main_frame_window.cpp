@@ -8,6 +8,7 @@
 #include "windows/coefficient/pushover_window.h"
 #include "windows/files/work_files.h"
 #include "windows/project/about_window.h"
+#include "windows/project/record_file.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::windows {
@@ -57,23 +58,29 @@ void frmMain::menu_open_Click() {
 
 void open_record_file(Program& program, double first_line, bool reset_on_cancel) {
     ProjectState& s = program.state;
-    std::string name = open_txt_dialog(program.platform());
+    std::string name = open_record_dialog(program.platform());
     if (name == "*.txt") {
         if (reset_on_cancel) s.recordCount = 0;
         return;
     }
+    // Read before anything changes: a refused file or a cancelled pick leaves the project as it was.
+    std::optional<OpenedRecord> file = open_record(program.platform(), resolve_in_workdir(s, name), name, s.componentLetter);
+    if (!file) return;
     s.fileName = name;
     if (s.componentLetter != "X" || s.currentRecord != 1) {
         Form1& f = program.form<Form1>();
         f.fileLoaded = 0;
+        f.opened = std::move(file);
         f.Form_Activate();
     } else {
         program.unload<Form1>();
         Form1& f = program.form<Form1>();
         f.fileLoaded = 0;
+        f.opened = std::move(file);
         showChildWindow(f, false);
     }
-    program.form<Form1>().Xfline.set_text(to_text(first_line));
+    const std::int32_t fileFirst = s.recordFileFirstLine(s.currentRecord);
+    program.form<Form1>().Xfline.set_text(fileFirst != 0 ? to_text(fileFirst) : to_text(first_line));
 }
 
 void frmMain::menu_exit_Click() { program().end(); }

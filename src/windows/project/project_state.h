@@ -45,6 +45,12 @@ struct ProjectState {
     RecordSlots<double> recordStep;
     RecordSlots<double> recordDt;
     RecordSlots<double> recordMaxValue;
+    /// The first data line the record's X file set (a layout that states its own); 0 when the
+    /// answer to "Data's First Line ?" holds.
+    RecordSlots<std::int32_t> recordFileFirstLine;
+    /// The time step is typed by whoever drives the window (the batch's --dt): the step a file
+    /// declares is not offered.
+    bool stepTyped = false;
 
     text::DoubleArray accelX1, accelY1, accelX2, accelY2, accelX3, accelY3;
     text::DoubleArray baseAccelX1, baseAccelY1, baseAccelX2, baseAccelY2, baseAccelX3, baseAccelY3;

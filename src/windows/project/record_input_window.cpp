@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
-#include "compute/files/text_file.h"
+#include "compute/import/declared_time_step.h"
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
@@ -46,6 +47,9 @@ ChartOptions record_chart(Form1& f) {
     o.value_at = [&f](long i) { return f.component_array(f.Option1.value() ? 'X' : f.Option2.value() ? 'Y' : '?')(i); };
     return o;
 }
+
+// A line number typed in a box, for finding lines: beyond the usual range it finds none.
+std::int32_t typed_line(double value) { return value >= 1 && value < 1e9 ? text::to_int32(value) : 0; }
 
 }  // namespace
 
@@ -92,15 +96,75 @@ void Form1::Form_Activate() {
     xnext.set_enabled(false);
     platform().set_busy(true);
     ProjectState& s = state();
-    compute::TextFile file = compute::read_text_file(resolve_in_workdir(s, s.fileName));
-    if (!file.ok()) throw text::FileError(file.error, file.description, s.fileName, file.reason);
-    openLines = std::move(file.lines);
+    std::optional<OpenedRecord> file = std::move(opened);
+    opened.reset();
+    if (!file) file = open_record(platform(), resolve_in_workdir(s, s.fileName), s.fileName, s.componentLetter);
+    if (!file) {
+        platform().set_busy(false);
+        return;
+    }
+    const compute::FileStatus& status = file->status;
+    if (!status.ok()) throw text::FileError(status.error, status.description, s.fileName, status.reason);
+    openLines = std::move(file->lines);
     set_caption_for_record();
     setenb(s.currentRecord);
     platform().do_events();
     if (s.currentRecord == 1) xBack.set_enabled(false);
-    fillgrid(gridX(s.currentRecord), gridY(s.currentRecord));
+    if (!file->components.empty()) {
+        take_components(*file);
+    } else {
+        const std::string letter = s.componentLetter;
+        std::optional<compute::DeclaredTimeStep> declared;
+        if (letter == "X" || letter == "Y") {
+            const double first = letter == "X" ? s.dataFirstLine : val(Xfline.text());
+            declared = compute::find_declared_time_step(openLines, typed_line(first));
+        }
+        if (letter == "X") s.recordFileFirstLine(s.currentRecord) = 0;
+        fillgrid(gridX(s.currentRecord), gridY(s.currentRecord));
+        if (declared)
+            offer_declared_step(declared->time_step, declared->text + ", line " + std::to_string(declared->line),
+                                letter == "X");
+    }
     platform().set_busy(false);
+}
+
+void Form1::take_components(const OpenedRecord& file) {
+    ProjectState& s = state();
+    const std::int32_t r = s.currentRecord;
+    std::string summary;
+    for (const compute::RecordComponent& c : file.components) {
+        const bool isX = s.componentLetter == "X";
+        if (!isX && s.componentLetter != "Y") break;
+        if (isX) {
+            s.recordFileFirstLine(r) = c.header_lines + 1;
+            Xfline.set_text(to_text(c.header_lines + 1));
+            xstep.set_text(to_text(c.time_step));
+            openLines = c.lines;
+        } else {
+            openLines = fit_to_first_line(c, typed_line(val(Xfline.text())));
+        }
+        openComponent = &c;
+        fillgrid(gridX(r), gridY(r));
+        openComponent = nullptr;
+        if (!summary.empty()) summary += '\n';
+        summary += component_summary(file, c, isX ? "X" : "Y");
+        if (!isX) offer_declared_step(c.time_step, c.time_step_source, false);
+    }
+    platform().message_box(summary, forms::MsgButtons::Ok, "Record", forms::MsgIcon::Information);
+}
+
+void Form1::offer_declared_step(double step, const std::string& source, bool forX) {
+    if (state().stepTyped || step == val(xstep.text())) return;
+    const std::string file = std::filesystem::path(state().fileName).filename().string();
+    const std::string said = file + " declares a time step of " + to_text(step) + " s (" + source +
+                             "); Time Step dt holds " + xstep.text() + ".";
+    if (!forX) {
+        platform().message_box(said, forms::MsgButtons::Ok, "Time Step", forms::MsgIcon::Exclamation);
+        return;
+    }
+    if (platform().message_box(said + " Take " + to_text(step) + " s?", forms::MsgButtons::YesNo, "Time Step",
+                               forms::MsgIcon::Question) == forms::MsgResult::Yes)
+        xstep.set_text(to_text(step));
 }
 
 void Form1::setenb(std::int32_t r) {
@@ -130,12 +194,19 @@ void Form1::fillgrid(forms::Grid& gridXRef, forms::Grid& gridYRef) {
     openLines.clear();
     g.set_rows(static_cast<int>(lines.size()) + 1);
     std::int32_t i = 1;
+    if (openComponent != nullptr) {
+        // A file of a known layout: its header lines are no samples, whatever the answer said.
+        maximum = 0;
+        for (double v : openComponent->samples) maximum = std::max(maximum, std::fabs(v));
+    }
     for (std::string& line : lines) {
         // Header lines before the first data line are never read as numbers, so an odd one can't fail.
-        if (i == 1)
-            maximum = std::fabs(val(line));
-        else if (i > s.dataFirstLine - 1)
-            maximum = std::max(maximum, std::fabs(val(line)));
+        if (openComponent == nullptr) {
+            if (i == 1)
+                maximum = std::fabs(val(line));
+            else if (i > s.dataFirstLine - 1)
+                maximum = std::max(maximum, std::fabs(val(line)));
+        }
         g.set_text(i, 1, line);
         g.set_text(i, 0, std::move(line));
         ++i;
@@ -316,7 +387,8 @@ void Form1::xBack_Click() {
     curMaxY = savedMaxY[r];
     chart.picNemodar.cls();
     chart.PicxSxale.cls();
-    Xfline.set_text(to_text(s.dataFirstLine));
+    const std::int32_t fileFirst = s.recordFileFirstLine(s.currentRecord);
+    Xfline.set_text(fileFirst != 0 ? to_text(fileFirst) : to_text(s.dataFirstLine));
     xeline.set_text(to_text(s.recordLastLine(s.currentRecord)));
     xstep.set_text(to_text(s.recordStep(s.currentRecord)));
     if (s.currentRecord == 1) xBack.set_enabled(false);

@@ -3,9 +3,11 @@
 // scaled into the project's acceleration arrays and drawn; Next steps through the records.
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "windows/chart/chart.h"
 #include "windows/program.h"
+#include "windows/project/record_file.h"
 
 namespace tv::windows {
 
@@ -66,11 +68,20 @@ public:
 
     /// The file opened by Form_Activate for fillgrid.
     std::vector<std::string> openLines;
+    /// The file as it was read when chosen; Form_Activate reads it itself when none is given.
+    std::optional<OpenedRecord> opened;
 
     /// The array drawn and read: the record in work, component 'X' or 'Y'.
     text::DoubleArray& component_array(char component);
 
 private:
+    /// The component whose lines fillgrid takes: its peak is that of its samples.
+    const compute::RecordComponent* openComponent = nullptr;
+
+    void take_components(const OpenedRecord& file);
+    /// Tells of a time step the X file (offered for the box) or the Y file declares, when the
+    /// box holds another and nobody typed it.
+    void offer_declared_step(double step, const std::string& source, bool forX);
     void set_caption_for_record();
     void store_record_settings();
     void plot_selected();

@@ -11,6 +11,7 @@
 #include "compute/import/record_import.h"
 #include "compute/files/text_file.h"
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "text/number_text.h"
 
 namespace tv::compute {
@@ -114,27 +115,10 @@ TEST(RealRecordFiles, SayWhereTheStepCameFromAndWhatWasConverted) {
 // The hand conversions in records/ keep the header lines and write each sample with the very
 // text of the original: the import must give the same lines.
 TEST(RealRecordFiles, PeerOriginalsGiveTheConvertedFilesLineForLine) {
-    const std::pair<const char*, const char*> pairs[] = {
-        {"RSN1633_MANJIL_ABBAR--L.AT2", "manjil1990_abbar_L.txt"},
-        {"RSN1633_MANJIL_ABBAR--T.AT2", "manjil1990_abbar_T.txt"},
-        {"RSN140_TABAS_FER-L1.AT2", "tabas1978_ferdows_L1.txt"},
-        {"RSN140_TABAS_FER-T1.AT2", "tabas1978_ferdows_T1.txt"},
-        {"elCentro.AT2", "imperialvalley1940_elcentro_NS.txt"},
-        {"Rinaldi228.AT2", "northridge1994_rinaldi_228.txt"},
-        {"Rinaldi318.AT2", "northridge1994_rinaldi_318.txt"},
-        {"RSN1616_DUZCE_362-E.AT2", "duzce1999_lamont362_E.txt"},
-        {"RSN1616_DUZCE_362-N.AT2", "duzce1999_lamont362_N.txt"},
-        {"RSN1158_KOCAELI_DZC180.AT2", "kocaeli1999_duzce_180.txt"},
-        {"RSN1158_KOCAELI_DZC270.AT2", "kocaeli1999_duzce_270.txt"},
-        {"RSN787_LOMAP_SLC270.AT2", "lomaprieta1989_paloaltoslac_270.txt"},
-        {"RSN787_LOMAP_SLC360.AT2", "lomaprieta1989_paloaltoslac_360.txt"},
-        {"RSN1512_CHICHI_TCU078-E.AT2", "chichi1999_tcu078_E.txt"},
-        {"RSN1512_CHICHI_TCU078-N.AT2", "chichi1999_tcu078_N.txt"},
-    };
-    for (const auto& [original, converted] : pairs) {
+    for (const auto& [original, converted] : test::kPeerConversions) {
         SCOPED_TRACE(original);
-        const std::string from = test::data_path(std::string("records/original/") + original);
-        const std::string to = test::data_path(std::string("records/") + converted);
+        const std::string from = test::data_path("records/original/" + original);
+        const std::string to = test::data_path("records/" + converted);
         if (from.empty() || to.empty()) GTEST_SKIP() << "records data missing";
         const RecordImport r = import_record_file(from);
         ASSERT_TRUE(r.ok()) << r.error->message();

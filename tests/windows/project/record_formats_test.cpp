@@ -1,0 +1,109 @@
+// Record files as networks and databases publish them, taken by the record window.
+#include "project_fixture.h"
+
+namespace tv::test {
+namespace {
+
+// What a record leaves in the window and the project after Show Diagram.
+struct Taken {
+    std::vector<std::string> texts;
+    std::vector<double> samples;
+    bool operator==(const Taken&) const = default;
+};
+
+Taken show_record(const std::string& x, const std::string& y, const std::string& first_line) {
+    FakePlatform platform;
+    windows::Program program(platform);
+    windows::start(program);
+    platform.input_answers = {"1", first_line};
+    auto& frame = program.form<windows::frmMain>();
+    for (const std::string& file : {x, y}) {
+        platform.file_answers.push_back(file);
+        program.run([&] { frame.menu_open.choose(); });
+    }
+    windows::Form1& f = program.form<windows::Form1>();
+    program.run([&] { f.Command2.press(); });
+    Taken t;
+
+    t.texts = {f.Xfline.text(), f.xeline.text(), f.xstep.text(), f.Text1.text(), f.Text2.text(), f.xvalue.text()};
+    for (forms::Grid* g : {&f.Grid1, &f.Grid2})
+        for (int r = 0; r < g->rows(); ++r) t.texts.push_back(g->text(r, 0) + "|" + g->text(r, 1));
+    for (char c : {'X', 'Y'})
+        if (program.state.accel(1, c).allocated())
+            for (long i = 1; i <= program.state.accel(1, c).ubound(); ++i)
+                t.samples.push_back(program.state.accel(1, c)(i));
+    EXPECT_TRUE(platform.runtime_errors.empty()) << platform.runtime_errors.front().second;
+    return t;
+}
+
+TEST(PeerOriginals, GiveWhatTheirConvertedFilesGive) {
+    const auto& pairs = kPeerConversions;
+    // Both tables, both arrays and every box are compared; El Centro is its own Y.
+    for (std::size_t k = 0; k < pairs.size(); k += k == 4 ? 1 : 2) {
+        const auto& [ox, cx] = pairs[k];
+        const auto& [oy, cy] = pairs[k == 4 ? k : k + 1];
+        SCOPED_TRACE(ox);
+        const std::string x = data_path("records/original/" + ox);
+        const std::string y = data_path("records/original/" + oy);
+        if (x.empty() || y.empty()) GTEST_SKIP() << "records data missing";
+        // The converted files go the plain road, their declared step taken (Yes).
+        const Taken converted = show_record(data_path("records/" + cx), data_path("records/" + cy), "5");
+        EXPECT_EQ(show_record(x, y, "1"), converted);
+        EXPECT_EQ(converted.texts[0], "5");
+    }
+}
+
+TEST_F(ProjectTest, AFileOfSeveralComponentsFillsBothTablesFromTheUsersPick) {
+    const std::string bhrc = data_path("records/formats/5523-1.V1");
+    if (bhrc.empty()) GTEST_SKIP() << "records data missing";
+    platform.input_answers = {"1", "1"};
+    platform.choice_answers = {2, 0};
+    platform.file_answers.push_back(bhrc);
+    open();
+    ASSERT_EQ(platform.choices.size(), 2u);
+    EXPECT_EQ(platform.choices[0], (std::vector<std::string>{"L1 (177°)", "V2", "T3 (267°)"}));
+    EXPECT_EQ(state().componentLetter, "Z");
+    windows::Form1& f = form1();
+    EXPECT_EQ(f.Xfline.text(), "28");
+    EXPECT_EQ(f.xstep.text(), "0.005");
+    EXPECT_EQ(f.xeline.text(), "13083");
+    // X is T3, the third block; Y is L1. The summary says which conversion was applied.
+    EXPECT_NE(f.Grid1.text(28, 0), f.Grid2.text(28, 0));
+    ASSERT_FALSE(platform.messages.empty());
+    EXPECT_NE(platform.messages.back().text.find("X: 5523-1.V1 (BHRC VOL1DS), T3 (267°)"), std::string::npos);
+    EXPECT_NE(platform.messages.back().text.find("G/10 to g: divided by 10"), std::string::npos);
+}
+
+TEST_F(ProjectTest, ABadFileIsToldAndTheProjectStaysAsItWas) {
+    const std::string bad = write("cut.AT2",
+                                  "PEER NGA STRONG MOTION DATABASE RECORD\nx\nACCELERATION TIME SERIES IN UNITS OF G\n"
+                                  "NPTS=     12, DT=   .0200 SEC\n  .1E-01  .2E-01  .3E-01  .4E-01  .5E-01\n");
+    platform.input_answers = {"1", "5"};
+    platform.file_answers.push_back(bad);
+    open();
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text.rfind(bad + ", line ", 0), 0u) << platform.messages[0].text;
+    EXPECT_EQ(program.if_loaded<windows::Form1>(), nullptr);
+    EXPECT_EQ(state().componentLetter, "X");
+    EXPECT_EQ(state().fileName, "");
+    EXPECT_EQ(state().recordCount, 1);
+}
+
+TEST_F(ProjectTest, ADeclaredStepIsOfferedAndNoKeepsTheBox) {
+    const std::string x = write("x.txt", "title\nNPTS=  3, DT= .0200 SEC\n0.1\n0.2\n0.3\n");
+    const std::string y = write("y.txt", "title\nNPTS=  3, DT= .0100 SEC\n0.1\n0.2\n0.3\n");
+    platform.input_answers = {"1", "3"};
+    platform.message_answers = {forms::MsgResult::No};
+    open_record(x, y);
+    EXPECT_EQ(form1().xstep.text(), "0.005");
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[0].text,
+              "x.txt declares a time step of 0.02 s (DT= .0200 SEC, line 2); Time Step dt holds 0.005. Take 0.02 s?");
+    EXPECT_EQ(platform.messages[0].buttons, forms::MsgButtons::YesNo);
+    // The Y file's other step is told; the box stays.
+    EXPECT_EQ(platform.messages[1].text,
+              "y.txt declares a time step of 0.01 s (DT= .0100 SEC, line 2); Time Step dt holds 0.005.");
+}
+
+}  // namespace
+}  // namespace tv::test
