@@ -40,8 +40,7 @@ MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWid
     auto* left = new QVBoxLayout;
     auto* table = named(new QTableView, "MeasureTable");
     table->verticalHeader()->hide();
-    table->horizontalHeader()->hide();
-    table->setMinimumSize(420, 330);
+    table->setMinimumSize(520, 330);
     left->addWidget(table);
 
     auto* panel = named(new QGroupBox, "Processing");
