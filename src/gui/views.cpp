@@ -21,6 +21,7 @@ void register_views(ViewRegistry& registry) {
     register_fourier_views(registry);
     register_coefficient_views(registry);
     register_capacity_views(registry);
+    register_measures_views(registry);
 }
 
 }  // namespace tv::gui

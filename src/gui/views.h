@@ -12,5 +12,6 @@ void register_spectra_views(ViewRegistry& registry);
 void register_fourier_views(ViewRegistry& registry);
 void register_coefficient_views(ViewRegistry& registry);
 void register_capacity_views(ViewRegistry& registry);
+void register_measures_views(ViewRegistry& registry);
 
 }  // namespace tv::gui

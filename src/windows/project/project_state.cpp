@@ -38,11 +38,15 @@ text::DoubleArray& ProjectState::spectrum(long record, char component) {
 }
 
 std::vector<double> ProjectState::samples(long record, char component) {
+    return samples(record, component, recordFirstLine(record), recordLastLine(record));
+}
+
+std::vector<double> ProjectState::samples(long record, char component, long first, long last) {
     const text::DoubleArray& a = accel(record, component);
     std::vector<double> out;
     if (!a.allocated()) return out;
-    const long first = std::max<long>(recordFirstLine(record), 0);
-    const long last = std::min<long>(recordLastLine(record), a.ubound());
+    first = std::max<long>(first, 0);
+    last = std::min<long>(last, a.ubound());
     for (long i = first; i <= last; ++i) out.push_back(a(i));
     return out;
 }

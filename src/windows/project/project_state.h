@@ -51,6 +51,8 @@ struct ProjectState {
     /// The time step is typed by whoever drives the window (the batch's --dt): the step a file
     /// declares is not offered.
     bool stepTyped = false;
+    /// Processing applied to a record's arrays ("" none), for its caption.
+    RecordSlots<std::string> recordProcessing;
 
     text::DoubleArray accelX1, accelY1, accelX2, accelY2, accelX3, accelY3;
     text::DoubleArray baseAccelX1, baseAccelY1, baseAccelX2, baseAccelY2, baseAccelX3, baseAccelY3;
@@ -58,10 +60,11 @@ struct ProjectState {
     text::DoubleArray designSa;
     text::DoubleArray designAux;
 
-    /// Reset for a new project (closing Form1): count 0, letter "X"; arrays stay.
+    /// Reset for a new project (closing Form1): count 0, letter "X", no processing; arrays stay.
     void reset() {
         recordCount = 0;
         componentLetter = "X";
+        recordProcessing = {};
     }
 
     /// Record lookup: record 1..3, component 'X' or 'Y'; anything else raises 9.
@@ -71,6 +74,8 @@ struct ProjectState {
     /// The samples of a stored record's component, g: lines recordFirstLine .. recordLastLine
     /// of its array, as far as the array reaches (measures and rotated spectra read these).
     std::vector<double> samples(long record, char component);
+    /// The same over lines first .. last (the record in work, before its settings are stored).
+    std::vector<double> samples(long record, char component, long first, long last);
 };
 
 }  // namespace tv::windows

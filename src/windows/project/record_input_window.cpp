@@ -9,6 +9,7 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/fourier/fourier_window.h"
+#include "windows/measures/measures_window.h"
 #include "windows/project/inputs_window.h"
 #include "windows/files/work_files.h"
 #include "windows/spectra/design_spectrum_window.h"
@@ -64,6 +65,7 @@ Form1::Form1(forms::App& app)
     xnext.Click = [this] { xnext_Click(); };
     xBack.Click = [this] { xBack_Click(); };
     Command1.Click = [this] { Command1_Click(); };
+    cmdMeasures.Click = [this] { cmdMeasures_Click(); };
 }
 
 forms::Grid& Form1::gridX(std::int32_t record) {
@@ -87,7 +89,11 @@ forms::Grid& Form1::gridY(std::int32_t record) {
 void Form1::Form_Load() { diagramShown = 0; }
 
 void Form1::set_caption_for_record() {
-    set_caption("Input file parameters (" + to_text(state().currentRecord) + ")");
+    const std::int32_t r = state().currentRecord;
+    std::string caption = "Input file parameters (" + to_text(r) + ")";
+    if (r >= 1 && r <= 3 && !state().recordProcessing(r).empty())
+        caption += " - processed: " + state().recordProcessing(r);
+    set_caption(std::move(caption));
 }
 
 void Form1::Form_Activate() {
@@ -297,6 +303,12 @@ void Form1::Command2_Click() {
         }
         gx.set_redraw(true);
         gy.set_redraw(true);
+        // The arrays are read from the tables again: processing applied before is gone.
+        program().unload<MeasuresWindow>();
+        if (!s.recordProcessing(r).empty()) {
+            s.recordProcessing(r).clear();
+            set_caption_for_record();
+        }
         plot_selected();
     }
     savedMaxX.at(static_cast<std::size_t>(r)) = rawMaxX;
@@ -352,6 +364,7 @@ void Form1::xnext_Click() {
         xnext.set_enabled(false);
         diagramShown = 0;
         store_record_settings();
+        program().unload<MeasuresWindow>();
         s.currentRecord += 1;
         set_caption_for_record();
         setenb(s.currentRecord);
@@ -378,6 +391,7 @@ void Form1::xnext_Click() {
 void Form1::xBack_Click() {
     ProjectState& s = state();
     if (s.currentRecord <= 1) return;
+    program().unload<MeasuresWindow>();
     s.currentRecord -= 1;
     const auto r = static_cast<std::size_t>(s.currentRecord);
     Text1.set_text(to_text(text::round_to(savedMaxX.at(r), 8)));
@@ -398,8 +412,20 @@ void Form1::xBack_Click() {
 
 void Form1::Command1_Click() { program().form<Form12>().show(); }
 
+void Form1::cmdMeasures_Click() {
+    if (diagramShown == 0) {
+        platform().message_box("Show the diagram of the record first", forms::MsgButtons::Ok, "Measures",
+                               forms::MsgIcon::Exclamation);
+        return;
+    }
+    MeasuresWindow& m = program().form<MeasuresWindow>();
+    m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()));
+    m.show();
+}
+
 void Form1::Form_Unload(int&) {
     // Every later window goes, each by itself: a Form4 that refused its question is asked again.
+    program().unload<MeasuresWindow>();
     program().unload<Form2>();
     program().unload<Form3>();
     program().unload<Form4>();

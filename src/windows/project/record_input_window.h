@@ -31,6 +31,7 @@ public:
     forms::CommandButton& xnext = button("xnext", "Next");
     forms::CommandButton& xBack = button("xBack", "Back");
     forms::CommandButton& Command1 = button("Command1", "Fourier");
+    forms::CommandButton& cmdMeasures = button("cmdMeasures", "Measures");
     forms::Grid& Grid1 = grid("Grid1", 1, 2);
     forms::Grid& Grid2 = grid("Grid2", 1, 2);
     forms::Grid& Grid3 = grid("Grid3", 1, 2);
@@ -57,6 +58,8 @@ public:
     void xnext_Click();
     void xBack_Click();
     void Command1_Click();
+    /// Measures: opens the measures window on the record in work once its diagram is shown.
+    void cmdMeasures_Click();
 
     /// Shows the two tables of record r and hides the others; r outside 1..3 changes nothing.
     void setenb(std::int32_t r);
@@ -74,6 +77,11 @@ public:
     /// The array drawn and read: the record in work, component 'X' or 'Y'.
     text::DoubleArray& component_array(char component);
 
+    /// "Input file parameters (r)", with the processing applied to record r when there is some.
+    void set_caption_for_record();
+    /// Draws the component chosen under Draw again.
+    void plot_selected();
+
 private:
     /// The component whose lines fillgrid takes: its peak is that of its samples.
     const compute::RecordComponent* openComponent = nullptr;
@@ -82,9 +90,7 @@ private:
     /// Tells of a time step the X file (offered for the box) or the Y file declares, when the
     /// box holds another and nobody typed it.
     void offer_declared_step(double step, const std::string& source, bool forX);
-    void set_caption_for_record();
     void store_record_settings();
-    void plot_selected();
 };
 
 }  // namespace tv::windows

@@ -1,7 +1,9 @@
 #include "windows/spectra/comparison_window.h"
 
 #include <algorithm>
+#include <cstdio>
 
+#include "compute/measures/ground_motion_measures.h"
 #include "compute/spectra/comparison.h"
 #include "text/format.h"
 #include "text/number_text.h"
@@ -67,6 +69,25 @@ void Form4::Form_Activate() {
     activated = 1;
     Command3.set_enabled(false);
     tend.set_text(to_text(state().tEnd));
+    show_durations();
+}
+
+void Form4::show_durations() {
+    ProjectState& s = state();
+    std::string text;
+    for (std::int32_t k = 1; k <= s.recordCount && k <= 3; ++k) {
+        text += (text.empty() ? "" : "\n") + std::string("D5-95 of record ") + std::to_string(k) + ":";
+        for (char c : {'X', 'Y'}) {
+            const compute::MeasuresOutcome m = compute::ground_motion_measures(s.samples(k, c), s.recordDt(k));
+            char buf[48];
+            if (m.ok())
+                std::snprintf(buf, sizeof buf, " %c %.2f s", c, m.measures.d5_95);
+            else
+                std::snprintf(buf, sizeof buf, " %c -", c);
+            text += buf;
+        }
+    }
+    LabelDurations.set_caption(text);
 }
 
 void Form4::Form_Unload(int& cancel) {

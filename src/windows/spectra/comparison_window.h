@@ -26,6 +26,8 @@ public:
     forms::Frame& Frame4 = frame("Frame4", "Result");
     forms::TextBox& xzarib = text_box("xzarib", "1.0", &Frame4);
     forms::TextBox& xspeed = text_box("xspeed", "0.01", &Frame4);
+    /// Each record's D5-95, beside the factor, against the code's minimum strong-motion duration.
+    forms::Label& LabelDurations = label("LabelDurations", "", &Frame4);
     forms::Frame& Frame1 = frame("Frame1", "Setting");
     forms::CheckBox& Check1 = check_box("Check1", "Mouse Co.", &Frame1);
     forms::CommandButton& Command3 = button("Command3", "Export");
@@ -63,6 +65,9 @@ public:
     /// The comparison: combination, average, target, the band search and the second run.
     void calculate();
     void picNemodar_MouseMove(double x, double y);
+
+    /// LabelDurations from the records as they stand.
+    void show_durations();
 
 private:
     void draw_curves(bool rescale);

@@ -1,9 +1,11 @@
 // Form4: the scale factor, its rules, the band guard, the read-out, the closing question, the export.
 #include "spectra_fixture.h"
 
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 
+#include "compute/measures/ground_motion_measures.h"
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
@@ -22,6 +24,17 @@ TEST_F(ComparisonTest, OpeningTakesThePeaksAndTheGridEnd) {
     EXPECT_EQ(f.tend.text(), "4");
     EXPECT_FALSE(f.Command3.enabled());  // no export before a calculation
     EXPECT_FALSE(form3().visible());
+}
+
+TEST_F(ComparisonTest, OpeningShowsEachRecordsD5To95BesideTheFactor) {
+    to_comparison();
+    const std::string& shown = form4().LabelDurations.caption();
+    ASSERT_EQ(shown.rfind("D5-95 of record 1: X ", 0), 0u) << shown;
+    const compute::MeasuresOutcome x = compute::ground_motion_measures(state().samples(1, 'X'), state().recordDt(1));
+    ASSERT_TRUE(x.ok());
+    char want[32];
+    std::snprintf(want, sizeof want, "X %.2f s", x.measures.d5_95);
+    EXPECT_NE(shown.find(want), std::string::npos) << shown;
 }
 
 TEST_F(ComparisonTest, TheFactorLiftsTheAverageToTheTargetAndNeverCompounds) {

@@ -1,0 +1,83 @@
+#include "gui/measures/measures_view.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "gui/bind/binder.h"
+#include "gui/bind/picture_view.h"
+#include "gui/platform/view_registry.h"
+#include "gui/views.h"
+#include "windows/measures/measures_window.h"
+
+namespace tv::gui {
+
+namespace {
+
+template <class W>
+W* named(W* w, const char* name) {
+    w->setObjectName(QString::fromLatin1(name));
+    return w;
+}
+
+// Pixels of a size given in twips, at the screen's 96 dots per inch.
+int pixels(double twips) { return static_cast<int>(twips * 96.0 / 1440.0 + 0.5); }
+
+}  // namespace
+
+MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWidget* parent) : QWidget(parent) {
+    setWindowTitle(QStringLiteral("Ground-motion measures"));
+    auto* root = new QHBoxLayout(this);
+
+    auto* left = new QVBoxLayout;
+    auto* table = named(new QTableView, "MeasureTable");
+    table->verticalHeader()->hide();
+    table->setMinimumSize(520, 330);
+    left->addWidget(table);
+
+    auto* panel = named(new QGroupBox, "Processing");
+    auto* form = new QFormLayout(panel);
+    form->addRow(QStringLiteral("Baseline correction:"), named(new QComboBox, "BaselineFit"));
+    form->addRow(QStringLiteral("Polynomial order (0-6):"), named(new QLineEdit, "BaselineOrder"));
+    form->addRow(QStringLiteral("Butterworth filter:"), named(new QComboBox, "FilterKind"));
+    form->addRow(QStringLiteral("Low corner (Hz):"), named(new QLineEdit, "LowCorner"));
+    form->addRow(QStringLiteral("High corner (Hz):"), named(new QLineEdit, "HighCorner"));
+    form->addRow(QStringLiteral("Filter order (1-8):"), named(new QLineEdit, "FilterOrder"));
+    form->addRow(QStringLiteral("Zero pads (s):"), named(new QLineEdit, "Pads"));
+    form->addRow(QString(), named(new QCheckBox, "ZeroPhase"));
+    auto* buttons = new QHBoxLayout;
+    for (const char* b : {"Preview", "Apply", "Undo"}) buttons->addWidget(named(new QPushButton, b));
+    form->addRow(buttons);
+    left->addWidget(panel);
+    auto* message = named(new QLabel, "Message");
+    message->setWordWrap(true);
+    left->addWidget(message);
+    left->addStretch(1);
+    root->addLayout(left);
+
+    auto* charts = new QVBoxLayout;
+    for (const char* name : {"AccelPlot", "VelocityPlot", "DisplacementPlot", "HusidPlot"}) {
+        auto* pv = named(new PictureView, name);
+        pv->setFixedSize(pixels(windows::MeasuresWindow::kPlotWidth), pixels(windows::MeasuresWindow::kPlotHeight));
+        charts->addWidget(pv);
+    }
+    charts->addWidget(new QLabel(QStringLiteral("Red: X, blue: Y, grey: before processing")));
+    charts->addStretch(1);
+    root->addLayout(charts);
+
+    bind::all(*this, model, app);
+}
+
+void register_measures_views(ViewRegistry& registry) {
+    registry.add<windows::MeasuresWindow, MeasuresView>("frmMeasures");
+}
+
+}  // namespace tv::gui

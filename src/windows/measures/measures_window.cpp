@@ -1,0 +1,315 @@
+#include "windows/measures/measures_window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "windows/project/record_input_window.h"
+
+namespace tv::windows {
+
+namespace {
+
+constexpr int kColourX = 0x0000C0;        // dark red
+constexpr int kColourY = 0xC06000;        // blue
+constexpr int kColourOriginal = 0xB0B0B0; // grey, under the processed curves
+constexpr int kAxisColour = 0x000000;
+
+// Margins of a plot, twips: room for the value labels at the left and the time at the bottom.
+constexpr double kLeft = 800, kRight = 150, kTop = 300, kBottom = 350;
+// More samples than this are drawn as one vertical stroke per column, so the peaks stay.
+constexpr std::size_t kMaxColumns = 2000;
+
+std::string number(double v) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.6g", v);
+    return buf;
+}
+
+struct Curve {
+    const std::vector<double>* values;
+    int colour;
+};
+
+void print_at(forms::PictureBox& p, double x, double y, const std::string& s) {
+    p.set_current_x(x);
+    p.set_current_y(y);
+    p.print(s);
+}
+
+// One chart: the curves against time, a frame, the zero line, the value range and time end
+// labelled, the title with its unit above and the time unit below.
+void draw_chart(forms::PictureBox& p, const std::vector<Curve>& curves, double dt, const std::string& title) {
+    p.cls();
+    p.scale_reset();
+    std::size_t n = 0;
+    double lo = 0, hi = 0;
+    for (const Curve& c : curves) {
+        n = std::max(n, c.values->size());
+        for (double v : *c.values) {
+            lo = std::min(lo, v);
+            hi = std::max(hi, v);
+        }
+    }
+    const double w = p.width() - kLeft - kRight, h = p.height() - kTop - kBottom;
+    print_at(p, 60, 30, title);
+    p.line(kLeft, kTop, kLeft + w, kTop, kAxisColour);
+    p.line(kLeft + w, kTop, kLeft + w, kTop + h, kAxisColour);
+    p.line(kLeft + w, kTop + h, kLeft, kTop + h, kAxisColour);
+    p.line(kLeft, kTop + h, kLeft, kTop, kAxisColour);
+    if (n < 2 || hi == lo) {
+        p.refresh();
+        return;
+    }
+    const double t_end = static_cast<double>(n - 1) * dt;
+    auto x_of = [&](double i) { return kLeft + w * i / static_cast<double>(n - 1); };
+    auto y_of = [&](double v) { return kTop + h * (hi - v) / (hi - lo); };
+    p.line(kLeft, y_of(0), kLeft + w, y_of(0), kColourOriginal);
+    const double th = p.text_height();
+    print_at(p, kLeft - p.text_width(number(hi)) - 60, kTop - th / 2, number(hi));
+    print_at(p, kLeft - p.text_width(number(lo)) - 60, kTop + h - th / 2, number(lo));
+    print_at(p, kLeft, kTop + h + 40, "0");
+    const std::string end = number(t_end) + " s";
+    print_at(p, kLeft + w - p.text_width(end), kTop + h + 40, end);
+    print_at(p, kLeft + w / 2 - p.text_width("Time (s)") / 2, kTop + h + 40, "Time (s)");
+    for (const Curve& c : curves) {
+        const std::vector<double>& v = *c.values;
+        if (v.size() < 2) continue;
+        if (v.size() <= kMaxColumns) {
+            for (std::size_t i = 1; i < v.size(); ++i)
+                p.line(x_of(static_cast<double>(i - 1)), y_of(v[i - 1]), x_of(static_cast<double>(i)), y_of(v[i]),
+                       c.colour);
+            continue;
+        }
+        const std::size_t per = (v.size() + kMaxColumns - 1) / kMaxColumns;
+        for (std::size_t start = 0; start < v.size(); start += per) {
+            const std::size_t stop = std::min(v.size(), start + per);
+            const auto [mn, mx] = std::minmax_element(v.begin() + static_cast<long>(start), v.begin() + static_cast<long>(stop));
+            const double x = x_of(static_cast<double>(start));
+            p.line(x, y_of(*mn), x, y_of(*mx), c.colour);
+            if (start > 0) p.line(x_of(static_cast<double>(start - 1)), y_of(v[start - 1]), x, y_of(v[start]), c.colour);
+        }
+    }
+    p.refresh();
+}
+
+struct Row {
+    const char* name;
+    const char* unit;
+    double compute::MotionMeasures::*value;
+};
+
+constexpr std::array<Row, 11> kRows{{
+    {"PGA", "g", &compute::MotionMeasures::pga},
+    {"PGV", "m/s", &compute::MotionMeasures::pgv},
+    {"PGD", "m", &compute::MotionMeasures::pgd},
+    {"Arias intensity", "m/s", &compute::MotionMeasures::arias},
+    {"Significant duration D5-75", "s", &compute::MotionMeasures::d5_75},
+    {"Significant duration D5-95", "s", &compute::MotionMeasures::d5_95},
+    {"Bracketed duration (0.05 g)", "s", &compute::MotionMeasures::bracketed},
+    {"CAV", "g*s", &compute::MotionMeasures::cav},
+    {"Housner spectrum intensity", "m", &compute::MotionMeasures::housner},
+    {"Predominant period Tp", "s", &compute::MotionMeasures::predominant_period},
+    {"Mean period Tm", "s", &compute::MotionMeasures::mean_period},
+}};
+
+// A number typed whole into a box, or false.
+bool number_in(const forms::TextBox& box, double& out) {
+    const std::string& t = box.text();
+    if (t.empty()) return false;
+    char* end = nullptr;
+    out = std::strtod(t.c_str(), &end);
+    return end == t.c_str() + t.size() && std::isfinite(out);
+}
+
+bool whole_in(const forms::TextBox& box, int& out) {
+    double v = 0;
+    if (!number_in(box, v) || v != std::floor(v) || std::fabs(v) > 1000) return false;
+    out = static_cast<int>(v);
+    return true;
+}
+
+}  // namespace
+
+MeasuresWindow::MeasuresWindow(forms::App& app) : Window(app, "frmMeasures", "Ground-motion measures", 11000, 9000) {
+    MeasureTable.set_text(0, 0, "Measure");
+    MeasureTable.set_text(0, 1, "Unit");
+    MeasureTable.set_text(0, 2, "X");
+    MeasureTable.set_text(0, 3, "Y");
+    MeasureTable.set_col_width(0, 2800);
+    for (std::size_t k = 0; k < kRows.size(); ++k) {
+        MeasureTable.set_text(static_cast<int>(k) + 1, 0, kRows[k].name);
+        MeasureTable.set_text(static_cast<int>(k) + 1, 1, kRows[k].unit);
+    }
+    for (const char* s : {"None", "Fitted on the acceleration", "Fitted on the displacement"}) BaselineFit.add_item(s);
+    BaselineFit.set_list_index(0);
+    for (const char* s : {"None", "Low-pass", "High-pass", "Band-pass"}) FilterKind.add_item(s);
+    FilterKind.set_list_index(0);
+    Undo.set_enabled(false);
+    Preview.Click = [this] { Preview_Click(); };
+    Apply.Click = [this] { Apply_Click(); };
+    Undo.Click = [this] { Undo_Click(); };
+}
+
+void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt) {
+    record_ = record;
+    first_ = first;
+    dt_ = dt;
+    applied_ = false;
+    Undo.set_enabled(false);
+    set_caption("Ground-motion measures (" + std::to_string(record) + ")");
+    for (std::size_t c = 0; c < 2; ++c) {
+        Component& k = components_[c];
+        k.original = state().samples(record, c == 0 ? 'X' : 'Y', first, last);
+        k.shown = k.original;
+        k.before = compute::ground_motion_measures(k.original, dt);
+    }
+    Message.set_caption("");
+    display(false);
+}
+
+const compute::MotionMeasures* MeasuresWindow::shown_measures(char component) const {
+    const Component& k = components_[component == 'X' ? 0 : 1];
+    return k.now.ok() ? &k.now.measures : nullptr;
+}
+
+void MeasuresWindow::display(bool against_original) {
+    std::string problems;
+    for (std::size_t c = 0; c < 2; ++c) {
+        Component& k = components_[c];
+        k.now = compute::ground_motion_measures(k.shown, dt_);
+        for (std::size_t r = 0; r < kRows.size(); ++r)
+            MeasureTable.set_text(static_cast<int>(r) + 1, static_cast<int>(c) + 2,
+                                  k.now.ok() ? number(k.now.measures.*kRows[r].value) : "");
+        if (!k.now.ok()) problems += std::string(problems.empty() ? "" : "; ") + (c == 0 ? "X: " : "Y: ") + k.now.error;
+    }
+    if (!problems.empty()) Message.set_caption(problems);
+
+    static const std::vector<double> none;
+    auto history = [](const compute::MeasuresOutcome& m, const std::vector<double> compute::MotionMeasures::*h)
+        -> const std::vector<double>* { return m.ok() ? &(m.measures.*h) : &none; };
+    struct Panel {
+        forms::PictureBox* picture;
+        const char* title;
+        const std::vector<double> compute::MotionMeasures::*history;  // null: the acceleration
+    };
+    const std::array<Panel, 4> charts{{{&AccelPlot, "Acceleration (g)", nullptr},
+                                       {&VelocityPlot, "Velocity (m/s)", &compute::MotionMeasures::velocity},
+                                       {&DisplacementPlot, "Displacement (m)", &compute::MotionMeasures::displacement},
+                                       {&HusidPlot, "Husid plot: Arias intensity / total (-)", &compute::MotionMeasures::husid}}};
+    for (const Panel& ch : charts) {
+        std::vector<Curve> curves;
+        if (against_original)
+            for (const Component& k : components_)
+                curves.push_back({ch.history ? history(k.before, ch.history) : &k.original, kColourOriginal});
+        for (std::size_t c = 0; c < 2; ++c) {
+            const Component& k = components_[c];
+            curves.push_back({ch.history ? history(k.now, ch.history) : &k.shown, c == 0 ? kColourX : kColourY});
+        }
+        draw_chart(*ch.picture, curves, dt_, ch.title);
+    }
+}
+
+bool MeasuresWindow::read_options(compute::ProcessingOptions& o) {
+    auto refuse = [this](const std::string& why) {
+        Message.set_caption(why);
+        return false;
+    };
+    const int fit = BaselineFit.list_index();
+    o.baseline = fit == 1 ? compute::BaselineFit::acceleration
+                 : fit == 2 ? compute::BaselineFit::displacement
+                            : compute::BaselineFit::none;
+    if (o.baseline != compute::BaselineFit::none && !whole_in(BaselineOrder, o.baseline_order))
+        return refuse("Baseline order: type a whole number from 0 to 6");
+    const int kind = FilterKind.list_index();
+    o.filter = kind == 1   ? compute::FilterKind::low_pass
+               : kind == 2 ? compute::FilterKind::high_pass
+               : kind == 3 ? compute::FilterKind::band_pass
+                           : compute::FilterKind::none;
+    if (o.filter == compute::FilterKind::none) return true;
+    if (o.filter != compute::FilterKind::low_pass && !number_in(LowCorner, o.low_corner))
+        return refuse("Low corner: type a frequency in Hz");
+    if (o.filter != compute::FilterKind::high_pass && !number_in(HighCorner, o.high_corner))
+        return refuse("High corner: type a frequency in Hz");
+    if (!whole_in(FilterOrder, o.filter_order)) return refuse("Filter order: type a whole number from 1 to 8");
+    if (!number_in(Pads, o.pad_seconds)) return refuse("Pads: type a number of seconds");
+    o.zero_phase = ZeroPhase.checked();
+    return true;
+}
+
+bool MeasuresWindow::process(std::array<std::vector<double>, 2>& out, compute::ProcessingOptions& options) {
+    if (!read_options(options)) return false;
+    if (!options.active()) {
+        Message.set_caption("Processing is off: choose a baseline correction or a filter");
+        return false;
+    }
+    for (std::size_t c = 0; c < 2; ++c) {
+        compute::ProcessingOutcome p = compute::process_record(components_[c].original, dt_, options);
+        if (!p.ok()) {
+            Message.set_caption(std::string(c == 0 ? "X: " : "Y: ") + p.error);
+            return false;
+        }
+        out[c] = std::move(p.samples);
+    }
+    return true;
+}
+
+void MeasuresWindow::Preview_Click() {
+    std::array<std::vector<double>, 2> processed;
+    compute::ProcessingOptions options;
+    if (!process(processed, options)) return;
+    for (std::size_t c = 0; c < 2; ++c) components_[c].shown = std::move(processed[c]);
+    Message.set_caption("Preview (not applied): " + compute::processing_summary(options));
+    display(true);
+}
+
+void MeasuresWindow::Apply_Click() {
+    std::array<std::vector<double>, 2> processed;
+    compute::ProcessingOptions options;
+    if (!process(processed, options)) return;
+    write_to_project(processed);
+    for (std::size_t c = 0; c < 2; ++c) components_[c].shown = std::move(processed[c]);
+    applied_ = true;
+    Undo.set_enabled(true);
+    const std::string summary = compute::processing_summary(options);
+    set_record_caption(summary);
+    Message.set_caption("Applied: " + summary);
+    display(true);
+}
+
+void MeasuresWindow::Undo_Click() {
+    if (!applied_) return;
+    write_to_project({components_[0].original, components_[1].original});
+    for (Component& k : components_) k.shown = k.original;
+    applied_ = false;
+    Undo.set_enabled(false);
+    set_record_caption("");
+    Message.set_caption("Processing undone: the record is as it was read");
+    display(false);
+}
+
+void MeasuresWindow::write_to_project(const std::array<std::vector<double>, 2>& samples) {
+    ProjectState& s = state();
+    for (std::size_t c = 0; c < 2; ++c) {
+        const char letter = c == 0 ? 'X' : 'Y';
+        text::DoubleArray& a = s.accel(record_, letter);
+        text::DoubleArray& b = s.baseAccel(record_, letter);
+        // The samples came from these lines, so they fit the arrays.
+        for (std::size_t i = 0; i < samples[c].size(); ++i) {
+            const long line = std::max<long>(first_, 0) + static_cast<long>(i);
+            a(line) = samples[c][i];
+            b(line) = samples[c][i];
+        }
+    }
+}
+
+void MeasuresWindow::set_record_caption(const std::string& note) {
+    state().recordProcessing(record_) = note;
+    if (Form1* f1 = program().if_loaded<Form1>()) {
+        f1->set_caption_for_record();
+        f1->plot_selected();
+    }
+}
+
+}  // namespace tv::windows

@@ -1,0 +1,75 @@
+#pragma once
+// The measures window: intensity and duration measures of the record in work, both components,
+// with its acceleration, velocity, displacement and Husid charts, and the processing panel that
+// previews a baseline correction and a filter against the original, applies them to the
+// project's record and undoes them.
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "compute/measures/ground_motion_measures.h"
+#include "compute/measures/record_processing.h"
+#include "windows/program.h"
+
+namespace tv::windows {
+
+class MeasuresWindow : public Window {
+public:
+    explicit MeasuresWindow(forms::App& app);
+
+    forms::Label& Message = label("Message", "");
+    forms::Grid& MeasureTable = grid("MeasureTable", 12, 4);
+    forms::PictureBox& AccelPlot = picture("AccelPlot", kPlotWidth, kPlotHeight);
+    forms::PictureBox& VelocityPlot = picture("VelocityPlot", kPlotWidth, kPlotHeight);
+    forms::PictureBox& DisplacementPlot = picture("DisplacementPlot", kPlotWidth, kPlotHeight);
+    forms::PictureBox& HusidPlot = picture("HusidPlot", kPlotWidth, kPlotHeight);
+
+    forms::Frame& Processing = frame("Processing", "Processing");
+    forms::ComboBox& BaselineFit = combo("BaselineFit", &Processing);
+    forms::TextBox& BaselineOrder = text_box("BaselineOrder", "2", &Processing);
+    forms::ComboBox& FilterKind = combo("FilterKind", &Processing);
+    forms::TextBox& LowCorner = text_box("LowCorner", "0.1", &Processing);
+    forms::TextBox& HighCorner = text_box("HighCorner", "25", &Processing);
+    forms::TextBox& FilterOrder = text_box("FilterOrder", "4", &Processing);
+    forms::TextBox& Pads = text_box("Pads", "0", &Processing);
+    forms::CheckBox& ZeroPhase = check_box("ZeroPhase", "Zero-phase", &Processing);
+    forms::CommandButton& Preview = button("Preview", "Preview", &Processing);
+    forms::CommandButton& Apply = button("Apply", "Apply", &Processing);
+    forms::CommandButton& Undo = button("Undo", "Undo", &Processing);
+
+    static constexpr double kPlotWidth = 6000;
+    static constexpr double kPlotHeight = 2200;
+
+    /// Takes the record in work: record r of the project, its lines first..last, step dt (s).
+    void open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt);
+
+    /// Measures of what the window shows now, component 'X' or 'Y'; null when they failed.
+    const compute::MotionMeasures* shown_measures(char component) const;
+
+    void Preview_Click();
+    void Apply_Click();
+    void Undo_Click();
+
+private:
+    struct Component {
+        std::vector<double> original;   // as the project held it when the window opened
+        std::vector<double> shown;      // original or processed
+        compute::MeasuresOutcome before, now;
+    };
+
+    /// The options of the panel, or a message naming the box that is wrong.
+    bool read_options(compute::ProcessingOptions& options);
+    /// Both components processed into `out`; false (and the message shown) on failure.
+    bool process(std::array<std::vector<double>, 2>& out, compute::ProcessingOptions& options);
+    void display(bool against_original);
+    void write_to_project(const std::array<std::vector<double>, 2>& samples);
+    void set_record_caption(const std::string& note);
+
+    std::int32_t record_ = 0, first_ = 0;
+    double dt_ = 0;
+    std::array<Component, 2> components_;
+    bool applied_ = false;
+};
+
+}  // namespace tv::windows

@@ -1,0 +1,175 @@
+// The measures window opened from the record window: it shows what the measures give for the
+// record in work, previews and applies processing to the project's record, and undoes it.
+#include <cmath>
+#include <cstdio>
+#include <sstream>
+
+#include "compute/measures/ground_motion_measures.h"
+#include "compute/measures/record_processing.h"
+#include "project_fixture.h"
+#include "windows/measures/measures_window.h"
+
+namespace tv::test {
+namespace {
+
+bool drew_text(const forms::PictureBox& p, const std::string& text) {
+    for (const forms::DrawOp& op : p.ops())
+        if (op.kind == forms::DrawOp::Kind::Text && op.text == text) return true;
+    return false;
+}
+
+std::string shown(double v) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.6g", v);
+    return buf;
+}
+
+class MeasuresWindowTest : public ProjectTest {
+protected:
+    // A 2 s record at 0.01 s: a decaying 2 Hz wave in X, a 5 Hz one in Y.
+    void open_record() {
+        std::ostringstream x, y;
+        x << "head\n";
+        y << "head\n";
+        for (int i = 0; i < 200; ++i) {
+            const double t = i * 0.01;
+            x << 0.3 * std::exp(-t) * std::sin(2 * 3.14159265358979 * 2 * t) << '\n';
+            y << 0.2 * std::sin(2 * 3.14159265358979 * 5 * t) << '\n';
+        }
+        platform.input_answers = {"1", "2"};
+        ProjectTest::open_record(write("x.txt", x.str()), write("y.txt", y.str()));
+        program.run([&] { form1().xstep.set_text("0.01"); });
+    }
+    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
+    windows::MeasuresWindow& open_measures() {
+        press(form1().Command2);
+        press(form1().cmdMeasures);
+        return program.form<windows::MeasuresWindow>();
+    }
+    std::vector<double> samples(char c) { return state().samples(1, c, form1().firstLine, form1().lastLine); }
+    void choose_band_pass(windows::MeasuresWindow& m, const std::string& high = "20") {
+        program.run([&] {
+            m.FilterKind.set_list_index(3);
+            m.LowCorner.set_text("0.5");
+            m.HighCorner.set_text(high);
+            m.BaselineFit.set_list_index(1);
+            m.BaselineOrder.set_text("1");
+        });
+    }
+    compute::ProcessingOptions band_pass() const {
+        compute::ProcessingOptions o;
+        o.filter = compute::FilterKind::band_pass;
+        o.low_corner = 0.5;
+        o.high_corner = 20;
+        o.baseline = compute::BaselineFit::acceleration;
+        o.baseline_order = 1;
+        return o;
+    }
+};
+
+TEST_F(MeasuresWindowTest, ShowsTheMeasuresOfBothComponentsWithUnitsAndCharts) {
+    open_record();
+    windows::MeasuresWindow& m = open_measures();
+    ASSERT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(m.visible());
+    for (char c : {'X', 'Y'}) {
+        const compute::MeasuresOutcome want = compute::ground_motion_measures(samples(c), 0.01);
+        ASSERT_TRUE(want.ok());
+        const int col = c == 'X' ? 2 : 3;
+        EXPECT_EQ(m.MeasureTable.text(1, col), shown(want.measures.pga));
+        EXPECT_EQ(m.MeasureTable.text(4, col), shown(want.measures.arias));
+        EXPECT_EQ(m.MeasureTable.text(6, col), shown(want.measures.d5_95));
+        EXPECT_EQ(m.MeasureTable.text(11, col), shown(want.measures.mean_period));
+    }
+    EXPECT_EQ(m.MeasureTable.text(1, 1), "g");
+    EXPECT_EQ(m.MeasureTable.text(8, 1), "g*s");
+    EXPECT_EQ(samples('X').size(), 200u);
+    EXPECT_TRUE(drew_text(m.AccelPlot, "Acceleration (g)"));
+    EXPECT_TRUE(drew_text(m.VelocityPlot, "Velocity (m/s)"));
+    EXPECT_TRUE(drew_text(m.DisplacementPlot, "Displacement (m)"));
+    EXPECT_TRUE(drew_text(m.HusidPlot, "Time (s)"));
+    EXPECT_EQ(m.Message.caption(), "");
+}
+
+TEST_F(MeasuresWindowTest, AComponentOfZerosIsNamedAndTheOtherStillShown) {
+    open_record();
+    press(form1().Command2);
+    for (long i = 0; i <= state().accelY1.ubound(); ++i) state().accelY1(i) = 0;
+    press(form1().cmdMeasures);
+    windows::MeasuresWindow& m = program.form<windows::MeasuresWindow>();
+    ASSERT_TRUE(platform.runtime_errors.empty());
+    EXPECT_EQ(m.Message.caption(), std::string("Y: ") + compute::kRecordOfZeros);
+    EXPECT_NE(m.MeasureTable.text(1, 2), "");
+    EXPECT_EQ(m.MeasureTable.text(1, 3), "");
+}
+
+TEST_F(MeasuresWindowTest, ARecordOfOneSampleGivesAMessage) {
+    platform.input_answers = {"1", "2"};
+    ProjectTest::open_record(write("x.txt", "head\n0.1\n"), write("y.txt", "head\n0.2\n"));
+    windows::MeasuresWindow& m = open_measures();
+    ASSERT_TRUE(platform.runtime_errors.empty());
+    EXPECT_NE(m.Message.caption().find("X: "), std::string::npos);
+    EXPECT_EQ(m.MeasureTable.text(1, 2), "");
+}
+
+TEST_F(MeasuresWindowTest, BeforeTheDiagramIsShownTheWindowStaysShut) {
+    open_record();
+    press(form1().cmdMeasures);
+    EXPECT_FALSE(program.is_loaded<windows::MeasuresWindow>());
+    EXPECT_EQ(platform.message_texts().back(), "Show the diagram of the record first");
+}
+
+TEST_F(MeasuresWindowTest, PreviewShowsTheProcessedRecordAndLeavesTheProjectAlone) {
+    open_record();
+    windows::MeasuresWindow& m = open_measures();
+    const std::vector<double> before = samples('X');
+    choose_band_pass(m);
+    press(m.Preview);
+    const compute::ProcessingOutcome p = compute::process_record(before, 0.01, band_pass());
+    ASSERT_TRUE(p.ok());
+    EXPECT_EQ(m.shown_measures('X')->pga, compute::ground_motion_measures(p.samples, 0.01).measures.pga);
+    EXPECT_EQ(samples('X'), before);
+    EXPECT_EQ(m.Message.caption(), "Preview (not applied): " + compute::processing_summary(band_pass()));
+    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
+}
+
+TEST_F(MeasuresWindowTest, ApplyReplacesTheRecordAndUndoRestoresIt) {
+    open_record();
+    windows::MeasuresWindow& m = open_measures();
+    const std::vector<double> before = samples('Y');
+    choose_band_pass(m);
+    EXPECT_FALSE(m.Undo.enabled());
+    press(m.Apply);
+    EXPECT_EQ(samples('Y'), compute::process_record(before, 0.01, band_pass()).samples);
+    EXPECT_EQ(state().baseAccelY1(2), samples('Y')[0]);
+    const std::string summary = compute::processing_summary(band_pass());
+    EXPECT_EQ(form1().caption(), "Input file parameters (1) - processed: " + summary);
+    press(m.Undo);
+    EXPECT_EQ(samples('Y'), before);
+    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
+
+    // Show Diagram reads the tables again: the processing goes, and so does the window.
+    press(m.Apply);
+    press(form1().Command2);
+    EXPECT_EQ(samples('Y'), before);
+    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
+    EXPECT_FALSE(program.is_loaded<windows::MeasuresWindow>());
+}
+
+TEST_F(MeasuresWindowTest, BadProcessingIsRefusedWithoutTouchingTheRecord) {
+    open_record();
+    windows::MeasuresWindow& m = open_measures();
+    const std::vector<double> before = samples('X');
+    choose_band_pass(m, "80");  // above the Nyquist frequency of 50 Hz
+    press(m.Apply);
+    EXPECT_EQ(m.Message.caption().rfind("X: ", 0), 0u);
+    program.run([&] { m.FilterOrder.set_text("four"); });
+    press(m.Preview);
+    EXPECT_EQ(m.Message.caption(), "Filter order: type a whole number from 1 to 8");
+    EXPECT_EQ(samples('X'), before);
+    EXPECT_FALSE(m.Undo.enabled());
+    ASSERT_TRUE(platform.runtime_errors.empty());
+}
+
+}  // namespace
+}  // namespace tv::test
