@@ -11,6 +11,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
+#include "windows/coefficient/nsp_window.h"
 #include "windows/coefficient/target_displacement_window.h"
 #include "windows/printing/page_composer.h"
 #include "windows/printing/printing.h"
@@ -67,6 +68,7 @@ Form6::Form6(forms::App& app) : Window(app, "Form6", "Calculate T-Effective", 15
     txtTI.Change = [this] { txtTI_Change(); };
     Command5.Click = [this] { Command5_Click(); };
     Command8.Click = [this] { Command8_Click(); };
+    cmdNsp.Click = [this] { cmdNsp_Click(); };
     Text6.Change = [this] { Text6_Change(); };
     Text11.Change = [this] { Text11_Change(); };
     Command6.Click = [this] { Command6_Click(); };
@@ -84,6 +86,7 @@ void Form6::Form_Load() {
     Fg.set_col_width(0, 500);
     Fg.set_col_width(1, 1000);
     Check1.set_enabled(false);
+    cmdNsp.set_enabled(false);
 }
 
 void Form6::Form_Activate() { fill_printer_list(xprinter, platform()); }
@@ -150,6 +153,7 @@ bool Form6::fill_from(const compute::PushoverTable& table) {
 
 void Form6::reader_close() {
     Fg.set_redraw(true);
+    cmdNsp.set_enabled(true);
     platform().do_events();
     DrawPushoverDiagram();
     select_row(Fg.rows() - 1);
@@ -447,6 +451,13 @@ void Form6::Command4_Click() {
 }
 
 // --- Hand-over, R factor, printing -----------------------------------------------------------
+
+void Form6::cmdNsp_Click() {
+    NspWindow& f = program().form<NspWindow>();
+    f.take_from_windows();
+    f.calculate();
+    f.show();
+}
 
 void Form6::Command5_Click() {
     Form8& f = program().form<Form8>();
