@@ -62,6 +62,18 @@ bool clip(double& x1, double& y1, double& x2, double& y2, double w, double h) {
     return true;
 }
 
+// The legend's short names; the table's headings give the full titles.
+std::string legend_name(nsp::Method m) {
+    switch (m) {
+        case nsp::Method::WindowCoefficient: return "Coefficient method";
+        case nsp::Method::Asce41: return "ASCE 41-17";
+        case nsp::Method::Atc40: return "ATC-40";
+        case nsp::Method::Fema440: return "FEMA 440";
+        case nsp::Method::Ec8N2: return "EC8 N2";
+    }
+    return {};
+}
+
 bool finite(const nsp::AdrsPoint& p) { return std::isfinite(p.Sd) && std::isfinite(p.Sa); }
 
 }  // namespace
@@ -155,7 +167,7 @@ void NspWindow::fill_table() {
         const nsp::MethodColumn& m = columns[c];
         const int col = static_cast<int>(c) + 1;
         grdMethods.set_text(0, col, m.title);
-        grdMethods.set_col_width(col, 2400);
+        grdMethods.set_col_width(col, 3200);
         for (const nsp::NamedValue& v : m.values) {
             const int row = row_of[with_unit(v.name, v.unit)];
             grdMethods.set_text(row, col, six_digits(v.value));
@@ -278,11 +290,11 @@ void NspWindow::draw_diagram() {
         y += th + 60;
     };
     entry("Capacity", 0, 2);
-    for (const nsp::MethodColumn& m : comparison.columns) entry(m.title, colour(m.method), 1);
+    for (const nsp::MethodColumn& m : comparison.columns) entry(legend_name(m.method), colour(m.method), 1);
     y += 60;
     p.set_current_x(lx);
     p.set_current_y(y);
-    p.print("dots: performance points");
+    p.print("Dots: performance points");
     p.refresh();
 }
 
