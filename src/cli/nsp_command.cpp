@@ -1,7 +1,6 @@
 // tremorvault-cli nsp: the nonlinear static procedures side by side on the curve of the
 // coefficient road (Form6, and Form8 when a weight is given) and one demand spectrum.
 #include <cmath>
-#include <cstdio>
 #include <memory>
 #include <ostream>
 
@@ -49,11 +48,7 @@ std::string nsp_usage() {
            "  --iterations          print each method's iterations\n";
 }
 
-std::string num(double v) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.6g", v);
-    return buf;
-}
+using nsp::six_digits;
 
 // A typed number of this command's own options; nothing when it is not one.
 std::optional<double> number(const std::string& text) {
@@ -91,7 +86,7 @@ nsp::Demand file_demand(const std::string& path) {
 void print_column(Session& s, const nsp::MethodColumn& m, bool iterations) {
     s.print("method", m.title);
     for (const nsp::NamedValue& v : m.values)
-        s.print("  " + v.name, num(v.value) + (v.unit.empty() ? "" : " " + v.unit) + "  (" + v.clause + ")");
+        s.print("  " + v.name, six_digits(v.value) + (v.unit.empty() ? "" : " " + v.unit) + "  (" + v.clause + ")");
     for (const std::string& n : m.notes) s.print("  note", n);
     if (iterations && !m.iterations.rows.empty()) {
         std::string head;
@@ -99,12 +94,12 @@ void print_column(Session& s, const nsp::MethodColumn& m, bool iterations) {
         s.print("  iterations", head);
         for (std::size_t i = 0; i < m.iterations.rows.size(); ++i) {
             std::string row;
-            for (double v : m.iterations.rows[i]) row += (row.empty() ? "" : " | ") + num(v);
+            for (double v : m.iterations.rows[i]) row += (row.empty() ? "" : " | ") + six_digits(v);
             s.print("  " + std::to_string(i + 1), row);
         }
     }
     if (m.target)
-        s.print("  target displacement", num(*m.target) + " " + m.target_unit);
+        s.print("  target displacement", six_digits(*m.target) + " " + m.target_unit);
     else
         s.print("  no result", m.no_result);
 }
@@ -223,7 +218,7 @@ int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         for (const nsp::MethodColumn& m : result.columns) print_column(s, m, o.has("iterations"));
         s.print("targets", "");
         for (const nsp::MethodColumn& m : result.columns)
-            s.print("  " + m.title, m.target ? num(*m.target) + " " + m.target_unit : "none");
+            s.print("  " + m.title, m.target ? six_digits(*m.target) + " " + m.target_unit : "none");
     } catch (const Exit& e) {
         return e.status;
     }

@@ -39,6 +39,8 @@ void Grid::set_rows(int n) {
         for (auto it = selected_.lower_bound(n); it != selected_.end();) it = selected_.erase(it);
         for (auto it = back_color_.begin(); it != back_color_.end();)
             it = it->first.first >= n ? back_color_.erase(it) : std::next(it);
+        for (auto it = tool_tip_.begin(); it != tool_tip_.end();)
+            it = it->first.first >= n ? tool_tip_.erase(it) : std::next(it);
     }
     row_hidden_.resize(static_cast<std::size_t>(n), 0);
     rows_ = n;
@@ -73,6 +75,7 @@ void Grid::set_text(int row, int col, std::string text) {
 
 void Grid::clear() {
     for (auto& c : cells_) c.clear();
+    tool_tip_.clear();
     notify_if_redraw();
 }
 
@@ -124,6 +127,17 @@ void Grid::set_cell_back_color(int row, int col, int color) {
     at(row, col);
     back_color_[{row, col}] = color;
     notify_if_redraw();
+}
+
+std::string Grid::cell_tool_tip(int row, int col) const {
+    at(row, col);
+    auto it = tool_tip_.find({row, col});
+    return it == tool_tip_.end() ? std::string() : it->second;
+}
+
+void Grid::set_cell_tool_tip(int row, int col, std::string tip) {
+    at(row, col);
+    tool_tip_[{row, col}] = std::move(tip);
 }
 
 void Grid::set_row(int r) {

@@ -42,6 +42,9 @@ public:
     /// Cell background colour as 0xBBGGRR; -1 is the default.
     int cell_back_color(int row, int col) const;
     void set_cell_back_color(int row, int col, int color);
+    /// The tip a cell shows under the pointer; empty: the cell's text. Cleared with the texts.
+    std::string cell_tool_tip(int row, int col) const;
+    void set_cell_tool_tip(int row, int col, std::string tip);
 
     /// Current row (Row); setting it fires RowColChange when it changes.
     int row() const { return row_; }
@@ -87,6 +90,7 @@ private:
     std::vector<char> row_hidden_;
     std::vector<char> col_hidden_;
     std::map<std::pair<int, int>, int> back_color_;
+    std::map<std::pair<int, int>, std::string> tool_tip_;
     std::set<int> selected_;
     int row_ = 1, col_ = 0;
     bool redraw_ = true;

@@ -37,6 +37,7 @@
 #include "support/fake_platform.h"
 #include "support/files.h"
 #include "windows/coefficient/note_window.h"
+#include "windows/coefficient/nsp_window.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/coefficient/target_displacement_window.h"
 #include "windows/program.h"
@@ -176,6 +177,32 @@ TEST_F(CoefficientViewsTest, TargetDisplacementAfterCalculate) {
     test::settle();
     EXPECT_TRUE(child<QCheckBox>(w, "Check7").isChecked());
     EXPECT_FALSE(child<QCheckBox>(w, "Check9").isChecked());
+}
+
+TEST_F(CoefficientViewsTest, TheMethodsSideBySideOpenFromTheFittedCurve) {
+    fitted_form6();
+    QWidget& v6 = *opened.front();
+    click(v6, "cmdNsp");
+    windows::NspWindow& model = program.form<windows::NspWindow>();
+    EXPECT_TRUE(model.visible());
+    QWidget& w = open<windows::NspWindow>();
+    EXPECT_STREQ(w.metaObject()->className(), "tv::gui::NspView");
+    expect_all_bound(w, model);
+    test::expect_fits_work_area(w);
+    EXPECT_EQ(child<QLineEdit>(w, "txtTe").text().toStdString(), model.txtTe.text());
+    // Form8 is not open: the weight is typed here, and the table fills.
+    type_into(w, "txtW", "10000");
+    click(w, "cmdCalculate");
+    // A value's cell shows its number and, under the pointer, its clause.
+    const QAbstractItemModel& table = *child<QTableView>(w, "grdMethods").model();
+    const forms::Grid& g = model.grdMethods;
+    int row = 1;
+    while (row < g.rows() && g.cell_tool_tip(row, 2).empty()) ++row;
+    ASSERT_LT(row, g.rows());
+    const QModelIndex cell = table.index(row - 1, 2);
+    EXPECT_EQ(table.data(cell).toString().toStdString(), g.text(row, 2));
+    EXPECT_EQ(table.data(cell, Qt::ToolTipRole).toString().toStdString(), g.cell_tool_tip(row, 2));
+    test::save_shot(w, "frmNsp");
 }
 
 TEST_F(CoefficientViewsTest, TheNote) {

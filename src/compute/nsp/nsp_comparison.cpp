@@ -70,6 +70,12 @@ AdrsPoint performance_at(const std::vector<AdrsPoint>& capacity, double roof, do
 
 }  // namespace detail
 
+std::string six_digits(double v) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.6g", v);
+    return buf;
+}
+
 namespace {
 
 using namespace detail;

@@ -132,4 +132,7 @@ struct NspComparison {
 /// throws for bad input.
 NspComparison compare_procedures(const NspInputs& in) noexcept;
 
+/// A value as the comparison's table and the batch command show it: six significant digits.
+std::string six_digits(double v);
+
 }  // namespace tv::compute::nsp

@@ -115,8 +115,11 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
     if (r < 0 || c < 0 || r >= grid_->rows() || c >= grid_->cols()) return {};
     switch (role) {
         case Qt::DisplayRole:
-        case Qt::ToolTipRole:
             return QString::fromStdString(grid_->text(r, c));
+        case Qt::ToolTipRole: {
+            const std::string tip = grid_->cell_tool_tip(r, c);
+            return QString::fromStdString(tip.empty() ? grid_->text(r, c) : tip);
+        }
         case Qt::TextAlignmentRole:
             return static_cast<int>(grid_alignment(grid_->col_alignment(c), looks_numeric(grid_->text(r, c))));
         case Qt::BackgroundRole: {

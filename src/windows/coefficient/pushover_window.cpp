@@ -11,6 +11,7 @@
 #include "text/format.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
+#include "windows/coefficient/nsp_window.h"
 #include "windows/coefficient/target_displacement_window.h"
 #include "windows/files/curve_questions.h"
 #include "windows/printing/page_composer.h"
@@ -68,6 +69,7 @@ Form6::Form6(forms::App& app) : Window(app, "Form6", "Calculate T-Effective", 15
     txtTI.Change = [this] { txtTI_Change(); };
     Command5.Click = [this] { Command5_Click(); };
     Command8.Click = [this] { Command8_Click(); };
+    cmdNsp.Click = [this] { cmdNsp_Click(); };
     Text6.Change = [this] { Text6_Change(); };
     Text11.Change = [this] { Text11_Change(); };
     Command6.Click = [this] { Command6_Click(); };
@@ -88,6 +90,7 @@ void Form6::Form_Load() {
     for (auto system : {compute::UnitSystem::kgf_cm, compute::UnitSystem::kgf_mm, compute::UnitSystem::tonf_m})
         cboUnits.add_item(compute::unit_system_name(system));
     cboUnits.set_list_index(0);
+    cmdNsp.set_enabled(false);
 }
 
 void Form6::Form_Activate() { fill_printer_list(xprinter, platform()); }
@@ -187,6 +190,7 @@ bool Form6::fill_from(const compute::PushoverTable& table) {
 
 void Form6::reader_close() {
     Fg.set_redraw(true);
+    cmdNsp.set_enabled(true);
     platform().do_events();
     DrawPushoverDiagram();
     select_row(Fg.rows() - 1);
@@ -486,6 +490,13 @@ void Form6::Command4_Click() {
 }
 
 // --- Hand-over, R factor, printing -----------------------------------------------------------
+
+void Form6::cmdNsp_Click() {
+    NspWindow& f = program().form<NspWindow>();
+    f.take_from_windows();
+    f.calculate();
+    f.show();
+}
 
 void Form6::Command5_Click() {
     Form8& f = program().form<Form8>();

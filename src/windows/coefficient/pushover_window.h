@@ -98,6 +98,8 @@ public:
     /// The largest displacement of the curve, handed on as the displacement limit.
     forms::TextBox& Text14 = text_box("Text14", "");
     forms::CommandButton& Command5 = button("Command5", "Calculate Target Displacement");
+    /// Opens the procedures side by side; on once a curve is read.
+    forms::CommandButton& cmdNsp = button("cmdNsp", "Target Displacement by Method");
 
     // Response modification factor.
     forms::Label& lblVs = label("lblVs", "Vs :");
@@ -179,6 +181,8 @@ public:
 
     /// Calculate Target Displacement: shows Form8 and copies the results over.
     void Command5_Click();
+    /// Target Displacement by Method: the comparison window, on the inputs as they stand.
+    void cmdNsp_Click();
     /// Calculate R.
     void Command8_Click();
     void Text6_Change();
