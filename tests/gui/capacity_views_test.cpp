@@ -157,6 +157,7 @@ TEST_F(CapacityViewsTest, TheSampleRunsThroughThePages) {
     EXPECT_FALSE(child<QLineEdit>(w, "Re4").text().isEmpty());
     EXPECT_EQ(child<QLabel>(w, "vahed").text(), "mm");
     EXPECT_TRUE(child<QPushButton>(w, "Command3").isEnabled());
+    test::expect_tables_whole(w);
     test::save_shot(w, "Form9_calculated");
 
     click(w, "Command5");
@@ -205,6 +206,7 @@ TEST_F(CapacityViewsTest, TheDiagramOfTheSample) {
     QApplication::sendEvent(&plot, &move);
     test::settle();
     EXPECT_TRUE(child<QLabel>(w, "Label1").text().startsWith("X: ")) << child<QLabel>(w, "Label1").text().toStdString();
+    test::expect_labels_inside_strips(w);
     test::save_shot(w, "Form10");
     // A wider X scale opens the scroll bar.
     child<QSlider>(w, "Slider1").setValue(3);

@@ -91,6 +91,9 @@ TEST_F(GridTableModelTest, AlignmentCodesAndCellColours) {
     // 0xBBGGRR: 0x0000FF is red.
     EXPECT_EQ(m.data(m.index(0, 1), Qt::BackgroundRole).value<QBrush>().color(), QColor(255, 0, 0));
     EXPECT_FALSE(m.data(m.index(0, 0), Qt::BackgroundRole).isValid());
+    // Black would not read on the saturated red: its text is white.
+    EXPECT_EQ(m.data(m.index(0, 1), Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
+    EXPECT_FALSE(m.data(m.index(0, 0), Qt::ForegroundRole).isValid());
     // General alignment: numbers right, words left.
     EXPECT_EQ(grid_alignment(9, true), Qt::AlignRight | Qt::AlignVCenter);
     EXPECT_EQ(grid_alignment(9, false), Qt::AlignLeft | Qt::AlignVCenter);

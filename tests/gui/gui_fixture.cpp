@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPixmap>
 #include <QPlainTextEdit>
@@ -115,6 +116,42 @@ void expect_fits_work_area(const QWidget& view) {
     const QSize least = view.minimumSizeHint();
     EXPECT_TRUE(least.width() <= work_area.width() && least.height() <= work_area.height())
         << view.windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
+}
+
+void expect_labels_inside_strips(const QWidget& view) {
+    int labels = 0;
+    for (const auto* strip : view.findChildren<gui::PictureView*>()) {
+        if (strip->axis_strip() == gui::AxisStrip::None) continue;
+        const QRectF room(QPointF(0, 0), QSizeF(strip->size()));
+        for (const QRectF& box : strip->text_boxes()) {
+            if (!box.intersects(room)) continue;  // a label of a tick out of sight
+            ++labels;
+            EXPECT_TRUE(room.contains(box)) << strip->objectName().toStdString() << ": label at " << box.x() << ", "
+                                            << box.y() << " in " << room.width() << " x " << room.height();
+        }
+    }
+    EXPECT_GT(labels, 0);
+}
+
+void expect_tables_whole(const QWidget& view) {
+    for (const auto* table : view.findChildren<QTableView*>()) {
+        if (table->isHidden() || table->model() == nullptr) continue;
+        const QHeaderView* h = table->horizontalHeader();
+        const QFontMetrics fm = table->fontMetrics();
+        for (int c = 0; c < table->model()->columnCount(); ++c) {
+            if (h->isSectionHidden(c) || h->sectionSize(c) == 0) continue;
+            const std::string where = table->objectName().toStdString() + " column " + std::to_string(c);
+            EXPECT_GE(h->sectionSize(c), h->sectionSizeHint(c)) << where;
+            for (int r = 0; r < table->model()->rowCount(); ++r) {
+                const QString t = table->model()->index(r, c).data().toString();
+                bool number = false;
+                t.trimmed().toDouble(&number);
+                if (!number) continue;
+                EXPECT_GT(h->sectionSize(c), fm.horizontalAdvance(t))
+                    << where << " row " << r << ": " << t.toStdString();
+            }
+        }
+    }
 }
 
 void SingleViewTest::expect_chart_takes_spare_room() {

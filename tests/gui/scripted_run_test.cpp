@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -28,6 +29,7 @@
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
 #include "windows/program.h"
+#include "windows/coefficient/pushover_window.h"
 #include "windows/project/about_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
@@ -113,6 +115,37 @@ TEST_F(ScriptedRun, AFileOfThreeComponentsFillsBothTablesFromOnePick) {
     test::save_shot(*frame, "run_1_three_components");
 }
 
+TEST_F(ScriptedRun, WindowsFitASmallScreenAndTheWindowMenuReachesThem) {
+    frame->resize(1366, 768);
+    test::settle();
+    open_record();
+    choose("PUSHOVER");
+    QMdiArea* area = platform.mdi_area();
+    const QRect room = area->viewport()->rect();
+    for (const forms::Form* f : {static_cast<const forms::Form*>(&program.form<windows::Form1>()),
+                                   static_cast<const forms::Form*>(&program.form<windows::Form6>())}) {
+        QWidget* window = platform.window_of(*f);
+        ASSERT_NE(window, nullptr);
+        EXPECT_TRUE(room.contains(window->geometry())) << window->windowTitle().toStdString();
+    }
+    test::save_shot(*frame, "frame_1366x768");
+
+    auto* menu = frame->findChild<QMenu*>("window_menu");
+    ASSERT_NE(menu, nullptr);
+    emit menu->aboutToShow();
+    QStringList entries;
+    for (QAction* a : menu->actions()) entries << a->text();
+    EXPECT_EQ(entries.filter("Input file parameters").size(), 1) << entries.join(", ").toStdString();
+    // Choosing a window from the menu brings it to the front.
+    QAction* form1 = nullptr;
+    for (QAction* a : menu->actions())
+        if (a->text().contains("Input file parameters")) form1 = a;
+    ASSERT_NE(form1, nullptr);
+    form1->trigger();
+    test::settle();
+    EXPECT_EQ(area->activeSubWindow(), platform.window_of(program.form<windows::Form1>()));
+}
+
 TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     open_record();
     windows::Form1& f1 = program.form<windows::Form1>();
@@ -130,6 +163,8 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     EXPECT_EQ(in_form1<QTableView>("Grid1")->model()->headerData(0, Qt::Vertical).toInt(), 5);
     QWidget* view = platform.view_of(f1);
     test::save_shot(*view, "run_2_diagram_window");
+    test::expect_labels_inside_strips(*view);
+    test::expect_tables_whole(*view);
     test::save_shot(*frame, "run_2_diagram_frame");
 
     // The slider widens the plot; the scroll bar slides it under the viewport.

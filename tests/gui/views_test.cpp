@@ -52,9 +52,10 @@ TEST_F(ViewsTest, MainFrame) {
     ASSERT_NE(main, nullptr);
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
     const QList<QAction*> top = main->menuBar()->actions();
-    ASSERT_EQ(top.size(), 2);
+    ASSERT_EQ(top.size(), 3);
     EXPECT_EQ(top[0]->text(), "Project");
-    EXPECT_EQ(top[1]->text(), "About");
+    EXPECT_EQ(top[1]->text(), "&Window");
+    EXPECT_EQ(top[2]->text(), "About");
     QStringList entries;
     for (QAction* a : top[0]->menu()->actions()) entries << (a->isSeparator() ? QStringLiteral("-") : a->text());
     EXPECT_EQ(entries, QStringList({"Open/Add Record", "-", "Coefficient Method", "-", "Capacity Spec Method", "-",

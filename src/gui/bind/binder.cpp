@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
+#include <QStyle>
 #include <QTableView>
 #include <QTimer>
 #include <QWidget>
@@ -43,6 +44,7 @@ struct Binder::Binding {
     GridTableModel* table = nullptr;
     bool dirty = false;
     bool widths_due = true;
+    std::vector<int> least_widths;  // the narrowest each column may be for its texts, as last seen
     std::set<int> shown_selection;
     int shown_row = -1, shown_col = -1;
     // Lines and shapes: the picture they stand on.
@@ -499,13 +501,28 @@ void Binder::flush_grid(Binding& b) {
     auto* tv = qobject_cast<QTableView*>(b.widget());
     if (tv == nullptr || b.table == nullptr) return;
     b.table->sync();
+    QHeaderView* h = tv->horizontalHeader();
+    const bool widths_due = b.widths_due;
     if (b.widths_due) {
         b.widths_due = false;
-        QHeaderView* h = tv->horizontalHeader();
+        b.least_widths.clear();
         for (int tc = 0; tc < b.table->columnCount(); ++tc) {
             const int w = grid.col_width(b.table->grid_col(tc));
             if (w >= 0) h->resizeSection(tc, twips_to_px(w, tv));
         }
+    }
+    // A column is at least as wide as its heading and its widest cell, so that no text is cut;
+    // it widens again only when its texts grow, and the user may still resize it.
+    b.least_widths.resize(static_cast<std::size_t>(b.table->columnCount()), 0);
+    const int cell_margin = 2 * (tv->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, tv) + 1) + 2;
+    for (int tc = 0; tc < b.table->columnCount(); ++tc) {
+        // A column of no width is one the window keeps out of sight.
+        if (grid.col_width(b.table->grid_col(tc)) == 0) continue;
+        const int least = std::max(h->sectionSizeHint(tc), b.table->widest_text(tc, tv->fontMetrics()) + cell_margin);
+        int& known = b.least_widths[static_cast<std::size_t>(tc)];
+        if (least <= known && !widths_due) continue;
+        known = least;
+        if (h->sectionSize(tc) < least) h->resizeSection(tc, least);
     }
     if (grid.selected_rows() != b.shown_selection) {
         QItemSelection sel;

@@ -2,6 +2,8 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QFontMetrics>
+#include <algorithm>
 #include <cctype>
 
 #include "forms/grid.h"
@@ -22,6 +24,16 @@ Qt::Alignment grid_alignment(int code, bool number) {
 }
 
 namespace {
+
+// A number and nothing else: digits, a sign, a point, an exponent, blanks.
+bool is_number(const std::string& s) {
+    bool digit = false;
+    for (char ch : s) {
+        if (std::isdigit(static_cast<unsigned char>(ch))) digit = true;
+        else if (ch != '-' && ch != '+' && ch != '.' && ch != 'E' && ch != 'e' && ch != ' ') return false;
+    }
+    return digit;
+}
 
 bool looks_numeric(const std::string& s) {
     std::size_t i = 0;
@@ -127,6 +139,14 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
             if (colour < 0) return {};
             return QBrush(old_colour(colour));
         }
+        case Qt::ForegroundRole: {
+            // Black on a saturated blue or red cannot be read: such cells take white text.
+            const int colour = grid_->cell_back_color(r, c);
+            if (colour < 0) return {};
+            const QColor back = old_colour(colour);
+            if (0.299 * back.redF() + 0.587 * back.greenF() + 0.114 * back.blueF() >= 0.5) return {};
+            return QBrush(Qt::white);
+        }
         default:
             return {};
     }
@@ -147,7 +167,33 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
         if (header_rows_ == 0 || grid_->rows() == 0) return c;
         return QString::fromStdString(grid_->text(0, c));
     }
+    if (role == Qt::ToolTipRole) {
+        if (header_rows_ == 0 || grid_->rows() == 0) return {};
+        const QString heading = QString::fromStdString(grid_->text(0, c));
+        const QString tip = heading_tips_ ? heading_tips_(heading) : QString();
+        return tip.isEmpty() ? heading : tip;
+    }
     return {};
+}
+
+int GridTableModel::widest_text(int table_col, const QFontMetrics& cells) const {
+    const int c = grid_col(table_col);
+    if (grid_ == nullptr || c < 0 || c >= grid_->cols()) return 0;
+    // Only numbers count: a cut number is misread, while a line of words (a record file's
+    // heading) may run on under its neighbour as it always did, whole in its tooltip. The
+    // longest numbers are the widest near enough (digits share one width): only those within
+    // two characters of the longest are measured.
+    std::size_t longest = 0;
+    for (int r : rows_)
+        if (r < grid_->rows() && is_number(grid_->text(r, c))) longest = std::max(longest, grid_->text(r, c).size());
+    int widest = 0;
+    for (int r : rows_) {
+        if (r >= grid_->rows()) continue;
+        const std::string& t = grid_->text(r, c);
+        if (t.size() + 2 >= longest && is_number(t))
+            widest = std::max(widest, cells.horizontalAdvance(QString::fromStdString(t)));
+    }
+    return widest;
 }
 
 Qt::ItemFlags GridTableModel::flags(const QModelIndex& index) const {

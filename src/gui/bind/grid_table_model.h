@@ -3,8 +3,12 @@
 // are left out. The structure the view sees changes only in sync(), inside a model reset, so
 // that the grid may change many times between two looks of the view.
 #include <QAbstractTableModel>
+#include <QString>
 #include <cstdint>
+#include <functional>
 #include <vector>
+
+class QFontMetrics;
 
 namespace tv::forms {
 class Grid;
@@ -32,6 +36,12 @@ public:
     /// The first grid row that holds data (1 when row 0 is the header).
     int first_data_row() const { return header_rows_; }
 
+    /// Width in pixels of the widest number in a table column, headings and words left out.
+    int widest_text(int table_col, const QFontMetrics& cells) const;
+    /// Headings' tooltips, for what a heading has no room for (its unit): the text for a
+    /// heading, or empty for the heading's own text.
+    void set_heading_tips(std::function<QString(const QString& heading)> tips) { heading_tips_ = std::move(tips); }
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -50,6 +60,7 @@ private:
     std::vector<int> cols_;      // grid columns shown
     std::vector<int> row_at_;    // grid row -> table row or -1
     std::vector<int> col_at_;
+    std::function<QString(const QString&)> heading_tips_;
 };
 
 /// Qt alignment of the old alignment codes (0..8 by column of three, 9 general).

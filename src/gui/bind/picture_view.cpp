@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "forms/controls.h"
 #include "forms/picture_box.h"
@@ -99,15 +100,123 @@ void draw_line(LineBatch& batch, const QRectF& area, QColor colour, double width
     if (auto c = clip(l, area)) batch.add({colour, width, !axis}, *c);
 }
 
+bool light(const QColor& c) { return 0.299 * c.redF() + 0.587 * c.greenF() + 0.114 * c.blueF() > 0.5; }
+
+// A picture's corner in twips from the outermost picture it stands in.
+QPointF origin_of(const forms::PictureBox& pic) {
+    QPointF at(0, 0);
+    for (const forms::Control* c = &pic; c != nullptr; c = c->container()) {
+        const auto* p = dynamic_cast<const forms::PictureBox*>(c);
+        if (p == nullptr) break;
+        at += QPointF(p->left(), p->top());
+    }
+    return at;
+}
+
+bool is_tick(const forms::DrawOp& op, AxisStrip strip) {
+    return op.kind == forms::DrawOp::Kind::Line && (strip == AxisStrip::Below ? op.x1 == op.x2 : op.y1 == op.y2);
+}
+
+void paint_grid(QPainter& p, const forms::PictureBox& plot, const PaintScale& scale, const QRectF& area) {
+    const double s = scale.per_twip;
+    LineBatch batch(p);
+    for (const QLineF& l : plot_grid_lines(plot, scale.grid))
+        draw_line(batch, area, QColor(0xDD, 0xE1, 0xE6), scale.pen, QLineF(l.p1() * s, l.p2() * s));
+}
+
+// A strip label's place: centred on its tick (the nearer of the lines drawn just before and
+// just after it), beside it on a left strip, and whole inside the strip.
+QPointF strip_label_at(const forms::PictureBox& pic, std::size_t i, QPointF at, QSizeF box, const PaintScale& scale) {
+    const double s = scale.per_twip;
+    const auto& ops = pic.ops();
+    const bool below = scale.strip == AxisStrip::Below;
+    const QPointF centre = at + QPointF(box.width() / 2, box.height() / 2);
+    const forms::DrawOp* tick = nullptr;
+    double nearest = 0;
+    for (std::size_t j : {i - 1, i + 1}) {
+        if (j >= ops.size() || !is_tick(ops[j], scale.strip)) continue;
+        const double d = below ? std::fabs(ops[j].x1 * s - centre.x()) : std::fabs(ops[j].y1 * s - centre.y());
+        if (tick == nullptr || d < nearest) {
+            tick = &ops[j];
+            nearest = d;
+        }
+    }
+    const double w = pic.width() * s, h = pic.height() * s;
+    // A label of a tick out of sight (the plot runs on past the strip) stays wholly out of sight;
+    // a tick within half its label of the edge keeps its label, pushed inside.
+    if (tick != nullptr) {
+        const double t = (below ? tick->x1 : tick->y1) * s, end = below ? w : h;
+        const double size = below ? box.width() : box.height();
+        if (t < -size / 2 || t > end + size / 2) {
+            const double beyond = t < 0 ? std::min(t, 0.0) - size : std::max(t, end);
+            return below ? QPointF(beyond, at.y()) : QPointF(at.x(), beyond);
+        }
+    }
+    if (tick == nullptr && !QRectF(at, box).intersects(QRectF(0, 0, w, h))) return at;
+    if (tick != nullptr) {
+        if (below) {
+            at.setX(tick->x1 * s - box.width() / 2);
+        } else {
+            at.setY(tick->y1 * s - box.height() / 2);
+            at.setX(std::min(tick->x1, tick->x2) * s - box.width() - 3 * scale.pen);
+        }
+    }
+    at.setX(std::clamp(at.x(), 0.0, std::max(0.0, w - box.width())));
+    at.setY(std::clamp(at.y(), 0.0, std::max(0.0, h - box.height())));
+    return at;
+}
+
+QRectF text_box(const forms::PictureBox& pic, std::size_t i, const QFontMetricsF& fm, const PaintScale& scale) {
+    const forms::DrawOp& op = pic.ops()[i];
+    const QSizeF extent(fm.horizontalAdvance(QString::fromStdString(op.text)), fm.height());
+    QPointF at(op.x1 * scale.per_twip, op.y1 * scale.per_twip);
+    if (scale.strip != AxisStrip::None) at = strip_label_at(pic, i, at, extent, scale);
+    return {at, extent};
+}
+
 }  // namespace
+
+QColor readable_on_white(const QColor& colour) {
+    if (!light(colour)) return colour;
+    // Down to the lightness of a mid green, hue kept.
+    QColor c = colour.toHsv();
+    c.setHsvF(c.hsvHueF(), c.hsvSaturationF(), c.valueF() * 0.62);
+    return c.toRgb();
+}
+
+std::vector<QLineF> plot_grid_lines(const forms::PictureBox& plot, const PlotGrid& grid) {
+    std::vector<QLineF> out;
+    const QPointF plot_at = origin_of(plot);
+    const std::pair<const forms::PictureBox*, AxisStrip> strips[] = {{grid.below, AxisStrip::Below},
+                                                                     {grid.left, AxisStrip::Left}};
+    for (const auto& [strip, side] : strips) {
+        if (strip == nullptr) continue;
+        const QPointF shift = origin_of(*strip) - plot_at;
+        const auto& ops = strip->ops();
+        const bool some_wide = std::any_of(ops.begin(), ops.end(), [side](const forms::DrawOp& o) {
+            return is_tick(o, side) && o.width >= 2;
+        });
+        for (const forms::DrawOp& o : ops) {
+            if (!is_tick(o, side) || (some_wide && o.width < 2)) continue;
+            out.push_back(side == AxisStrip::Below
+                              ? QLineF(o.x1 + shift.x(), 0, o.x1 + shift.x(), plot.height())
+                              : QLineF(0, o.y1 + shift.y(), plot.width(), o.y1 + shift.y()));
+        }
+    }
+    return out;
+}
 
 void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t first, const PaintScale& scale,
                       const QRectF& exposed) {
     const double s = scale.per_twip;
     const QColor fore = old_colour(pic.fore_color);
     p.save();
-    if (first == 0) p.fillRect(exposed, old_colour(pic.back_color));
+    const QColor back = old_colour(pic.back_color);
+    if (first == 0) p.fillRect(exposed, back);
     const QRectF area = exposed.adjusted(-8 * scale.pen, -8 * scale.pen, 8 * scale.pen, 8 * scale.pen);
+    if (first == 0 && (scale.grid.below != nullptr || scale.grid.left != nullptr)) paint_grid(p, pic, scale, area);
+    // Light curves on a light plot are darkened so that they read (a cyan on white).
+    const bool darken = scale.grid.below != nullptr && light(back);
     p.setFont(picture_font(pic));
     const QFontMetricsF fm(p.font(), p.device());
     {
@@ -115,7 +224,8 @@ void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t fir
         const std::vector<forms::DrawOp>& ops = pic.ops();
         for (std::size_t i = first; i < ops.size(); ++i) {
             const forms::DrawOp& op = ops[i];
-            const QColor colour = op.color < 0 ? fore : old_colour(op.color);
+            QColor colour = op.color < 0 ? fore : old_colour(op.color);
+            if (darken && op.kind != forms::DrawOp::Kind::Text) colour = readable_on_white(colour);
             const double width = std::max(1, op.width) * scale.pen;
             switch (op.kind) {
                 case forms::DrawOp::Kind::Line:
@@ -128,13 +238,11 @@ void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t fir
                 }
                 case forms::DrawOp::Kind::Text: {
                     batch.flush();
-                    const QString t = QString::fromStdString(op.text);
-                    const QPointF at(op.x1 * s, op.y1 * s);
-                    const QRectF box(at, QSizeF(fm.horizontalAdvance(t), fm.height()));
+                    const QRectF box = text_box(pic, i, fm, scale);
                     if (!box.intersects(area)) break;
                     p.setRenderHint(QPainter::Antialiasing, true);
                     p.setPen(colour);
-                    p.drawText(QPointF(at.x(), at.y() + fm.ascent()), t);
+                    p.drawText(QPointF(box.x(), box.y() + fm.ascent()), QString::fromStdString(op.text));
                     break;
                 }
             }
@@ -194,6 +302,29 @@ void PictureView::set_picture(const forms::PictureBox* picture, std::vector<cons
     update();
 }
 
+std::vector<QRectF> PictureView::text_boxes() const {
+    std::vector<QRectF> out;
+    if (picture_ == nullptr) return out;
+    const PaintScale scale{logical_dpi(this) / kTwipsPerInch, 1.0, strip_, grid_};
+    const QFontMetricsF fm(picture_font(*picture_), this);
+    const auto& ops = picture_->ops();
+    for (std::size_t i = 0; i < ops.size(); ++i)
+        if (ops[i].kind == forms::DrawOp::Kind::Text) out.push_back(text_box(*picture_, i, fm, scale));
+    return out;
+}
+
+void PictureView::set_axis_strip(AxisStrip strip) {
+    strip_ = strip;
+    cache_ = QPixmap();
+    update();
+}
+
+void PictureView::set_grid(PlotGrid grid) {
+    grid_ = grid;
+    cache_ = QPixmap();
+    update();
+}
+
 namespace {
 
 bool layout_holds(const QLayout* layout, const QWidget* w) {
@@ -231,7 +362,7 @@ void PictureView::paintEvent(QPaintEvent* event) {
         return;
     }
     const double dpi = logical_dpi(this);
-    const PaintScale scale{dpi / kTwipsPerInch, 1.0};
+    const PaintScale scale{dpi / kTwipsPerInch, 1.0, strip_, grid_};
     if (update_cache(dpi)) {
         // An expose or a slide of the plot copies from the image; the curve is not replayed.
         const QRect r = event->rect();
@@ -252,7 +383,10 @@ bool PictureView::update_cache(double dpi) {
         return false;
     }
     const std::size_t count = picture_->ops().size();
-    const bool fresh = cache_.isNull() || cache_.size() != device || cache_ratio_ != ratio || cache_dpi_ != dpi ||
+    // The gridlines follow the strips' ticks; a slide of the plot leaves them where they are.
+    std::vector<QLineF> grid_lines = plot_grid_lines(*picture_, grid_);
+    const bool fresh = cache_grid_ != grid_lines || cache_.isNull() ||
+                       cache_.size() != device || cache_ratio_ != ratio || cache_dpi_ != dpi ||
                        cache_revision_ != picture_->revision() || cache_back_ != picture_->back_color ||
                        cache_fore_ != picture_->fore_color || cache_font_ != picture_->font_name ||
                        cache_font_size_ != picture_->font_size || count < cache_ops_;
@@ -268,11 +402,12 @@ bool PictureView::update_cache(double dpi) {
         cache_fore_ = picture_->fore_color;
         cache_font_ = picture_->font_name;
         cache_font_size_ = picture_->font_size;
+        cache_grid_ = std::move(grid_lines);
         ++cache_rebuilds_;
     }
     QPainter p(&cache_);
     // Operations are only ever added between two clears: the new ones go over the image.
-    paint_operations(p, *picture_, cache_ops_, PaintScale{dpi / kTwipsPerInch, 1.0},
+    paint_operations(p, *picture_, cache_ops_, PaintScale{dpi / kTwipsPerInch, 1.0, strip_, grid_},
                      QRectF(QPointF(0, 0), QSizeF(size())));
     cache_ops_ = count;
     return true;

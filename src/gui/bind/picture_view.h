@@ -1,7 +1,10 @@
 #pragma once
 // The view of a PictureBox: replays what the model recorded, at the screen's resolution, with
 // the line and shape objects that stand on it. Promoted from QWidget in the .ui files.
+#include <QColor>
+#include <QLineF>
 #include <QPixmap>
+#include <QRectF>
 #include <QWidget>
 #include <cstddef>
 #include <string>
@@ -16,12 +19,31 @@ class PictureBox;
 
 namespace tv::gui {
 
+/// Where a picture stands beside a plot. On the screen a strip's labels are centred on their
+/// ticks and kept whole inside it.
+enum class AxisStrip { None, Below, Left };
+
+/// What the screen adds to a plot: light gridlines at the ticks of the strips beside it.
+struct PlotGrid {
+    const forms::PictureBox* below = nullptr;
+    const forms::PictureBox* left = nullptr;
+};
+
 /// Device units of a page or screen: pixels per twip, and device pixels per screen pixel
-/// (for the old pen widths, given in screen pixels).
+/// (for the old pen widths, given in screen pixels); and what the screen draws beyond the
+/// recorded operations.
 struct PaintScale {
     double per_twip = 96.0 / 1440.0;
     double pen = 1.0;
+    AxisStrip strip = AxisStrip::None;
+    PlotGrid grid{};
 };
+
+/// The gridlines of a plot, in twips of the plot, from the ticks of its strips.
+std::vector<QLineF> plot_grid_lines(const forms::PictureBox& plot, const PlotGrid& grid);
+
+/// A curve colour as it reads on white and in grey: light colours (cyan, yellow) are darkened.
+QColor readable_on_white(const QColor& colour);
 
 /// Draws the picture's background, recorded operations and overlays (LineShape, Shape on it)
 /// with the top-left corner at the painter's origin. Only what meets `exposed` (device units)
@@ -50,6 +72,14 @@ public:
     std::size_t cached_operations() const { return cache_ops_; }
     int cache_rebuilds() const { return cache_rebuilds_; }
 
+    /// A strip beside a plot: its labels are centred on their ticks and stay whole.
+    void set_axis_strip(AxisStrip strip);
+    /// A plot: light gridlines under its curves, at the strips' ticks.
+    void set_grid(PlotGrid grid);
+    AxisStrip axis_strip() const { return strip_; }
+    /// Where the texts of the picture are painted, in pixels of this view.
+    std::vector<QRectF> text_boxes() const;
+
     /// Size from the model's twips; the position too, unless a layout places the widget.
     void follow_model();
 
@@ -74,6 +104,9 @@ private:
     bool update_cache(double dpi);
 
     const forms::PictureBox* picture_ = nullptr;
+    AxisStrip strip_ = AxisStrip::None;
+    PlotGrid grid_;
+    std::vector<QLineF> cache_grid_;
     std::vector<const forms::Control*> overlays_;
 
     // The recorded operations painted once; the overlays (cross-hairs) go on top at each paint.

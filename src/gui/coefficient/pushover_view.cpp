@@ -1,6 +1,7 @@
 #include "gui/coefficient/pushover_view.h"
 
 #include "gui/bind/binder.h"
+#include "gui/chart/chart_card.h"
 #include "windows/coefficient/pushover_window.h"
 
 namespace tv::gui {
@@ -21,6 +22,7 @@ PushoverView::PushoverView(windows::Form6& model, forms::App& app, QWidget* pare
     keep_room_when_hidden(*ui_.ProgressBar1);
     ui_.diagramPanel->setBackgroundRole(QPalette::Base);
     ui_.diagramPanel->setAutoFillBackground(true);
+    mark_axes(*ui_.diagramPanel, "picDiagram", "xBar", &model.xBar, "yBar", &model.yBar);
     bind::all(*this, model, app);
 }
 

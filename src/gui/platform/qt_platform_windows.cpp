@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <algorithm>
 
@@ -134,7 +135,14 @@ QtPlatform::Shown* QtPlatform::ensure_view(forms::Form& form, bool modal) {
                                   : (view->screen() ? view->screen()->availableGeometry() : QRect(0, 0, 1024, 768));
         view->move(over.center() - QPoint(view->width() / 2, view->height() / 2));
     } else {
-        QMdiSubWindow* sub = mdi_->addSubWindow(view);
+        // A window taller or wider than the area scrolls inside its frame, so that no button is
+        // out of reach on a small screen.
+        auto* holder = new QScrollArea;
+        holder->setObjectName(QStringLiteral("windowScroll"));
+        holder->setFrameShape(QFrame::NoFrame);
+        holder->setWidgetResizable(true);
+        holder->setWidget(view);
+        QMdiSubWindow* sub = mdi_->addSubWindow(holder);
         sub->setAttribute(Qt::WA_DeleteOnClose, false);
         if (frame_) sub->setWindowIcon(frame_->windowIcon());
         s.sub = sub;
@@ -156,9 +164,13 @@ QtPlatform::Shown* QtPlatform::ensure_view(forms::Form& form, bool modal) {
 void QtPlatform::place_child(Shown& s) {
     QMdiSubWindow* sub = s.sub;
     if (sub == nullptr || !mdi_) return;
-    sub->adjustSize();
+    // The window's own size; its frame and title bar come on top.
+    QSize size = sub->sizeHint();
+    if (auto* holder = qobject_cast<QScrollArea*>(sub->widget()); holder != nullptr && s.view) {
+        const QSize own = s.view->sizeHint().expandedTo(s.view->minimumSizeHint());
+        size = own + (sub->sizeHint() - holder->sizeHint());
+    }
     const QSize room = mdi_->viewport()->size();
-    QSize size = sub->size();
     if (room.isValid() && !room.isEmpty()) size = size.boundedTo(room);
     sub->resize(size);
     // The window's place in twips from the frame's corner, kept inside the area.

@@ -10,6 +10,7 @@ ResponseSpectrumView::ResponseSpectrumView(windows::Form3& model, forms::App& ap
     : QWidget(parent) {
     ui_.setupUi(this);
     fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
+    add_chart_titles(*ui_.chartPanel, "picNemodar1", QStringLiteral("T (s)"), QStringLiteral("Sa (g)"));
     bind::all(*this, model, app);
 }
 
