@@ -1,4 +1,4 @@
-// The views of the capacity spectrum method: the wizard Form9 "Capacity Spec Method", its
+// The views of the capacity spectrum method: the wizard Form9, its
 // diagram Form10 and Form11 "Calculate SA". Every control has a widget of its kind, the shipped
 // sample runs through the wizard's pages by the widgets, the popup of the calculation table
 // copies it, and screenshots go under <build>/gui-screenshots.

@@ -55,7 +55,7 @@ struct SpecialInput {
     const char* described;   // a part of the workbook reader's description
 };
 
-TEST(SpecialInputs, AreRefusedAtOnceWithTheReason) {
+TEST(UnreadableInputs, AreRefusedAtOnceWithTheReason) {
     const std::vector<SpecialInput> inputs = {
         {"endless device", [](const test::TempDir&) { return std::string("/dev/zero"); }, 75, kNotRegularReason, 75,
          "/dev/zero"},
@@ -115,7 +115,7 @@ TEST(SpecialInputs, AreRefusedAtOnceWithTheReason) {
 }
 
 // The handle of a workbook whose worksheet cannot be chosen is closed all the same.
-TEST(SpecialInputs, AFailedXlsOpenLeavesNoMemoryBehind) {
+TEST(UnreadableInputs, AFailedXlsOpenLeavesNoMemoryBehind) {
     const std::string path = test::data_path("bad-inputs/xls_handle_leak.xls");
     if (path.empty()) GTEST_SKIP() << "shared data not available";
     xls_cells_answer(path);  // warm up the library's own one-time allocations
