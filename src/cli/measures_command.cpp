@@ -10,6 +10,7 @@
 #include "cli/session.h"
 #include "compute/measures/ground_motion_measures.h"
 #include "compute/measures/record_processing.h"
+#include "text/number_text.h"
 
 namespace tv::cli {
 
@@ -24,22 +25,6 @@ const char* kMeasuresUsage =
     "  --filter-order N         order 1..8 per corner (default 4)\n"
     "  --zero-phase             filter forward and backward (default causal)\n"
     "  --pads SECONDS           zeros before and after while filtering (default 0)\n";
-
-// A number typed whole ("0.1", "4"); anything else is refused.
-bool number_of(const std::string& text, double& out) {
-    if (text.empty()) return false;
-    char* end = nullptr;
-    out = std::strtod(text.c_str(), &end);
-    return end == text.c_str() + text.size();
-}
-
-// A whole number typed whole, within -1000..1000 (orders are small).
-bool whole_of(const std::string& text, int& out) {
-    double v = 0;
-    if (!number_of(text, v) || v != static_cast<double>(static_cast<long>(v)) || v < -1000 || v > 1000) return false;
-    out = static_cast<int>(v);
-    return true;
-}
 
 std::string shown(double value, const char* unit) {
     char buf[64];
@@ -66,7 +51,7 @@ int run_measures(const std::vector<std::string>& args, std::ostream& out, std::o
             *b == "acceleration" ? compute::BaselineFit::acceleration : compute::BaselineFit::displacement;
         processing.baseline_order = *b == "acceleration" ? 0 : 2;
         if (auto v = o.get("baseline-order"))
-            if (!whole_of(*v, processing.baseline_order)) return bad("--baseline-order takes a whole number");
+            if (!text::strict_whole(*v, processing.baseline_order)) return bad("--baseline-order takes a whole number");
     }
     if (auto f = o.get("filter")) {
         if (*f != "low" && *f != "high" && *f != "band") return bad("--filter takes low, high or band");
@@ -77,14 +62,14 @@ int run_measures(const std::vector<std::string>& args, std::ostream& out, std::o
         const std::size_t wanted = *f == "band" ? 2 : 1;
         std::vector<double> c(corners.size());
         for (std::size_t k = 0; k < corners.size(); ++k)
-            if (!number_of(corners[k], c[k])) return bad("--corners takes numbers in Hz");
+            if (!text::strict_number(corners[k], c[k])) return bad("--corners takes numbers in Hz");
         if (c.size() != wanted) return bad(*f == "band" ? "--corners takes two numbers for band" : "--corners takes one number");
         processing.low_corner = *f == "low" ? 0 : c[0];
         processing.high_corner = *f == "low" ? c[0] : *f == "band" ? c[1] : 0;
         if (auto t = o.get("filter-order"))
-            if (!whole_of(*t, processing.filter_order)) return bad("--filter-order takes a whole number");
+            if (!text::strict_whole(*t, processing.filter_order)) return bad("--filter-order takes a whole number");
         if (auto t = o.get("pads"))
-            if (!number_of(*t, processing.pad_seconds)) return bad("--pads takes a number of seconds");
+            if (!text::strict_number(*t, processing.pad_seconds)) return bad("--pads takes a number of seconds");
         processing.zero_phase = o.has("zero-phase");
     }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <system_error>
 
 #include "text/runtime_error.h"
@@ -170,6 +171,20 @@ double round15(double value) {
     // Out of range only just below the largest double, where the rounded digits overflow.
     if (std::from_chars(buf, res.ptr, out).ec == std::errc::result_out_of_range) raise(kOverflow);
     return out;
+}
+
+bool strict_number(const std::string& text, double& out) {
+    if (text.empty()) return false;
+    char* end = nullptr;
+    out = std::strtod(text.c_str(), &end);
+    return end == text.c_str() + text.size() && std::isfinite(out);
+}
+
+bool strict_whole(const std::string& text, int& out) {
+    double v = 0;
+    if (!strict_number(text, v) || v != std::floor(v) || std::fabs(v) > 1000) return false;
+    out = static_cast<int>(v);
+    return true;
 }
 
 }  // namespace tv::text

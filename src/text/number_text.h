@@ -24,6 +24,13 @@ double val(std::string_view text);
 /// RuntimeError 13 "Type mismatch". An empty text fails too.
 double to_double(std::string_view text);
 
+/// A finite number typed whole ("0.1", "4", "1e-3"), or false: no leading number rule, for
+/// settings that must not be half read.
+bool strict_number(const std::string& text, double& out);
+
+/// A whole number typed whole, within -1000..1000 (orders and counts of settings), or false.
+bool strict_whole(const std::string& text, int& out);
+
 /// value -> to_text -> val for every finite value, without building the text: the 15-digit round
 /// trip that every number stored in a box goes through. Like val, raises 6 "Overflow" for the
 /// few values next to the largest double whose 15 digits lie beyond it. Not finite: unchanged.

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "text/number_text.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::windows {
@@ -114,22 +115,6 @@ constexpr std::array<Row, 11> kRows{{
     {"Mean period Tm", "s", &compute::MotionMeasures::mean_period},
 }};
 
-// A number typed whole into a box, or false.
-bool number_in(const forms::TextBox& box, double& out) {
-    const std::string& t = box.text();
-    if (t.empty()) return false;
-    char* end = nullptr;
-    out = std::strtod(t.c_str(), &end);
-    return end == t.c_str() + t.size() && std::isfinite(out);
-}
-
-bool whole_in(const forms::TextBox& box, int& out) {
-    double v = 0;
-    if (!number_in(box, v) || v != std::floor(v) || std::fabs(v) > 1000) return false;
-    out = static_cast<int>(v);
-    return true;
-}
-
 }  // namespace
 
 MeasuresWindow::MeasuresWindow(forms::App& app) : Window(app, "frmMeasures", "Ground-motion measures", 11000, 9000) {
@@ -220,7 +205,7 @@ bool MeasuresWindow::read_options(compute::ProcessingOptions& o) {
     o.baseline = fit == 1 ? compute::BaselineFit::acceleration
                  : fit == 2 ? compute::BaselineFit::displacement
                             : compute::BaselineFit::none;
-    if (o.baseline != compute::BaselineFit::none && !whole_in(BaselineOrder, o.baseline_order))
+    if (o.baseline != compute::BaselineFit::none && !text::strict_whole(BaselineOrder.text(), o.baseline_order))
         return refuse("Baseline order: type a whole number from 0 to 6");
     const int kind = FilterKind.list_index();
     o.filter = kind == 1   ? compute::FilterKind::low_pass
@@ -228,12 +213,12 @@ bool MeasuresWindow::read_options(compute::ProcessingOptions& o) {
                : kind == 3 ? compute::FilterKind::band_pass
                            : compute::FilterKind::none;
     if (o.filter == compute::FilterKind::none) return true;
-    if (o.filter != compute::FilterKind::low_pass && !number_in(LowCorner, o.low_corner))
+    if (o.filter != compute::FilterKind::low_pass && !text::strict_number(LowCorner.text(), o.low_corner))
         return refuse("Low corner: type a frequency in Hz");
-    if (o.filter != compute::FilterKind::high_pass && !number_in(HighCorner, o.high_corner))
+    if (o.filter != compute::FilterKind::high_pass && !text::strict_number(HighCorner.text(), o.high_corner))
         return refuse("High corner: type a frequency in Hz");
-    if (!whole_in(FilterOrder, o.filter_order)) return refuse("Filter order: type a whole number from 1 to 8");
-    if (!number_in(Pads, o.pad_seconds)) return refuse("Pads: type a number of seconds");
+    if (!text::strict_whole(FilterOrder.text(), o.filter_order)) return refuse("Filter order: type a whole number from 1 to 8");
+    if (!text::strict_number(Pads.text(), o.pad_seconds)) return refuse("Pads: type a number of seconds");
     o.zero_phase = ZeroPhase.checked();
     return true;
 }
