@@ -170,4 +170,25 @@ void Grid::set_redraw(bool on) {
     }
 }
 
+std::string tab_separated(const Grid& grid, const std::set<int>& rows, const std::set<int>& cols) {
+    auto seen_col = [&grid](int c) { return !grid.col_hidden(c) && grid.col_width(c) != 0; };
+    std::vector<int> cs;
+    for (int c = 0; c < grid.cols(); ++c)
+        if ((cols.empty() || cols.count(c) != 0) && seen_col(c)) cs.push_back(c);
+    std::vector<int> rs;
+    const int first = grid.fixed_rows() > 0 ? 1 : 0;
+    if (first == 1 && grid.rows() > 0) rs.push_back(0);
+    for (int r = first; r < grid.rows(); ++r)
+        if ((rows.empty() || rows.count(r) != 0) && !grid.row_hidden(r)) rs.push_back(r);
+    std::string out;
+    for (int r : rs) {
+        for (std::size_t i = 0; i < cs.size(); ++i) {
+            if (i > 0) out += '\t';
+            for (char ch : grid.text(r, cs[i])) out += ch == '\t' || ch == '\n' || ch == '\r' ? ' ' : ch;
+        }
+        out += '\n';
+    }
+    return out;
+}
+
 }  // namespace tv::forms

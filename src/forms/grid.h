@@ -97,4 +97,10 @@ private:
     std::uint64_t layout_revision_ = 0;
 };
 
+/// The table as text a spreadsheet takes: one line per row, cells split by tabs, the heading row
+/// first when the table has one. `rows` and `cols` (grid indices) pick the cells; an empty `rows`
+/// takes every row and an empty `cols` every column. Rows and columns the user does not see
+/// (hidden, or of no width) are left out; a tab or line break inside a cell becomes a blank.
+std::string tab_separated(const Grid& grid, const std::set<int>& rows = {}, const std::set<int>& cols = {});
+
 }  // namespace tv::forms

@@ -178,6 +178,24 @@ TEST_F(GridTest, ColumnWidthsAndHiddenFlagsCountAsLayout) {
     EXPECT_GT(g.layout_revision(), before);
 }
 
+TEST_F(GridTest, CopiesAsTabSeparatedTextWithItsHeading) {
+    g.set_rows(4);
+    g.set_cols(3);
+    for (int r = 0; r < 4; ++r)
+        for (int c = 0; c < 3; ++c) g.set_text(r, c, std::string(1, static_cast<char>('a' + r)) + std::to_string(c));
+    g.set_text(2, 0, "c\t0");
+    // The whole table, but what the user does not see.
+    g.set_row_hidden(3, true);
+    g.set_col_width(1, 0);
+    EXPECT_EQ(tab_separated(g), "a0\ta2\nb0\tb2\nc 0\tc2\n");
+    // A selection keeps the heading row above it.
+    g.set_col_width(1, -1);
+    EXPECT_EQ(tab_separated(g, {2}, {1, 2}), "a1\ta2\nc1\tc2\n");
+    // A table without a heading row.
+    g.set_fixed_rows(0);
+    EXPECT_EQ(tab_separated(g, {0}), "a0\ta1\ta2\n");
+}
+
 TEST(GridSmall, TablesOfOneOrNoRowHaveTheirCurrentRowAtZero) {
     test::FakePlatform platform;
     App app{platform};
