@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -141,15 +143,22 @@ TEST_F(BinderTest, WidgetsStartWithTheModelsState) {
     EXPECT_EQ(text->text(), "0.005");
     EXPECT_EQ(label->text(), "X Axis Scale : 1X");
     EXPECT_EQ(frame->title(), "Draw");
-    EXPECT_EQ(option1->text(), "Acceleration X");
+    // Captions answer Alt, each key once in the window, on a word's first letter where it can.
+    EXPECT_EQ(option1->text(), "&Acceleration X");
+    EXPECT_EQ(option2->text(), "Acceleration &Y");
     EXPECT_TRUE(option1->isChecked());
     EXPECT_FALSE(option2->isChecked());
-    EXPECT_EQ(command1->text(), "Show Diagram");
+    EXPECT_EQ(command1->text(), "Show &Diagram");
+    EXPECT_EQ(command2->text(), "D&ivide");
     EXPECT_EQ(combo->count(), 2);
     EXPECT_EQ(slider->minimum(), 1);
     EXPECT_EQ(slider->maximum(), 10);
     EXPECT_EQ(scroll->maximum(), 10);
-    EXPECT_EQ(action->text(), "Go");
+    EXPECT_EQ(action->text(), "&Go");
+    // A new caption keeps its key where it can, and a literal & shows as itself.
+    form.Command1.set_caption("Hide & Draw");
+    EXPECT_EQ(command1->text(), "Hide && &Draw");
+    EXPECT_EQ(form.Command1.caption(), "Hide & Draw");
 }
 
 TEST_F(BinderTest, TypingReachesTheModelAndFiresChangePerKey) {
@@ -278,6 +287,23 @@ TEST_F(BinderTest, TableSelectionAndCurrentRowBothWays) {
     std::set<int> shown;
     for (const QModelIndex& i : table->selectionModel()->selectedIndexes()) shown.insert(m->grid_row(i.row()));
     EXPECT_EQ(shown, (std::set<int>{1, 4}));
+}
+
+TEST_F(BinderTest, CtrlCCopiesTheSelectionOrTheWholeTableWithTheHeadings) {
+    form.Grid1.set_text(0, 0, "T (s)");
+    form.Grid1.set_text(0, 1, "Sa (g)");
+    for (int r = 1; r < 5; ++r) form.Grid1.set_text(r, 0, std::to_string(r));
+    test::settle();
+    EXPECT_EQ(table->contextMenuPolicy(), Qt::ActionsContextMenu);
+    view.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    table->setFocus();
+    QTest::keySequence(table, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "T (s)\tSa (g)\n1\t\n2\t\n3\t\n4\t\n");
+    form.Grid1.set_selected_rows({3});
+    test::settle();
+    QTest::keySequence(table, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "T (s)\tSa (g)\n3\t\n");
 }
 
 TEST_F(BinderTest, DetachedBinderNeitherListensNorTouches) {

@@ -134,7 +134,7 @@ TEST_F(SpectraViews, Comparison) {
     // The Persian caption reads right to left, its box at its right end, and every letter has a
     // glyph to show.
     auto* rule = find<QCheckBox>("Check2");
-    EXPECT_EQ(rule->text(), QString::fromUtf8("\u0646\u0634\u0631\u064a\u0647 360"));
+    EXPECT_EQ(rule->text(), QString::fromUtf8("\u0646\u0634\u0631\u064a\u0647 &360"));
     EXPECT_TRUE(rule->text().isRightToLeft());
     EXPECT_EQ(rule->layoutDirection(), Qt::RightToLeft);
     EXPECT_TRUE(all_glyphs_found(rule->text(), *rule));

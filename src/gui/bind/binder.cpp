@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QEvent>
 #include <QGroupBox>
@@ -11,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -29,6 +32,7 @@
 #include "forms/app.h"
 #include "forms/form.h"
 #include "gui/bind/grid_table_model.h"
+#include "gui/bind/mnemonics.h"
 #include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
 
@@ -252,8 +256,9 @@ struct Binder::Kinds {
 
     static void check_box(Binder& self, Binding& b) {
         using C = forms::CheckBox;
-        if (auto* cb = show<QCheckBox, C>(self, b, [](QCheckBox& w, C& c) {
-                w.setText(qs(c.caption()));
+        Binder* s = &self;
+        if (auto* cb = show<QCheckBox, C>(self, b, [s](QCheckBox& w, C& c) {
+                s->show_caption(&w, w.text(), c.caption());
                 w.setCheckState(c.value() == 1 ? Qt::Checked : c.value() == 2 ? Qt::PartiallyChecked : Qt::Unchecked);
             }))
             listen<C>(self, b, cb, &QCheckBox::clicked, [](C& c, bool) { c.user_click(); });
@@ -261,8 +266,9 @@ struct Binder::Kinds {
 
     static void option(Binder& self, Binding& b) {
         using C = forms::OptionButton;
-        if (auto* rb = show<QRadioButton, C>(self, b, [](QRadioButton& w, C& c) {
-                w.setText(qs(c.caption()));
+        Binder* s = &self;
+        if (auto* rb = show<QRadioButton, C>(self, b, [s](QRadioButton& w, C& c) {
+                s->show_caption(&w, w.text(), c.caption());
                 w.setChecked(c.value());
             })) {
             // The model clears the other options of the container.
@@ -273,9 +279,9 @@ struct Binder::Kinds {
 
     static void button(Binder& self, Binding& b) {
         using C = forms::CommandButton;
-        if (auto* pb = show<QAbstractButton, C>(self, b, [](QAbstractButton& w, C& c) {
-                const QString t = qs(c.caption());
-                if (w.text() != t) w.setText(t);
+        Binder* s = &self;
+        if (auto* pb = show<QAbstractButton, C>(self, b, [s](QAbstractButton& w, C& c) {
+                s->show_caption(&w, w.text(), c.caption());
             }))
             listen<C>(self, b, pb, &QAbstractButton::clicked, [](C& c, bool) { c.press(); });
     }
@@ -399,12 +405,12 @@ struct Binder::Kinds {
         if (action == nullptr) return;
         b.target = action;
         auto& menu = static_cast<C&>(*b.control);
-        b.push = [action, &menu] {
-            if (menu.separator()) {
+        Binder* s = &self;
+        b.push = [s, action, &menu] {
+            if (menu.separator())
                 action->setSeparator(true);
-            } else if (action->text() != qs(menu.caption())) {
-                action->setText(qs(menu.caption()));
-            }
+            else
+                s->show_caption(action, action->text(), menu.caption());
             action->setEnabled(menu.enabled());
             action->setVisible(menu.visible());
         };
@@ -425,6 +431,42 @@ struct Binder::Kinds {
         return table.at(kind);
     }
 };
+
+void Binder::show_caption(QObject* target, const QString& now, const std::string& caption) {
+    const QString plain = qs(caption);
+    auto show = [target](const QString& shown) {
+        if (auto* action = qobject_cast<QAction*>(target))
+            action->setText(shown);
+        else if (auto* button = qobject_cast<QAbstractButton*>(target))
+            button->setText(shown);
+    };
+    // A caption that brings its own key keeps it.
+    if (!mnemonic_of(plain).isNull()) {
+        if (now != plain) show(plain);
+        return;
+    }
+    if (plain_caption(now) == plain && !mnemonic_of(now).isNull()) return;
+    // The keys already given to the others that answer Alt beside it.
+    QSet<QChar> taken;
+    auto take = [&taken](const QString& shown) {
+        const QChar key = mnemonic_of(shown);
+        if (!key.isNull()) taken.insert(key);
+    };
+    if (auto* action = qobject_cast<QAction*>(target)) {
+        for (QObject* o : action->associatedObjects())
+            if (auto* w = qobject_cast<QWidget*>(o))
+                for (QAction* a : w->actions())
+                    if (a != action) take(a->text());
+    } else {
+        for (auto* other : view_->findChildren<QAbstractButton*>())
+            if (other != target) take(other->text());
+        // A window inside the main one shares Alt with the main menu bar.
+        for (QWidget* top : QApplication::topLevelWidgets())
+            for (auto* bar : top->findChildren<QMenuBar*>(Qt::FindDirectChildrenOnly))
+                for (QAction* a : bar->actions()) take(a->text());
+    }
+    show(with_mnemonic(plain, mnemonic_of(now), taken));
+}
 
 void Binder::bind(forms::Control& c) {
     auto owned = std::make_unique<Binding>();
@@ -493,6 +535,28 @@ void Binder::bind_grid(Binding& b) {
                 });
             });
     tv->viewport()->installEventFilter(this);
+    // Ctrl+C and the table's context menu copy it as tab-separated text with its heading row;
+    // a table whose window answers the right button keeps its own menu.
+    auto* copy = new QAction(tr("&Copy"), tv);
+    copy->setObjectName(QStringLiteral("copy_table"));
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    copy->setToolTip(tr("Copy the selected rows, or the whole table, with the headings"));
+    tv->addAction(copy);
+    if (!grid.MouseUp) tv->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(copy, &QAction::triggered, this, [this, bp] { copy_table(*bp); });
+}
+
+void Binder::copy_table(Binding& b) {
+    auto* tv = qobject_cast<QTableView*>(b.widget());
+    if (!attached_ || tv == nullptr || b.table == nullptr) return;
+    std::set<int> rows, cols;
+    for (const QModelIndex& i : tv->selectionModel()->selectedIndexes()) {
+        rows.insert(b.table->grid_row(i.row()));
+        cols.insert(b.table->grid_col(i.column()));
+    }
+    const auto& grid = static_cast<const forms::Grid&>(*b.control);
+    QApplication::clipboard()->setText(qs(forms::tab_separated(grid, rows, cols)));
 }
 
 void Binder::flush_grid(Binding& b) {

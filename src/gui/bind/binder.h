@@ -4,6 +4,7 @@
 // event reaches the model through the App's dispatcher. A view holds no program logic.
 #include <QObject>
 #include <QPointer>
+#include <QString>
 #include <functional>
 #include <memory>
 #include <set>
@@ -65,6 +66,9 @@ private:
     void bind_grid(Binding& b);
     void flush_grid(Binding& b);
     void bind_picture(Binding& b);
+    void copy_table(Binding& b);
+    /// A caption on a button or menu item: shown again with its Alt mnemonic when it changed.
+    void show_caption(QObject* target, const QString& now, const std::string& caption);
 
     QWidget* view_;
     forms::Form* model_;
