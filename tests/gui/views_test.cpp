@@ -24,16 +24,30 @@
 #include <memory>
 
 #include "gui/bind/binder.h"
+#include "gui/bind/mnemonics.h"
 #include "gui/bind/picture_view.h"
 #include "gui/platform/view_registry.h"
 #include "gui/views.h"
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
 #include "windows/program.h"
+#include "windows/capacity/capacity_window.h"
+#include "windows/capacity/curve_capacity_window.h"
+#include "windows/capacity/diagram_window.h"
+#include "windows/capacity/sa_window.h"
+#include "windows/coefficient/note_window.h"
+#include "windows/coefficient/nsp_window.h"
+#include "windows/coefficient/pushover_window.h"
+#include "windows/coefficient/target_displacement_window.h"
+#include "windows/fourier/fourier_window.h"
+#include "windows/measures/measures_window.h"
 #include "windows/project/about_window.h"
 #include "windows/project/inputs_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
+#include "windows/spectra/comparison_window.h"
+#include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/response_spectrum_window.h"
 
 namespace tv::gui {
 namespace {
@@ -53,15 +67,58 @@ TEST_F(ViewsTest, MainFrame) {
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
     const QList<QAction*> top = main->menuBar()->actions();
     ASSERT_EQ(top.size(), 3);
-    EXPECT_EQ(top[0]->text(), "Project");
+    EXPECT_EQ(top[0]->text(), "&Project");
     EXPECT_EQ(top[1]->text(), "&Window");
-    EXPECT_EQ(top[2]->text(), "About");
+    EXPECT_EQ(top[2]->text(), "&About");
     QStringList entries;
     for (QAction* a : top[0]->menu()->actions()) entries << (a->isSeparator() ? QStringLiteral("-") : a->text());
-    EXPECT_EQ(entries, QStringList({"Open/Add Record", "-", "Coefficient Method", "-", "Capacity Spec Method", "-",
-                                    "Exit"}));
+    EXPECT_EQ(entries, QStringList({"&Open/Add Record", "-", "&Coefficient Method", "-", "Capacity &Spec Method",
+                                    "-", "&Exit"}));
     main->resize(900, 560);
     test::save_shot(w, "frmMain");
+}
+
+// Every box a user types into or picks from says what it is and its unit; every button, tick,
+// option and menu item answers Alt.
+TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
+    auto check = [this]<class F>() {
+        QWidget& w = open<F>();
+        const std::string window = program.form<F>().name();
+        for (QWidget* box : w.findChildren<QWidget*>()) {
+            const bool input = (qobject_cast<QLineEdit*>(box) && !qobject_cast<QComboBox*>(box->parentWidget())) ||
+                               qobject_cast<QComboBox*>(box) || qobject_cast<QPlainTextEdit*>(box);
+            if (input && box->isVisibleTo(&w)) {
+                EXPECT_FALSE(box->toolTip().isEmpty()) << window << ": " << box->objectName().toStdString();
+            }
+        }
+        QStringList captions;
+        for (auto* b : w.findChildren<QAbstractButton*>())
+            if (b->isVisibleTo(&w)) captions << b->text();
+        for (auto* a : w.findChildren<QAction*>())
+            if (!a->isSeparator()) captions << a->text();
+        for (const QString& c : captions)
+            if (!c.isEmpty()) {
+                EXPECT_FALSE(bind::mnemonic_of(c).isNull()) << window << ": " << c.toStdString();
+            }
+    };
+    check.operator()<windows::frmMain>();
+    check.operator()<windows::xhelp>();
+    check.operator()<windows::Form1>();
+    check.operator()<windows::Form14>();
+    check.operator()<windows::Form2>();
+    check.operator()<windows::Form3>();
+    check.operator()<windows::Form4>();
+    check.operator()<windows::Form12>();
+    check.operator()<windows::Form13>();
+    check.operator()<windows::MeasuresWindow>();
+    check.operator()<windows::Form6>();
+    check.operator()<windows::Form7>();
+    check.operator()<windows::Form8>();
+    check.operator()<windows::NspWindow>();
+    check.operator()<windows::Form9>();
+    check.operator()<windows::Form10>();
+    check.operator()<windows::Form11>();
+    check.operator()<windows::frmCurveCapacity>();
 }
 
 TEST_F(ViewsTest, About) {

@@ -28,6 +28,12 @@ W* named(W* w, const char* name) {
     return w;
 }
 
+template <class W>
+W* tipped(W* w, const char* tip) {
+    w->setToolTip(QString::fromUtf8(tip));
+    return w;
+}
+
 // Pixels of a size given in twips, at the screen's 96 dots per inch.
 int pixels(double twips) { return static_cast<int>(twips * 96.0 / 1440.0 + 0.5); }
 
@@ -45,13 +51,13 @@ MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWid
 
     auto* panel = named(new QGroupBox, "Processing");
     auto* form = new QFormLayout(panel);
-    form->addRow(QStringLiteral("Baseline correction:"), named(new QComboBox, "BaselineFit"));
-    form->addRow(QStringLiteral("Polynomial order (0-6):"), named(new QLineEdit, "BaselineOrder"));
-    form->addRow(QStringLiteral("Butterworth filter:"), named(new QComboBox, "FilterKind"));
-    form->addRow(QStringLiteral("Low corner (Hz):"), named(new QLineEdit, "LowCorner"));
-    form->addRow(QStringLiteral("High corner (Hz):"), named(new QLineEdit, "HighCorner"));
-    form->addRow(QStringLiteral("Filter order (1-8):"), named(new QLineEdit, "FilterOrder"));
-    form->addRow(QStringLiteral("Zero pads (s):"), named(new QLineEdit, "Pads"));
+    form->addRow(QStringLiteral("Baseline correction:"), tipped(named(new QComboBox, "BaselineFit"), "How the baseline is fitted and taken off the record"));
+    form->addRow(QStringLiteral("Polynomial order (0-6):"), tipped(named(new QLineEdit, "BaselineOrder"), "The order of the baseline polynomial (a whole number, 0 to 6)"));
+    form->addRow(QStringLiteral("Butterworth filter:"), tipped(named(new QComboBox, "FilterKind"), "The kind of Butterworth filter: none, low-pass, high-pass or band-pass"));
+    form->addRow(QStringLiteral("Low corner (Hz):"), tipped(named(new QLineEdit, "LowCorner"), "The low corner frequency of the filter, in Hz"));
+    form->addRow(QStringLiteral("High corner (Hz):"), tipped(named(new QLineEdit, "HighCorner"), "The high corner frequency of the filter, in Hz"));
+    form->addRow(QStringLiteral("Filter order (1-8):"), tipped(named(new QLineEdit, "FilterOrder"), "The order of the Butterworth filter (a whole number, 1 to 8)"));
+    form->addRow(QStringLiteral("Zero pads (s):"), tipped(named(new QLineEdit, "Pads"), "Zeros added before and after the record while it is filtered, in s"));
     form->addRow(QString(), named(new QCheckBox, "ZeroPhase"));
     auto* buttons = new QHBoxLayout;
     for (const char* b : {"Preview", "Apply", "Undo"}) buttons->addWidget(named(new QPushButton, b));
