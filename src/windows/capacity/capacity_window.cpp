@@ -114,6 +114,7 @@ void Form9::Command1_Click() {
     Fg.set_redraw(false);
     forms::FileDialogRequest request;
     request.filter = "Pushover File | *.txt";
+    request.title = "Capacity file";
     auto chosen = platform().file_dialog(request);
     if (!chosen) {
         // Cancel is reported as an error: only the pointer comes back.

@@ -40,7 +40,7 @@ void frmCurveCapacity::Form_Activate() {
 void frmCurveCapacity::cmdBrowse_Click() {
     forms::FileDialogRequest request;
     request.filter = "Pushover curve | *.xlsx;*.xls;*.csv;*.txt";
-    request.title = "Open";
+    request.title = "Pushover curve file";
     if (auto name = platform().file_dialog(request)) txtFile.set_text(*name);
 }
 

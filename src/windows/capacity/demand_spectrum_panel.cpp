@@ -48,6 +48,7 @@ std::optional<std::string> DemandSpectrumPanel::choose_file() {
     forms::FileDialogRequest request;
     request.filter = "*.txt";
     request.file_name = "*.txt";
+    request.title = "Demand spectrum file";
     return window_.platform().file_dialog(request);
 }
 

@@ -124,7 +124,7 @@ void Form6::Command1_Click() {
     Frame2.set_visible(false);
     forms::FileDialogRequest request;
     request.filter = "*.xls";
-    request.title = "Open";
+    request.title = "Pushover curve workbook";
     std::optional<std::string> name = platform().file_dialog(request);
     if (!name) return;  // cancel ends the handler; the clearing above stays
     if (!compute::pushover_file_has_own_layout(*name, true)) {

@@ -8,14 +8,16 @@
 
 namespace tv::windows {
 
-std::string open_txt_dialog(forms::Platform& platform) {
+std::string open_txt_dialog(forms::Platform& platform, const std::string& caption) {
     forms::FileDialogRequest req;
+    req.title = caption;
     req.file_name = "*.txt";
     return platform.file_dialog(req).value_or("*.txt");
 }
 
-std::string open_record_dialog(forms::Platform& platform) {
+std::string open_record_dialog(forms::Platform& platform, const std::string& caption) {
     forms::FileDialogRequest req;
+    req.title = caption;
     // Names as the networks and databases give them; the layout is told from the content.
     req.filter =
         "Records | *.txt;*.AT2;*.at2;*.VT2;*.DT2;*.V1;*.V2;*.v2;*.V2c;*.v2c;*.ASC;*.asc;*.smc;*.EW;*.NS;*.UD;*.EW1;"
@@ -24,8 +26,9 @@ std::string open_record_dialog(forms::Platform& platform) {
     return platform.file_dialog(req).value_or("*.txt");
 }
 
-std::string save_txt_dialog(forms::Platform& platform) {
+std::string save_txt_dialog(forms::Platform& platform, const std::string& caption) {
     forms::FileDialogRequest req;
+    req.title = caption;
     req.save = true;
     req.filter = "*.txt";
     req.file_name = "*.txt";

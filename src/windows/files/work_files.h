@@ -9,16 +9,18 @@
 
 namespace tv::windows {
 
+// Each dialog's caption says what it asks for; a batch run has no dialog and ignores it.
+
 /// Open dialog with the preset "*.txt": the chosen name, or "*.txt" when cancelled.
-std::string open_txt_dialog(forms::Platform& platform);
+std::string open_txt_dialog(forms::Platform& platform, const std::string& caption);
 
 /// The record road's open dialog: as open_txt_dialog, offering the files of every layout a
 /// record comes in.
-std::string open_record_dialog(forms::Platform& platform);
+std::string open_record_dialog(forms::Platform& platform, const std::string& caption);
 
 /// Save dialog with the preset "*.txt": the chosen name with ".txt" added when the upper-cased
 /// name holds no ".TXT", or "*.txt" when cancelled.
-std::string save_txt_dialog(forms::Platform& platform);
+std::string save_txt_dialog(forms::Platform& platform, const std::string& caption);
 
 /// Writes an export whole or not at all; a failure is the run-time error with the file's name.
 void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines);

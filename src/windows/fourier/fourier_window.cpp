@@ -290,10 +290,10 @@ void Form12::Command5_Click() {
     plot_amplitude();
 }
 
-void Form12::export_lines(std::string_view heading, forms::Grid& g, int first_col, int second_col,
-                          text::DoubleArray& first, text::DoubleArray& second) {
+void Form12::export_lines(const std::string& caption, std::string_view heading, forms::Grid& g, int first_col,
+                          int second_col, text::DoubleArray& first, text::DoubleArray& second) {
     ProjectState& s = state();
-    std::string name = save_txt_dialog(platform());
+    std::string name = save_txt_dialog(platform(), caption);
     if (name == "*.txt") return;
     s.fileName = name;
     std::vector<std::string> lines{std::string(heading)};
@@ -309,7 +309,7 @@ void Form12::export_lines(std::string_view heading, forms::Grid& g, int first_co
 
 void Form12::Command4_Click() {
     if (looping_) return;
-    export_lines(compute::kHistoryHeading, Grid2, 0, 1, state().accelX1, state().accelY1);
+    export_lines("Export rebuilt history", compute::kHistoryHeading, Grid2, 0, 1, state().accelX1, state().accelY1);
 }
 
 void Form12::Command9_Click() {
@@ -318,7 +318,7 @@ void Form12::Command9_Click() {
     // The count of the last sum, not of the step an Accel may have widened since.
     s.accelX2.redim(n);
     s.accelY2.redim(n);
-    export_lines(compute::kSpectrumHeading, Grid1, 3, 2, s.accelX2, s.accelY2);
+    export_lines("Export Fourier amplitudes", compute::kSpectrumHeading, Grid1, 3, 2, s.accelX2, s.accelY2);
 }
 
 void Form12::Command8_Click() {

@@ -74,8 +74,8 @@ private:
     // The sums let pending events run; a click that comes in meanwhile must not start another.
     bool looping_ = false;
     void plot_amplitude();
-    void export_lines(std::string_view heading, forms::Grid& grid, int first_col, int second_col,
-                      text::DoubleArray& first, text::DoubleArray& second);
+    void export_lines(const std::string& caption, std::string_view heading, forms::Grid& grid, int first_col,
+                      int second_col, text::DoubleArray& first, text::DoubleArray& second);
 };
 
 /// Form13 ("Omega Calculator"): an omega from a period, for Form12's omega limit.

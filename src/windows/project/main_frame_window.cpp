@@ -58,7 +58,8 @@ void frmMain::menu_open_Click() {
 
 void open_record_file(Program& program, double first_line, bool reset_on_cancel) {
     ProjectState& s = program.state;
-    std::string name = open_record_dialog(program.platform());
+    std::string name = open_record_dialog(
+        program.platform(), "Record " + std::to_string(s.currentRecord) + ": " + s.componentLetter + " component");
     if (name == "*.txt") {
         if (reset_on_cancel) s.recordCount = 0;
         return;

@@ -193,7 +193,7 @@ void Form4::picNemodar_MouseMove(double x, double) {
 void Form4::Command3_Click() {
     ProjectState& s = state();
     if (activated != 1) return;
-    std::string name = save_txt_dialog(platform());
+    std::string name = save_txt_dialog(platform(), "Export scaled records and spectra");
     if (name != "*.txt") {
         s.fileName = name;
         platform().set_busy(true);

@@ -103,7 +103,7 @@ void Form2::Command1_Click() {
 
 void Form2::Command3_Click() {
     ProjectState& s = state();
-    std::string name = open_txt_dialog(platform());
+    std::string name = open_txt_dialog(platform(), "Design spectrum file");
     if (name != "*.txt") {
         s.fileName = name;
         platform().set_busy(true);

@@ -143,7 +143,7 @@ void Form3::Command4_Click() {
 void Form3::Command5_Click() {
     ProjectState& s = state();
     if (calculated == 1) {
-        std::string name = save_txt_dialog(platform());
+        std::string name = save_txt_dialog(platform(), "Export records and response spectra");
         if (name != "*.txt") {
             s.fileName = name;
             platform().set_busy(true);

@@ -55,6 +55,9 @@ TEST_F(ProjectTest, CancelAfterTheXFileResetsTheCountAndTheNextOpenAsksAgain) {
     EXPECT_EQ(state().componentLetter, "Y");
     open();  // dialog cancelled
     EXPECT_EQ(state().recordCount, 0);
+    // Each dialog says which file it asks for.
+    EXPECT_EQ(platform.file_requests[0].title, "Record 1: X component");
+    EXPECT_EQ(platform.file_requests[1].title, "Record 1: Y component");
 
     platform.input_answers = {"1", "1"};
     open();  // asks both prompts again, and is cancelled again
