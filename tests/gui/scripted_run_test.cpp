@@ -30,6 +30,9 @@
 #include "support/fake_platform.h"
 #include "windows/program.h"
 #include "windows/coefficient/pushover_window.h"
+#include "windows/spectra/comparison_window.h"
+#include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/response_spectrum_window.h"
 #include "windows/project/about_window.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
@@ -236,6 +239,41 @@ TEST_F(ScriptedRun, NextOnTheLastRecordOpensTheNextWindowBeside) {
     EXPECT_TRUE(windows[1]->isVisible());
     EXPECT_EQ(platform.mdi_area()->activeSubWindow(), windows[1]);
     test::save_shot(*frame, "run_5_next");
+}
+
+TEST_F(ScriptedRun, TheGuidesPicturesAtALaptopsSize) {
+    // The record road and both procedures in a frame of 1366 x 768, the record window once
+    // maximised; scripts/make-screenshot copies them into docs/images.
+    frame->resize(1366, 768);
+    test::settle();
+    open_record();
+    windows::Form1& f1 = program.form<windows::Form1>();
+    auto* first = in_form1<QLineEdit>("Xfline");
+    first->selectAll();
+    QTest::keyClicks(first, "5");
+    click(f1, "Command2");
+    QMdiSubWindow* record = platform.mdi_area()->activeSubWindow();
+    ASSERT_NE(record, nullptr);
+    record->showMaximized();
+    test::settle();
+    test::save_shot(*frame, "guide_record_maximised");
+    record->showNormal();
+    click(f1, "xnext");
+    auto& f2 = program.form<windows::Form2>();
+    click(f2, "Command1");
+    test::save_shot(*frame, "guide_design_spectrum");
+    click(f2, "xnext");
+    auto& f3 = program.form<windows::Form3>();
+    click(f3, "Command1");
+    test::save_shot(*frame, "guide_response_spectrum");
+    click(f3, "Command4");
+    click(program.form<windows::Form4>(), "Command1");
+    test::save_shot(*frame, "guide_comparison");
+    choose("PUSHOVER");
+    test::save_shot(*frame, "guide_coefficient");
+    choose("menu_adrs");
+    test::save_shot(*frame, "guide_capacity");
+    EXPECT_TRUE(platform.runtime_errors.empty());
 }
 
 TEST_F(ScriptedRun, FilesOnTheCommandLineGoTheOpenAddRecordRoad) {
