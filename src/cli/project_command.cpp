@@ -5,6 +5,7 @@
 #include "cli/batch_platform.h"
 #include "cli/commands.h"
 #include "cli/session.h"
+#include "compute/files/file_reader.h"
 #include "forms/journal_platform.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/project_file.h"
@@ -45,6 +46,10 @@ int run_project(const std::vector<std::string>& args, std::ostream& out, std::os
     if (files.size() != 1) {
         err << "tremorvault-cli project: give one project file\n" << kProjectUsage;
         return kUsage;
+    }
+    if (const compute::FileStatus there = compute::check_input_file(files.front()); !there.ok()) {
+        err << "tremorvault-cli: " << files.front() << ": " << there.reason << '\n';
+        return kFailed;
     }
     windows::ProjectRead read = windows::read_project(files.front());
     if (!read.content) {

@@ -56,8 +56,10 @@ QString ProjectKeeper::recovery_path() const {
 }
 
 void ProjectKeeper::show_title() {
-    const QString name = path_.isEmpty() ? tr("Untitled") : QFileInfo(path_).completeBaseName();
-    frame_->set_caption((name + QStringLiteral("[*] - Tremorvault")).toStdString());
+    // Before the first save the frame keeps its own caption; the mark shows all the same.
+    const QString title = path_.isEmpty() ? QStringLiteral("Tremorvault[*]")
+                                          : QFileInfo(path_).completeBaseName() + QStringLiteral("[*] - Tremorvault");
+    frame_->set_caption(title.toStdString());
     if (QMainWindow* w = screen_->frame()) w->setWindowModified(platform_->journal().modified());
 }
 

@@ -479,7 +479,12 @@ ProjectOpened open_project(Program& program, forms::JournalPlatform& platform, c
 
     opened.differences = std::move(done.problems);
     Compare cmp{{done.substituted.begin(), done.substituted.end()}, opened.differences};
-    cmp.windows(json::parse(project.results), results_of(program));
+    try {
+        cmp.windows(json::parse(project.results), results_of(program));
+    } catch (const json::exception&) {
+        // A hand-edited table of the wrong shape: nothing to compare it with.
+        opened.differences.push_back("The results kept in the file are not in a form that can be compared");
+    }
     return opened;
 }
 
