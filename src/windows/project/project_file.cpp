@@ -462,10 +462,13 @@ ProjectOpened open_project(Program& program, forms::JournalPlatform& platform, c
     }
 
     close_work(program, platform);
-    char scratch[] = "/tmp/tremorvault-replay-XXXXXX";
-    const bool have_scratch = mkdtemp(scratch) != nullptr;
+    std::error_code tmp_error;
+    std::string scratch = (fs::temp_directory_path(tmp_error) / "tremorvault-replay-XXXXXX").string();
+    const bool have_scratch = !tmp_error && mkdtemp(scratch.data()) != nullptr;
     forms::JournalPlatform::ReplayFiles files;
-    files.scratch_folder = have_scratch ? scratch : fs::temp_directory_path().string();
+    // Without a scratch folder of its own a replay saves nothing: the saves fail as in a folder
+    // that is not there.
+    files.scratch_folder = have_scratch ? scratch : "/nonexistent/tremorvault-replay";
     files.open = [&where](const std::string& recorded) -> std::optional<std::string> {
         auto it = where.find(recorded);
         return it == where.end() ? std::optional<std::string>(recorded) : it->second;
