@@ -18,6 +18,7 @@ const char* kUsage =
     "  capacity     capacity spectrum method: performance point\n"
     "  nsp          nonlinear static procedures side by side on one pushover curve\n"
     "  measures     intensity, duration and period measures of records, with optional processing\n"
+    "  project      a saved project's work done again and checked against its kept results\n"
     "options: --help (also after a command), --version\n";
 
 }  // namespace
@@ -44,6 +45,7 @@ int main(int argc, char** argv) {
     if (command == "nsp") return tv::cli::run_nsp(rest, std::cout, std::cerr);
     if (command == "measures") return tv::cli::run_measures(rest, std::cout, std::cerr);
     if (command == "fourier") return tv::cli::run_fourier(rest, std::cout, std::cerr);
+    if (command == "project") return tv::cli::run_project(rest, std::cout, std::cerr);
     std::cerr << "tremorvault-cli: unknown command '" << command << "'\n" << kUsage;
     return tv::cli::kUsage;
 }

@@ -79,6 +79,19 @@ void App::run(const std::function<void()>& handler) {
     if (--depth_ == 0) unloaded_.clear();
 }
 
+void App::perform(Form& form, const Action& action) {
+    const Control* c = form.find(action.control);
+    if (journal_ != nullptr && (action.kind == ActionKind::Close || (c != nullptr && c->journaled)))
+        journal_->add(Step{depth_, action});
+    run([&form, &action] { forms::perform(form, action); });
+}
+
+Form* App::loaded_named(const std::string& name) const {
+    for (Form* f : order_)
+        if (f->name() == name) return f;
+    return nullptr;
+}
+
 void App::end() {
     ended_ = true;
     platform_->end_program();

@@ -2,12 +2,14 @@
 // The running program: its platform and its loaded windows. Referring to a window loads it with
 // its defaults, as the old program did; unloading runs Form_Unload and its chain.
 #include <functional>
+#include <string>
 #include <memory>
 #include <typeindex>
 #include <unordered_map>
 #include <vector>
 
 #include "forms/form.h"
+#include "forms/journal.h"
 #include "forms/platform.h"
 
 namespace tv::forms {
@@ -62,6 +64,15 @@ public:
     /// Runs one user event: a run-time error that the handler did not trap is reported as
     /// "Run-time error" and the program goes on with the state as far as it got.
     void run(const std::function<void()>& handler);
+    /// A user's action on a window, as a view hands it on: kept in the journal (when one is
+    /// set and the control is part of the work), then run as any user event.
+    void perform(Form& form, const Action& action);
+    void set_journal(Journal* journal) { journal_ = journal; }
+    Journal* journal() const { return journal_; }
+    /// The user events running now.
+    int depth() const { return depth_; }
+    /// A loaded window by its name; null when none.
+    Form* loaded_named(const std::string& name) const;
     /// Exit: unloads nothing, asks nothing.
     void end();
     bool ended() const { return ended_; }
@@ -77,6 +88,7 @@ private:
     std::vector<const Form*> unloading_;
     int depth_ = 0;
     bool ended_ = false;
+    Journal* journal_ = nullptr;
 };
 
 }  // namespace tv::forms

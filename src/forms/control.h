@@ -35,6 +35,10 @@ public:
     bool visible() const { return visible_; }
     void set_visible(bool on);
 
+    /// The user's actions on it are part of the work a project keeps (not so the project's own
+    /// menu entries).
+    bool journaled = true;
+
     /// Called after every change of the control's state, for the view bound to it.
     std::function<void()> changed;
 

@@ -4,11 +4,14 @@
 #include <QCommandLineParser>
 #include <QStyleFactory>
 #include <QTimer>
+#include <memory>
 
 #include "gui/platform/qt_platform.h"
 #include "gui/platform/view_registry.h"
 #include "gui/project/app_icon.h"
+#include "forms/journal_platform.h"
 #include "gui/project/command_line_files.h"
+#include "gui/project/project_keeper.h"
 #include "gui/views.h"
 #include "windows/program.h"
 #include "windows/project/about_window.h"
@@ -43,16 +46,25 @@ int main(int argc, char** argv) {
     tv::gui::QtPlatform platform(views);
     int status = 0;
     {
-        tv::windows::Program program(platform);
+        // The user's steps and the dialogs' answers are kept, for the project files.
+        tv::forms::Journal journal;
+        tv::forms::JournalPlatform journaled(platform, journal);
+        tv::windows::Program program(journaled);
+        program.set_journal(&journal);
+        std::unique_ptr<tv::gui::ProjectKeeper> keeper;
         program.run([&program] { tv::windows::start(program); });
         // Without its frame the program has nothing to show: the error was reported already.
         if (platform.frame() == nullptr) {
             status = 1;
         } else if (!program.ended()) {
+            keeper = std::make_unique<tv::gui::ProjectKeeper>(platform, journaled, program);
             // Once the frame stands on the screen, so that the prompts stand over it.
-            if (!files.isEmpty())
-                QTimer::singleShot(0, &platform, [&platform, &files] { tv::gui::open_command_line_files(platform, files); });
+            QTimer::singleShot(0, &platform, [&platform, &files, k = keeper.get()] {
+                k->offer_recovery();
+                if (!files.isEmpty()) tv::gui::open_command_line_files(platform, files);
+            });
             status = QApplication::exec();
+            keeper->clean_exit();
         }
         platform.release_views();
     }

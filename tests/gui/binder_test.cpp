@@ -169,6 +169,23 @@ TEST_F(BinderTest, TypingReachesTheModelAndFiresChangePerKey) {
     EXPECT_EQ(form.changes, 2);
 }
 
+TEST_F(BinderTest, TheUsersStepsAreKeptAndTheModelsAreNot) {
+    forms::Journal journal;
+    app.set_journal(&journal);
+    text->setFocus();
+    text->end(false);
+    QTest::keyClicks(text, "1");
+    QTest::mouseClick(check, Qt::LeftButton, {}, on_box(check));
+    form.Text1.set_text("0.01");
+    app.set_journal(nullptr);
+    ASSERT_EQ(journal.steps().size(), 2u);
+    const auto& typed = std::get<forms::Action>(journal.steps()[0].what);
+    EXPECT_EQ(typed.kind, forms::ActionKind::Text);
+    EXPECT_EQ(typed.form + "." + typed.control + "=" + typed.text, "KindsForm.Text1=0.0051");
+    EXPECT_EQ(std::get<forms::Action>(journal.steps()[1].what).kind, forms::ActionKind::Tick);
+    EXPECT_TRUE(journal.modified());
+}
+
 TEST_F(BinderTest, ModelTextReachesTheWidgetWithoutAnEcho) {
     form.Text1.set_text("0.01");
     EXPECT_EQ(text->text(), "0.01");

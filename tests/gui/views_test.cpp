@@ -72,8 +72,9 @@ TEST_F(ViewsTest, MainFrame) {
     EXPECT_EQ(top[2]->text(), "&About");
     QStringList entries;
     for (QAction* a : top[0]->menu()->actions()) entries << (a->isSeparator() ? QStringLiteral("-") : a->text());
-    EXPECT_EQ(entries, QStringList({"&Open/Add Record", "-", "&Coefficient Method", "-", "Capacity &Spec Method",
-                                    "-", "&Exit"}));
+    EXPECT_EQ(entries, QStringList({"&Open/Add Record", "-", "&Coefficient Method", "-", "Capacity Spec &Method", "-",
+                                    "Open &Project...", "&Save Project", "Save Project &As...",
+                                    "Recent Pro&jects", "-", "&Exit"}));
     main->resize(900, 560);
     test::save_shot(w, "frmMain");
 }

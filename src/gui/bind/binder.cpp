@@ -27,6 +27,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <type_traits>
 
 #include "forms/app.h"
@@ -166,6 +167,18 @@ void Binder::dispatch(Binding& b, const std::function<void()>& handler) {
     }
 }
 
+void Binder::perform(Binding& b, forms::Action action) {
+    forms::Form& form = b.control->form();
+    action.form = form.name();
+    action.control = b.control->name();
+    QPointer<Binder> self(this);
+    app_->perform(form, action);
+    if (self && self->attached_) {
+        Guard g(pushing_);
+        push(b);
+    }
+}
+
 void Binder::push_common(Binding& b) {
     if (QWidget* w = b.widget()) {
         // Only the widget's own flag: a disabled parent frame keeps its children greyed anyway.
@@ -212,8 +225,8 @@ struct Binder::Kinds {
         return w;
     }
 
-    /// A user event: `signal` of `w`, unless the model is being shown, runs `act(control,
-    /// signal arguments...)` through the dispatcher.
+    /// A user event: `signal` of `w`, unless the model is being shown, is the action
+    /// `act(control, signal arguments...)` (none when it gives nullopt), kept and performed.
     template <class C, class W, class Sender, class... Args, class Act>
     static void listen(Binder& self, Binding& b, W* w, void (Sender::*signal)(Args...), Act act) {
         Binder* s = &self;
@@ -221,8 +234,15 @@ struct Binder::Kinds {
         auto& c = static_cast<C&>(*b.control);
         QObject::connect(w, signal, s, [s, bp, &c, act](std::decay_t<Args>... args) {
             if (s->pushing_ || !s->attached_) return;
-            s->dispatch(*bp, [&] { act(c, args...); });
+            if (std::optional<forms::Action> a = act(c, args...)) s->perform(*bp, std::move(*a));
         });
+    }
+    static std::optional<forms::Action> doing(forms::ActionKind kind, std::string text = {}, int value = 0) {
+        forms::Action a;
+        a.kind = kind;
+        a.text = std::move(text);
+        a.value = value;
+        return a;
     }
 
     static void text_box(Binder& self, Binding& b) {
@@ -232,14 +252,14 @@ struct Binder::Kinds {
                 if (w.text() != t) w.setText(t);
                 w.setReadOnly(c.locked);
             })) {
-            listen<C>(self, b, le, &QLineEdit::textEdited, [](C& c, const QString& t) { c.set_text(t.toStdString()); });
+            listen<C>(self, b, le, &QLineEdit::textEdited, [](C&, const QString& t) { return doing(forms::ActionKind::Text, t.toStdString()); });
         } else if (auto* pe = show<QPlainTextEdit, C>(self, b, [](QPlainTextEdit& w, C& c) {
                        const QString t = qs(c.text());
                        if (w.toPlainText() != t) w.setPlainText(t);
                        w.setReadOnly(c.locked);
                    })) {
             listen<C>(self, b, pe, &QPlainTextEdit::textChanged,
-                      [pe](C& c) { c.set_text(pe->toPlainText().toStdString()); });
+                      [pe](C&) { return doing(forms::ActionKind::Text, pe->toPlainText().toStdString()); });
         }
     }
 
@@ -261,7 +281,7 @@ struct Binder::Kinds {
                 s->show_caption(&w, w.text(), c.caption());
                 w.setCheckState(c.value() == 1 ? Qt::Checked : c.value() == 2 ? Qt::PartiallyChecked : Qt::Unchecked);
             }))
-            listen<C>(self, b, cb, &QCheckBox::clicked, [](C& c, bool) { c.user_click(); });
+            listen<C>(self, b, cb, &QCheckBox::clicked, [](C&, bool) { return doing(forms::ActionKind::Tick); });
     }
 
     static void option(Binder& self, Binding& b) {
@@ -273,7 +293,7 @@ struct Binder::Kinds {
             })) {
             // The model clears the other options of the container.
             rb->setAutoExclusive(false);
-            listen<C>(self, b, rb, &QRadioButton::clicked, [](C& c, bool) { c.user_click(); });
+            listen<C>(self, b, rb, &QRadioButton::clicked, [](C&, bool) { return doing(forms::ActionKind::Option); });
         }
     }
 
@@ -283,7 +303,7 @@ struct Binder::Kinds {
         if (auto* pb = show<QAbstractButton, C>(self, b, [s](QAbstractButton& w, C& c) {
                 s->show_caption(&w, w.text(), c.caption());
             }))
-            listen<C>(self, b, pb, &QAbstractButton::clicked, [](C& c, bool) { c.press(); });
+            listen<C>(self, b, pb, &QAbstractButton::clicked, [](C&, bool) { return doing(forms::ActionKind::Press); });
     }
 
     static void combo(Binder& self, Binding& b) {
@@ -301,11 +321,12 @@ struct Binder::Kinds {
             if (w.isEditable() && w.currentText() != qs(c.text())) w.setEditText(qs(c.text()));
         });
         if (cb == nullptr) return;
-        listen<C>(self, b, cb, &QComboBox::activated, [](C& c, int i) { c.set_list_index(i); });
+        listen<C>(self, b, cb, &QComboBox::activated, [](C&, int i) { return doing(forms::ActionKind::Pick, {}, i); });
         // Only an editable box has a line to type in, and only it sends edited text.
-        listen<C>(self, b, cb, &QComboBox::editTextChanged, [](C& c, const QString& t) {
+        listen<C>(self, b, cb, &QComboBox::editTextChanged, [](C& c, const QString& t) -> std::optional<forms::Action> {
             const std::string text = t.toStdString();
-            if (c.text() != text) c.set_text(text);
+            if (c.text() == text) return std::nullopt;
+            return doing(forms::ActionKind::Text, text);
         });
     }
 
@@ -331,7 +352,7 @@ struct Binder::Kinds {
                 w.setRange(c.min(), c.max());
                 w.setValue(c.value());
             }))
-            listen<C>(self, b, sl, &QSlider::valueChanged, [](C& c, int v) { c.set_value(v); });
+            listen<C>(self, b, sl, &QSlider::valueChanged, [](C&, int v) { return doing(forms::ActionKind::Slide, {}, v); });
     }
 
     static void scroll_bar(Binder& self, Binding& b) {
@@ -342,11 +363,8 @@ struct Binder::Kinds {
                 w.setValue(c.value());
             }))
             // A drag of the thumb is Scroll; arrows, page clicks and keys are Change.
-            listen<C>(self, b, sb, &QScrollBar::valueChanged, [sb](C& c, int v) {
-                if (sb->isSliderDown())
-                    c.user_scroll(v);
-                else
-                    c.set_value(v);
+            listen<C>(self, b, sb, &QScrollBar::valueChanged, [sb](C&, int v) {
+                return doing(sb->isSliderDown() ? forms::ActionKind::Drag : forms::ActionKind::Scroll, {}, v);
             });
     }
 
@@ -414,7 +432,7 @@ struct Binder::Kinds {
             action->setEnabled(menu.enabled());
             action->setVisible(menu.visible());
         };
-        listen<C>(self, b, action, &QAction::triggered, [](C& c, bool) { c.choose(); });
+        listen<C>(self, b, action, &QAction::triggered, [](C&, bool) { return doing(forms::ActionKind::Menu); });
     }
 
     static Bind of(ControlKind kind) {
@@ -520,19 +538,23 @@ void Binder::bind_grid(Binding& b) {
         }
         bp->shown_selection = chosen;
         if (chosen == grid.selected_rows()) return;
-        dispatch(*bp, [&grid, &chosen] { grid.set_selected_rows(chosen); });
+        forms::Action a;
+        a.kind = forms::ActionKind::Rows;
+        a.rows.assign(chosen.begin(), chosen.end());
+        perform(*bp, std::move(a));
     });
     connect(tv->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this, bp, &grid](const QModelIndex& now) {
+            [this, bp](const QModelIndex& now) {
                 if (pushing_ || !attached_ || !now.isValid()) return;
                 const int r = bp->table->grid_row(now.row());
                 const int c = bp->table->grid_col(now.column());
                 bp->shown_row = r;
                 bp->shown_col = c;
-                dispatch(*bp, [&grid, r, c] {
-                    if (r >= 0) grid.set_row(r);
-                    if (c >= 0) grid.set_col(c);
-                });
+                forms::Action a;
+                a.kind = forms::ActionKind::Cell;
+                a.value = r;
+                a.col = c;
+                perform(*bp, std::move(a));
             });
     tv->viewport()->installEventFilter(this);
     // Ctrl+C and the table's context menu copy it as tab-separated text with its heading row;
@@ -631,7 +653,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         Binding* b = binding_of(ql);
         if (b != nullptr && me->button() == Qt::LeftButton) {
             auto& label = static_cast<forms::Label&>(*b->control);
-            if (label.Click) dispatch(*b, [&label] { label.click(); });
+            if (label.Click) perform(*b, *Kinds::doing(forms::ActionKind::Label));
         }
         return false;
     }

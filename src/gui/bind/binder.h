@@ -12,6 +12,8 @@
 
 class QWidget;
 
+#include "forms/journal.h"
+
 namespace tv::forms {
 class App;
 class Control;
@@ -61,6 +63,8 @@ private:
     /// A user event: runs `handler` through the dispatcher, then shows the control's state
     /// again, since the widget may have moved on its own (a radio button unticked by a click).
     void dispatch(Binding& b, const std::function<void()>& handler);
+    /// A user's action on the control: kept in the App's journal and performed as dispatch does.
+    void perform(Binding& b, forms::Action action);
     Binding* binding_of(const QObject* target);
 
     void bind_grid(Binding& b);

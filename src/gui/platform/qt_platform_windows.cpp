@@ -273,9 +273,17 @@ bool QtPlatform::eventFilter(QObject* watched, QEvent* event) {
     event->ignore();
     forms::App* app = s->app;
     forms::Form* form = s->form;
-    app->run([app, form] {
-        if (app->is_loaded(*form)) app->unload(*form);
-    });
+    if (s->is_frame) {
+        app->run([app, form] {
+            if (app->is_loaded(*form)) app->unload(*form);
+        });
+    } else {
+        // A window closed is a step of the work, kept as the others are.
+        forms::Action close;
+        close.kind = forms::ActionKind::Close;
+        close.form = form->name();
+        app->perform(*form, close);
+    }
     return true;
 }
 

@@ -23,6 +23,9 @@ frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", kMainF
     // The two methods need no record.
     PUSHOVER.Click = [this] { program().form<Form6>().show(); };
     menu_adrs.Click = [this] { program().form<Form9>().show(); };
+    // Keeping, opening and leaving are no steps of the work a project holds.
+    for (forms::Menu* m : {&menu_exit, &menu_open_project, &menu_save_project, &menu_save_project_as, &menu_recent_projects})
+        m->journaled = false;
 }
 
 frmMain& start(Program& program) {

@@ -17,6 +17,12 @@ public:
     forms::Menu& sp6 = menu("sp6", "-", &menu_file);
     forms::Menu& menu_exit = menu("menu_exit", "Exit", &menu_file);
     forms::Menu& help = menu("help", "About");
+    // The project's own entries; the desktop front end gives them their work.
+    forms::Menu& menu_open_project = menu("menu_open_project", "Open &Project...", &menu_file);
+    forms::Menu& menu_save_project = menu("menu_save_project", "&Save Project", &menu_file);
+    forms::Menu& menu_save_project_as = menu("menu_save_project_as", "Save Project &As...", &menu_file);
+    forms::Menu& menu_recent_projects = menu("menu_recent_projects", "Recent Pro&jects", &menu_file);
+    forms::Menu& sp7 = menu("sp7", "-", &menu_file);
 
     /// recordCount kept as a number by the opening routine.
     double recordCountNumber = 0;

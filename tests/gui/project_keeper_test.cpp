@@ -1,0 +1,119 @@
+// A project opened from the menu's side: the road done again on the real views, the title bar's
+// name and unsaved mark.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QAction>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QMainWindow>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include "forms/journal_platform.h"
+#include "gui/platform/view_registry.h"
+#include "gui/project/project_keeper.h"
+#include "gui/views.h"
+#include "gui_fixture.h"
+#include "support/fake_platform.h"
+#include "support/files.h"
+#include "windows/capacity/capacity_window.h"
+#include "windows/project/project_file.h"
+#include "windows/project/record_input_window.h"
+#include "windows/spectra/design_spectrum_window.h"
+#include "windows/spectra/response_spectrum_window.h"
+#include "windows/project/main_frame_window.h"
+
+namespace tv::gui {
+namespace {
+
+class KeptProject : public ::testing::Test {
+protected:
+    KeptProject() : platform(views), journaled(platform, journal), program(journaled) {
+        QStandardPaths::setTestModeEnabled(true);  // the recent list goes to a test folder
+        register_views(views);
+        program.set_journal(&journal);
+        program.run([this] { windows::start(program); });
+    }
+    ~KeptProject() override { platform.release_views(); }
+
+    void click(const forms::Form& form, const char* name) {
+        auto* b = platform.view_of(form)->findChild<QPushButton*>(name);
+        ASSERT_NE(b, nullptr) << name;
+        QTest::mouseClick(b, Qt::LeftButton);
+        test::settle();
+    }
+
+    ViewRegistry views;
+    test::ScriptedPlatform platform;
+    forms::Journal journal;
+    forms::JournalPlatform journaled;
+    windows::Program program;
+};
+
+TEST_F(KeptProject, TheCapacityRoadComesBackOnTheScreenUnmodified) {
+    ProjectKeeper keeper(platform, journaled, program);
+    // A message after opening would mean a difference: it is closed so that the test ends.
+    QTimer::singleShot(20000, [] {
+        if (QWidget* w = QApplication::activeModalWidget()) w->close();
+    });
+    keeper.open_path(QStringLiteral(TV_SOURCE_DIR "/tests/projects/capacity.tvproj"));
+    test::settle();
+    auto* f9 = program.if_loaded<windows::Form9>();
+    ASSERT_NE(f9, nullptr);
+    auto* re1 = platform.view_of(*f9)->findChild<QLineEdit*>("Re1");
+    ASSERT_NE(re1, nullptr);
+    EXPECT_EQ(re1->text(), "254.9210");
+    QMainWindow* frame = platform.frame();
+    EXPECT_EQ(frame->windowTitle(), "capacity[*] - Tremorvault");
+    EXPECT_FALSE(frame->isWindowModified());
+    forms::Action pick;
+    pick.kind = forms::ActionKind::Option;
+    pick.form = "Form9";
+    pick.control = "Op1";
+    program.perform(*f9, pick);
+    EXPECT_TRUE(frame->isWindowModified());
+    EXPECT_EQ(ProjectKeeper::recent().value(0), QStringLiteral(TV_SOURCE_DIR "/tests/projects/capacity.tvproj"));
+}
+
+// The road as a user takes it on the views, key by key, then saved and opened on fresh windows.
+TEST_F(KeptProject, ARoadTakenOnTheViewsComesBackWithTheSameNumbers) {
+    const std::string x = test::data_path("records/northridge1994_rinaldi_228.txt");
+    const std::string y = test::data_path("records/northridge1994_rinaldi_318.txt");
+    if (x.empty() || y.empty()) GTEST_SKIP() << "record files not found";
+    platform.inputs = {"1", "5"};
+    platform.files = {x, y};
+    auto* open = platform.frame()->findChild<QAction*>("menu_open");
+    open->trigger();
+    open->trigger();
+    test::settle();
+    auto& f1 = program.form<windows::Form1>();
+    auto* scale = platform.view_of(f1)->findChild<QLineEdit*>("xscale");
+    scale->selectAll();
+    QTest::keyClicks(scale, "1.5");
+    click(f1, "Command2");
+    click(f1, "xnext");
+    click(program.form<windows::Form2>(), "Command1");
+    click(program.form<windows::Form2>(), "xnext");
+    click(program.form<windows::Form3>(), "Command1");
+    ASSERT_GT(program.state.specX1.raw().size(), 1u);
+    test::TempDir dir;
+    const std::string path = dir.file("road.tvproj");
+    ASSERT_TRUE(windows::save_project(program, journal, path).ok());
+
+    test::FakePlatform fake;
+    forms::Journal again;
+    forms::JournalPlatform replaying(fake, again);
+    windows::Program fresh(replaying);
+    fresh.set_journal(&again);
+    windows::start(fresh);
+    const windows::ProjectOpened opened =
+        windows::open_project(fresh, replaying, *windows::read_project(path).content, path, nullptr);
+    EXPECT_TRUE(opened.clean()) << opened.message();
+    EXPECT_EQ(fresh.state.specX1.raw(), program.state.specX1.raw());
+    EXPECT_GT(again.steps().size(), 10u);
+}
+
+}  // namespace
+}  // namespace tv::gui
