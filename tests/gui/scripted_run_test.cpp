@@ -24,6 +24,7 @@
 
 #include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
+#include "gui/chart/chart_card.h"
 #include "gui/platform/view_registry.h"
 #include "gui/project/command_line_files.h"
 #include "gui/views.h"
@@ -244,6 +245,8 @@ TEST_F(ScriptedRun, AMaximisedWindowGrowsItsChartWhichZoomsAndHasAMenu) {
     QStringList menu;
     for (QAction* a : in_form1<QWidget>("chartPanel")->actions()) menu << a->text();
     EXPECT_EQ(menu, QStringList({"&Copy Image", "Save &Image...", "Save &Data..."}));
+    EXPECT_TRUE(chart_image(*container, false).startsWith("\x89PNG"));
+    EXPECT_TRUE(chart_image(*container, true).contains("<svg"));
 
     // The wheel zooms in, a double-click goes back to 1X.
     const QPointF at(plot->width() / 2.0, plot->height() / 2.0);
