@@ -342,8 +342,8 @@ void PictureView::follow_model() {
             setFixedSize(size);
         }
     } else {
-        const QPoint at(twips_to_px(picture_->left() * place_.width(), this),
-                        twips_to_px(picture_->top() * place_.height(), this));
+        const QPoint at(twips_to_px(origin_.x() + (picture_->left() - origin_.x()) * place_.width(), this),
+                        twips_to_px(origin_.y() + (picture_->top() - origin_.y()) * place_.height(), this));
         if (geometry() != QRect(at, size)) setGeometry(QRect(at, size));
     }
 }
@@ -354,8 +354,9 @@ QSize PictureView::sizeHint() const {
             twips_to_px(picture_->height() * stretch_.height(), this)};
 }
 
-void PictureView::set_stretch(QSizeF content, QSizeF place) {
-    if (content == stretch_ && place == place_) return;
+void PictureView::set_stretch(QSizeF content, QSizeF place, QPointF origin) {
+    if (content == stretch_ && place == place_ && origin == origin_) return;
+    origin_ = origin;
     stretch_ = content;
     place_ = place;
     follow_model();

@@ -95,8 +95,9 @@ public:
     void follow_model();
 
     /// Drawn larger than the model's twips: `content` stretches the drawing and the size,
-    /// `place` the position in the container. The mouse reads in the model's twips still.
-    void set_stretch(QSizeF content, QSizeF place);
+    /// `place` the position in the container away from `origin` (twips of the container). The
+    /// mouse reads in the model's twips still.
+    void set_stretch(QSizeF content, QSizeF place, QPointF origin = {});
     QSizeF stretch() const { return stretch_; }
     /// In a layout: the model's size is the least, the widget takes what room it is given.
     void set_grows(bool grows);
@@ -129,6 +130,7 @@ private:
     std::vector<const forms::Control*> overlays_;
     QSizeF stretch_{1, 1};
     QSizeF place_{1, 1};
+    QPointF origin_{0, 0};
     bool grows_ = false;
 
     // The recorded operations painted once; the overlays (cross-hairs) go on top at each paint.

@@ -35,24 +35,13 @@ void run_on_model(QWidget& w, forms::App& app, const std::function<void()>& acti
     app.run(action);
 }
 
-// Every box layout on the way down to the widget gives its item the stretch.
-void stretch_towards(QLayout* layout, QWidget& w) {
-    auto* box = qobject_cast<QBoxLayout*>(layout);
-    for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
-        QLayoutItem* item = layout->itemAt(i);
-        if (item->widget() != &w && !layout_holds(item->layout(), &w)) continue;
-        if (box != nullptr) box->setStretch(i, 1);
-        stretch_towards(item->layout(), w);
-        return;
-    }
-}
-
-// The chart takes the room of its container: the plot's viewport and the strips beside it are
-// drawn wider and taller, texts at their size.
+// A chart takes the room of its container: the frame (the plot's viewport, or the plot) and the
+// strips beside it are drawn wider and taller, texts at their size; the rest of the container
+// (the strips' own width and height) stays as it is.
 class ChartGrowth : public QObject {
 public:
-    ChartGrowth(PictureView& container, QScrollBar& scroll, const windows::Chart& chart)
-        : QObject(&container), container_(container), scroll_(scroll), chart_(chart) {
+    ChartGrowth(PictureView& container, const GrowingChart& chart, QScrollBar* scroll)
+        : QObject(&container), container_(container), chart_(chart), scroll_(scroll) {
         container.installEventFilter(this);
     }
 
@@ -62,28 +51,53 @@ public:
     }
 
 private:
-    PictureView* view(const char* name) const { return container_.findChild<PictureView*>(QString::fromLatin1(name)); }
+    PictureView* view(const char* name) const {
+        return name == nullptr ? nullptr : container_.findChild<PictureView*>(QString::fromLatin1(name));
+    }
 
     void grow() {
+        const forms::PictureBox* whole = container_.picture();
+        if (whole == nullptr) return;
+        const forms::PictureBox& frame = chart_.frame;
         // In whole pixels, so that a chart at its own size is drawn at 1 exactly.
-        const int strip_w = twips_to_px(chart_.PicySxale.width(), &container_);
-        const int strip_h = twips_to_px(chart_.PicxSxale.height(), &container_);
-        const int view_w = twips_to_px(chart_.picNemodar1.width(), &container_);
-        const int view_h = twips_to_px(chart_.picNemodar1.height(), &container_);
-        if (view_w <= 0 || view_h <= 0) return;
-        const double sx = std::max(1.0, static_cast<double>(container_.width() - strip_w) / view_w);
-        const double sy = std::max(1.0, static_cast<double>(container_.height() - strip_h) / view_h);
-        if (auto* v = view("picNemodar1")) v->set_stretch({sx, sy}, {1, 1});
-        if (auto* v = view("picNemodar")) v->set_stretch({sx, sy}, {sx, sy});
-        if (auto* v = view("PicxSxale")) v->set_stretch({sx, 1}, {1, sy});
-        if (auto* v = view("PicySxale")) v->set_stretch({1, sy}, {1, 1});
-        scroll_.setFixedWidth(twips_to_px(chart_.picNemodar1.width() * sx, &container_));
+        const int fixed_w = twips_to_px(whole->width() - frame.width(), &container_);
+        const int fixed_h = twips_to_px(whole->height() - frame.height(), &container_);
+        const int frame_w = twips_to_px(frame.width(), &container_);
+        const int frame_h = twips_to_px(frame.height(), &container_);
+        if (frame_w <= 0 || frame_h <= 0) return;
+        const double sx = std::max(1.0, static_cast<double>(container_.width() - fixed_w) / frame_w);
+        const double sy = std::max(1.0, static_cast<double>(container_.height() - fixed_h) / frame_h);
+        const QPointF at(frame.left(), frame.top());
+        if (auto* v = view(chart_.frame_name)) v->set_stretch({sx, sy}, {sx, sy}, at);
+        if (auto* v = view(chart_.plot_name)) v->set_stretch({sx, sy}, {sx, sy});
+        if (auto* v = view(chart_.below_name)) v->set_stretch({sx, 1}, {1, sy}, at);
+        if (auto* v = view(chart_.left_name)) v->set_stretch({1, sy}, {1, sy}, at);
+        if (scroll_ != nullptr) scroll_->setFixedWidth(twips_to_px(frame.width() * sx, &container_));
     }
 
     PictureView& container_;
-    QScrollBar& scroll_;
-    const windows::Chart& chart_;
+    GrowingChart chart_;
+    QScrollBar* scroll_;
 };
+
+// Every box layout on the way down to the widget gives its item the stretch, and the widgets
+// on the way may grow.
+void stretch_towards(QLayout* layout, QWidget& w) {
+    auto* box = qobject_cast<QBoxLayout*>(layout);
+    for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
+        QLayoutItem* item = layout->itemAt(i);
+        QWidget* on_way = item->widget() != nullptr && item->widget()->isAncestorOf(&w) ? item->widget() : nullptr;
+        if (item->widget() != &w && on_way == nullptr && !layout_holds(item->layout(), &w)) continue;
+        if (box != nullptr) box->setStretch(i, 1);
+        if (on_way != nullptr) {
+            on_way->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+            stretch_towards(on_way->layout(), w);
+        } else {
+            stretch_towards(item->layout(), w);
+        }
+        return;
+    }
+}
 
 // The wheel zooms the plot's X scale about the pointer, a drag with the left button pans, a
 // double-click goes back to 1X. The mouse goes on to the plot's own handlers as before.
@@ -172,18 +186,23 @@ void fit_chart_card(QWidget& card, QSpacerItem& indent, QScrollBar& scroll, wind
     }
     auto* container = card.findChild<PictureView*>(QStringLiteral("picContainer"));
     if (container == nullptr) return;
-    container->set_grows(true);
-    QSizePolicy grows(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    grows.setHorizontalStretch(card.sizePolicy().horizontalStretch());
-    grows.setVerticalStretch(card.sizePolicy().verticalStretch());
-    card.setSizePolicy(grows);
-    stretch_towards(card.layout(), *container);
-    new ChartGrowth(*container, scroll, chart);
+    let_chart_grow(card, *container,
+                   {chart.picNemodar1, "picNemodar1", "picNemodar", "PicxSxale", "PicySxale"}, &scroll);
     auto* plot = card.findChild<PictureView*>(QStringLiteral("picNemodar"));
     auto* viewport = card.findChild<QWidget*>(QStringLiteral("picNemodar1"));
     if (plot != nullptr && viewport != nullptr) new ChartMouse(*plot, *viewport, chart, app);
     if (!data) data = [&chart] { return chart.drawn_data(); };
     add_chart_menu(card, *container, std::move(data), app);
+}
+
+void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& chart, QScrollBar* scroll) {
+    container.set_grows(true);
+    QSizePolicy grows(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    grows.setHorizontalStretch(card.sizePolicy().horizontalStretch());
+    grows.setVerticalStretch(card.sizePolicy().verticalStretch());
+    card.setSizePolicy(grows);
+    stretch_towards(card.layout(), container);
+    new ChartGrowth(container, chart, scroll);
 }
 
 QByteArray chart_image(QWidget& picture, bool svg) {

@@ -23,6 +23,8 @@ class Chart;
 
 namespace tv::gui {
 
+class PictureView;
+
 /// Lines the scroll bar up under the plot's viewport (`indent` is the spacer left of it), sets
 /// its page to one viewport, and makes the card white like the plot. The strips' labels stand
 /// centred on their ticks and the plot takes gridlines at them; the chart's axis titles and
@@ -31,6 +33,20 @@ namespace tv::gui {
 /// whose Save Data saves what `data` gives (the chart's own curves when empty).
 void fit_chart_card(QWidget& card, QSpacerItem& indent, QScrollBar& scroll, windows::Chart& chart,
                     forms::App& app, std::function<std::vector<windows::DataColumn>()> data = {});
+
+/// The pictures of a chart that grow with its container: the frame (a viewport or the plot
+/// itself) with its view's name, the plot inside a viewport, the strips below and left.
+struct GrowingChart {
+    const forms::PictureBox& frame;
+    const char* frame_name;
+    const char* plot_name;  // null when the frame is the plot
+    const char* below_name;
+    const char* left_name;
+};
+
+/// The chart in `container` (a picture of the card) takes the room the window gives the card;
+/// `scroll`, when there is one, stays as wide as the frame.
+void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& chart, QScrollBar* scroll = nullptr);
 
 /// The context menu of a chart: "Copy Image" and "Save Image..." (PNG or SVG) of `picture`,
 /// "Save Data..." of what `data` gives (greyed while it gives nothing).
