@@ -256,7 +256,7 @@ void add_chart_menu(QWidget& card, QWidget& picture, std::function<std::vector<w
     card.addAction(save);
     QObject::connect(&card, &QWidget::customContextMenuRequested, &card, [&card, save, data](const QPoint& at) {
         bind::Binder* b = bind::binder_of(&card);
-        save->setEnabled(b != nullptr && b->model() != nullptr && !data().empty());
+        save->setEnabled(b != nullptr && b->model() != nullptr && data && !data().empty());
         QMenu::exec(card.actions(), card.mapToGlobal(at), nullptr, &card);
     });
 }

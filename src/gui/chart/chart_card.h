@@ -49,7 +49,7 @@ struct GrowingChart {
 void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& chart, QScrollBar* scroll = nullptr);
 
 /// The context menu of a chart: "Copy Image" and "Save Image..." (PNG or SVG) of `picture`,
-/// "Save Data..." of what `data` gives (greyed while it gives nothing).
+/// "Save Data..." of what `data` gives (greyed while it gives nothing, and always without `data`).
 void add_chart_menu(QWidget& card, QWidget& picture, std::function<std::vector<windows::DataColumn>()> data,
                     forms::App& app);
 
