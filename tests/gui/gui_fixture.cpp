@@ -162,10 +162,13 @@ void SingleViewTest::expect_chart_takes_spare_room() {
     settle();
     auto* card = find<QWidget>("chartPanel");
     ASSERT_NE(card, nullptr);
-    const QSize before = card->size();
+    auto* chart = find<QWidget>("picContainer");
+    ASSERT_NE(chart, nullptr);
+    const QSize before = card->size(), chart_before = chart->size();
     view->resize(own + QSize(200, 120));
     settle();
     EXPECT_EQ(card->size(), before + QSize(200, 120));
+    EXPECT_EQ(chart->size(), chart_before + QSize(200, 120));
 }
 
 void RecordRoadTest::SetUp() {

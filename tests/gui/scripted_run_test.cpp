@@ -19,10 +19,12 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <cmath>
 
 #include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
+#include "gui/chart/chart_card.h"
 #include "gui/platform/view_registry.h"
 #include "gui/project/command_line_files.h"
 #include "gui/views.h"
@@ -179,12 +181,14 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     EXPECT_EQ(in_form1<QLabel>("Label6")->text(), "X Axis Scale :3X");
     auto* plot = in_form1<PictureView>("picNemodar");
     auto* viewport = in_form1<PictureView>("picNemodar1");
-    EXPECT_EQ(plot->width(), twips_to_px(3 * 9165, plot));
+    // The window is wider than its own size in this frame: the chart is drawn that much wider.
+    const double sx = plot->stretch().width(), sy = plot->stretch().height();
+    EXPECT_EQ(plot->width(), twips_to_px(3 * 9165 * sx, plot));
     auto* scroll = in_form1<QScrollBar>("HScroll1");
     EXPECT_TRUE(scroll->isEnabled());
     scroll->setValue(50);
     test::settle();
-    EXPECT_EQ(plot->x(), -twips_to_px(5000, plot));
+    EXPECT_EQ(plot->x(), -twips_to_px(5000 * sx, plot));
     test::save_shot(*view, "run_3_scrolled");
 
     // The slide only moved the plot: its painting was kept and not replayed.
@@ -199,7 +203,7 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     // The read-out follows the mouse over the plot: at index 690 (line 690 of the file holds
     // .1671619), with the default time step 0.005.
     const double dpi = logical_dpi(plot);
-    const QPointF at(twips_to_px(f1.chart.picNemodar.x_to_twips(690), dpi), viewport->height() / 3.0);
+    const QPointF at(twips_to_px(f1.chart.picNemodar.x_to_twips(690) * sx, dpi), viewport->height() / 3.0);
     ASSERT_GT(at.x() + plot->x(), 0);
     ASSERT_LT(at.x() + plot->x(), viewport->width());
     QMouseEvent move(QEvent::MouseMove, at, plot->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
@@ -214,7 +218,8 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     EXPECT_EQ(f1.chart.Line3.x1(), 0.0f);
     EXPECT_EQ(f1.chart.Line3.x2(), static_cast<float>(2 * 3 * 9165));
     // On the screen: a black row of pixels at that height, left and right of the mouse.
-    const int row = static_cast<int>(std::floor(twips_to_px(f1.chart.picNemodar.y_to_twips(0.1671619f), dpi)));
+    const int row =
+        static_cast<int>(std::floor(twips_to_px(f1.chart.picNemodar.y_to_twips(0.1671619f) * sy, dpi)));
     const QImage shown = plot->grab().toImage();
     for (int dx : {-200, -60, 60, 200}) {
         const int col = static_cast<int>(at.x()) + dx;
@@ -222,6 +227,41 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
         EXPECT_NE(shown.pixel(col, row - 3), qRgb(0, 0, 0)) << "column " << col << ", row " << row - 3;
     }
     test::save_shot(*view, "run_4_readout");
+}
+
+TEST_F(ScriptedRun, AMaximisedWindowGrowsItsChartWhichZoomsAndHasAMenu) {
+    open_record();
+    windows::Form1& f1 = program.form<windows::Form1>();
+    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
+    test::settle();
+    auto* container = in_form1<PictureView>("picContainer");
+    auto* plot = in_form1<PictureView>("picNemodar");
+    const QSize before = container->size();
+    platform.window_of(f1)->showMaximized();
+    test::settle();
+    EXPECT_GT(container->width(), before.width() + 100);
+    EXPECT_GT(container->height(), before.height() + 50);
+    EXPECT_EQ(in_form1<QScrollBar>("HScroll1")->width(), in_form1<PictureView>("picNemodar1")->width());
+    test::expect_labels_inside_strips(*platform.view_of(f1));
+    test::save_shot(*frame, "record_window_maximised");
+
+    QStringList menu;
+    for (QAction* a : in_form1<QWidget>("chartPanel")->actions()) menu << a->text();
+    EXPECT_EQ(menu, QStringList({"&Copy Image", "Save &Image...", "Save &Data..."}));
+    EXPECT_TRUE(chart_image(*container, false).startsWith("\x89PNG"));
+    EXPECT_TRUE(chart_image(*container, true).contains("<svg"));
+
+    // The wheel zooms in, a double-click goes back to 1X.
+    const QPointF at(plot->width() / 2.0, plot->height() / 2.0);
+    QWheelEvent wheel(at, plot->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(plot, &wheel);
+    test::settle();
+    EXPECT_EQ(f1.chart.Slider1.value(), 2);
+    EXPECT_EQ(in_form1<QSlider>("Slider1")->value(), 2);
+    QTest::mouseDClick(plot, Qt::LeftButton, Qt::NoModifier, at.toPoint());
+    test::settle();
+    EXPECT_EQ(f1.chart.Slider1.value(), 1);
 }
 
 TEST_F(ScriptedRun, NextOnTheLastRecordOpensTheNextWindowBeside) {

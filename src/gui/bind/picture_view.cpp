@@ -118,16 +118,15 @@ bool is_tick(const forms::DrawOp& op, AxisStrip strip) {
 }
 
 void paint_grid(QPainter& p, const forms::PictureBox& plot, const PaintScale& scale, const QRectF& area) {
-    const double s = scale.per_twip;
     LineBatch batch(p);
     for (const QLineF& l : plot_grid_lines(plot, scale.grid))
-        draw_line(batch, area, QColor(0xDD, 0xE1, 0xE6), scale.pen, QLineF(l.p1() * s, l.p2() * s));
+        draw_line(batch, area, QColor(0xDD, 0xE1, 0xE6), scale.pen,
+                  QLineF(scale.x(l.x1()), scale.y(l.y1()), scale.x(l.x2()), scale.y(l.y2())));
 }
 
 // A strip label's place: centred on its tick (the nearer of the lines drawn just before and
 // just after it), beside it on a left strip, and whole inside the strip.
 QPointF strip_label_at(const forms::PictureBox& pic, std::size_t i, QPointF at, QSizeF box, const PaintScale& scale) {
-    const double s = scale.per_twip;
     const auto& ops = pic.ops();
     const bool below = scale.strip == AxisStrip::Below;
     const QPointF centre = at + QPointF(box.width() / 2, box.height() / 2);
@@ -135,17 +134,17 @@ QPointF strip_label_at(const forms::PictureBox& pic, std::size_t i, QPointF at, 
     double nearest = 0;
     for (std::size_t j : {i - 1, i + 1}) {
         if (j >= ops.size() || !is_tick(ops[j], scale.strip)) continue;
-        const double d = below ? std::fabs(ops[j].x1 * s - centre.x()) : std::fabs(ops[j].y1 * s - centre.y());
+        const double d = below ? std::fabs(scale.x(ops[j].x1) - centre.x()) : std::fabs(scale.y(ops[j].y1) - centre.y());
         if (tick == nullptr || d < nearest) {
             tick = &ops[j];
             nearest = d;
         }
     }
-    const double w = pic.width() * s, h = pic.height() * s;
+    const double w = scale.x(pic.width()), h = scale.y(pic.height());
     // A label of a tick out of sight (the plot runs on past the strip) stays wholly out of sight;
     // a tick within half its label of the edge keeps its label, pushed inside.
     if (tick != nullptr) {
-        const double t = (below ? tick->x1 : tick->y1) * s, end = below ? w : h;
+        const double t = below ? scale.x(tick->x1) : scale.y(tick->y1), end = below ? w : h;
         const double size = below ? box.width() : box.height();
         if (t < -size / 2 || t > end + size / 2) {
             const double beyond = t < 0 ? std::min(t, 0.0) - size : std::max(t, end);
@@ -155,10 +154,10 @@ QPointF strip_label_at(const forms::PictureBox& pic, std::size_t i, QPointF at, 
     if (tick == nullptr && !QRectF(at, box).intersects(QRectF(0, 0, w, h))) return at;
     if (tick != nullptr) {
         if (below) {
-            at.setX(tick->x1 * s - box.width() / 2);
+            at.setX(scale.x(tick->x1) - box.width() / 2);
         } else {
-            at.setY(tick->y1 * s - box.height() / 2);
-            at.setX(std::min(tick->x1, tick->x2) * s - box.width() - 3 * scale.pen);
+            at.setY(scale.y(tick->y1) - box.height() / 2);
+            at.setX(scale.x(std::min(tick->x1, tick->x2)) - box.width() - 3 * scale.pen);
         }
     }
     at.setX(std::clamp(at.x(), 0.0, std::max(0.0, w - box.width())));
@@ -169,7 +168,7 @@ QPointF strip_label_at(const forms::PictureBox& pic, std::size_t i, QPointF at, 
 QRectF text_box(const forms::PictureBox& pic, std::size_t i, const QFontMetricsF& fm, const PaintScale& scale) {
     const forms::DrawOp& op = pic.ops()[i];
     const QSizeF extent(fm.horizontalAdvance(QString::fromStdString(op.text)), fm.height());
-    QPointF at(op.x1 * scale.per_twip, op.y1 * scale.per_twip);
+    QPointF at(scale.x(op.x1), scale.y(op.y1));
     if (scale.strip != AxisStrip::None) at = strip_label_at(pic, i, at, extent, scale);
     return {at, extent};
 }
@@ -208,7 +207,6 @@ std::vector<QLineF> plot_grid_lines(const forms::PictureBox& plot, const PlotGri
 
 void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t first, const PaintScale& scale,
                       const QRectF& exposed) {
-    const double s = scale.per_twip;
     const QColor fore = old_colour(pic.fore_color);
     p.save();
     const QColor back = old_colour(pic.back_color);
@@ -229,10 +227,10 @@ void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t fir
             const double width = std::max(1, op.width) * scale.pen;
             switch (op.kind) {
                 case forms::DrawOp::Kind::Line:
-                    draw_line(batch, area, colour, width, QLineF(op.x1 * s, op.y1 * s, op.x2 * s, op.y2 * s));
+                    draw_line(batch, area, colour, width, QLineF(scale.x(op.x1), scale.y(op.y1), scale.x(op.x2), scale.y(op.y2)));
                     break;
                 case forms::DrawOp::Kind::Point: {
-                    const QPointF pt(op.x1 * s, op.y1 * s);
+                    const QPointF pt(scale.x(op.x1), scale.y(op.y1));
                     if (area.contains(pt)) draw_line(batch, area, colour, width, QLineF(pt, pt));
                     break;
                 }
@@ -253,7 +251,6 @@ void paint_operations(QPainter& p, const forms::PictureBox& pic, std::size_t fir
 
 void paint_overlays(QPainter& p, const forms::PictureBox& pic, const std::vector<const forms::Control*>& overlays,
                     const PaintScale& scale, const QRectF& exposed) {
-    const double s = scale.per_twip;
     p.save();
     const QRectF area = exposed.adjusted(-8 * scale.pen, -8 * scale.pen, 8 * scale.pen, 8 * scale.pen);
     {
@@ -266,12 +263,12 @@ void paint_overlays(QPainter& p, const forms::PictureBox& pic, const std::vector
                     // A line object not placed yet has both ends at one point: nothing to see.
                     if (l->x1() == l->x2() && l->y1() == l->y2()) continue;
                     draw_line(batch, area, old_colour(l->color), std::max(1, l->width) * scale.pen,
-                              QLineF(pic.x_to_twips(l->x1()) * s, pic.y_to_twips(l->y1()) * s,
-                                     pic.x_to_twips(l->x2()) * s, pic.y_to_twips(l->y2()) * s));
+                              QLineF(scale.x(pic.x_to_twips(l->x1())), scale.y(pic.y_to_twips(l->y1())),
+                                     scale.x(pic.x_to_twips(l->x2())), scale.y(pic.y_to_twips(l->y2()))));
                 } else if (const auto* sh = dynamic_cast<const forms::Shape*>(c)) {
                     batch.flush();
-                    QRectF r(QPointF(pic.x_to_twips(sh->left()) * s, pic.y_to_twips(sh->top()) * s),
-                             QSizeF(pic.dx_to_twips(sh->width()) * s, pic.dy_to_twips(sh->height()) * s));
+                    QRectF r(QPointF(scale.x(pic.x_to_twips(sh->left())), scale.y(pic.y_to_twips(sh->top()))),
+                             QSizeF(scale.x(pic.dx_to_twips(sh->width())), scale.y(pic.dy_to_twips(sh->height()))));
                     r = r.normalized();
                     if (r.intersects(area)) p.fillRect(r, old_colour(sh->color));
                 }
@@ -305,7 +302,7 @@ void PictureView::set_picture(const forms::PictureBox* picture, std::vector<cons
 std::vector<QRectF> PictureView::text_boxes() const {
     std::vector<QRectF> out;
     if (picture_ == nullptr) return out;
-    const PaintScale scale{logical_dpi(this) / kTwipsPerInch, 1.0, strip_, grid_};
+    const PaintScale scale = screen_scale(logical_dpi(this));
     const QFontMetricsF fm(picture_font(*picture_), this);
     const auto& ops = picture_->ops();
     for (std::size_t i = 0; i < ops.size(); ++i)
@@ -325,8 +322,6 @@ void PictureView::set_grid(PlotGrid grid) {
     update();
 }
 
-namespace {
-
 bool layout_holds(const QLayout* layout, const QWidget* w) {
     if (layout == nullptr) return false;
     for (int i = 0; i < layout->count(); ++i) {
@@ -337,22 +332,51 @@ bool layout_holds(const QLayout* layout, const QWidget* w) {
     return false;
 }
 
-}  // namespace
-
 void PictureView::follow_model() {
     if (picture_ == nullptr) return;
     const QSize size = sizeHint();
     if (parentWidget() != nullptr && layout_holds(parentWidget()->layout(), this)) {
-        if (size != minimumSize() || size != maximumSize()) setFixedSize(size);
+        if (grows_) {
+            if (size != minimumSize()) setMinimumSize(size);
+        } else if (size != minimumSize() || size != maximumSize()) {
+            setFixedSize(size);
+        }
     } else {
-        const QPoint at(twips_to_px(picture_->left(), this), twips_to_px(picture_->top(), this));
+        const QPoint at(twips_to_px(origin_.x() + (picture_->left() - origin_.x()) * place_.width(), this),
+                        twips_to_px(origin_.y() + (picture_->top() - origin_.y()) * place_.height(), this));
         if (geometry() != QRect(at, size)) setGeometry(QRect(at, size));
     }
 }
 
 QSize PictureView::sizeHint() const {
     if (picture_ == nullptr) return QWidget::sizeHint().isValid() ? QWidget::sizeHint() : QSize(100, 60);
-    return {twips_to_px(picture_->width(), this), twips_to_px(picture_->height(), this)};
+    return {twips_to_px(picture_->width() * stretch_.width(), this),
+            twips_to_px(picture_->height() * stretch_.height(), this)};
+}
+
+void PictureView::set_stretch(QSizeF content, QSizeF place, QPointF origin) {
+    if (content == stretch_ && place == place_ && origin == origin_) return;
+    origin_ = origin;
+    stretch_ = content;
+    place_ = place;
+    follow_model();
+    update();
+}
+
+void PictureView::set_grows(bool grows) {
+    grows_ = grows;
+    if (grows) {
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    }
+    follow_model();
+}
+
+PaintScale PictureView::screen_scale(double dpi) const {
+    PaintScale scale{dpi / kTwipsPerInch, 1.0, strip_, grid_};
+    scale.sx = stretch_.width();
+    scale.sy = stretch_.height();
+    return scale;
 }
 
 void PictureView::paintEvent(QPaintEvent* event) {
@@ -362,7 +386,7 @@ void PictureView::paintEvent(QPaintEvent* event) {
         return;
     }
     const double dpi = logical_dpi(this);
-    const PaintScale scale{dpi / kTwipsPerInch, 1.0, strip_, grid_};
+    const PaintScale scale = screen_scale(dpi);
     if (update_cache(dpi)) {
         // An expose or a slide of the plot copies from the image; the curve is not replayed.
         const QRect r = event->rect();
@@ -389,7 +413,7 @@ bool PictureView::update_cache(double dpi) {
                        cache_.size() != device || cache_ratio_ != ratio || cache_dpi_ != dpi ||
                        cache_revision_ != picture_->revision() || cache_back_ != picture_->back_color ||
                        cache_fore_ != picture_->fore_color || cache_font_ != picture_->font_name ||
-                       cache_font_size_ != picture_->font_size || count < cache_ops_;
+                       cache_font_size_ != picture_->font_size || cache_stretch_ != stretch_ || count < cache_ops_;
     if (!fresh && count == cache_ops_) return true;
     if (fresh) {
         cache_ = QPixmap(device);
@@ -402,12 +426,13 @@ bool PictureView::update_cache(double dpi) {
         cache_fore_ = picture_->fore_color;
         cache_font_ = picture_->font_name;
         cache_font_size_ = picture_->font_size;
+        cache_stretch_ = stretch_;
         cache_grid_ = std::move(grid_lines);
         ++cache_rebuilds_;
     }
     QPainter p(&cache_);
     // Operations are only ever added between two clears: the new ones go over the image.
-    paint_operations(p, *picture_, cache_ops_, PaintScale{dpi / kTwipsPerInch, 1.0, strip_, grid_},
+    paint_operations(p, *picture_, cache_ops_, screen_scale(dpi),
                      QRectF(QPointF(0, 0), QSizeF(size())));
     cache_ops_ = count;
     return true;
@@ -418,7 +443,8 @@ void PictureView::emit_mouse(int kind, QMouseEvent* event) {
     const QPointF pos = event->position();
     // A press or release names the button that changed; a move names the buttons held.
     const int button = kind == 0 ? old_button(event->buttons()) : old_button(event->button());
-    emit mouse(kind, button, old_shift(event->modifiers()), px_to_twips(pos.x(), dpi), px_to_twips(pos.y(), dpi));
+    emit mouse(kind, button, old_shift(event->modifiers()), px_to_twips(pos.x() / stretch_.width(), dpi),
+               px_to_twips(pos.y() / stretch_.height(), dpi));
 }
 
 void PictureView::mouseMoveEvent(QMouseEvent* event) { emit_mouse(0, event); }

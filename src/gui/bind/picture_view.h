@@ -5,11 +5,13 @@
 #include <QLineF>
 #include <QPixmap>
 #include <QRectF>
+#include <QSizeF>
 #include <QWidget>
 #include <cstddef>
 #include <string>
 #include <vector>
 
+class QLayout;
 class QPainter;
 
 namespace tv::forms {
@@ -37,6 +39,12 @@ struct PaintScale {
     double pen = 1.0;
     AxisStrip strip = AxisStrip::None;
     PlotGrid grid{};
+    /// A chart grown with its window draws its coordinates this much wider and taller; texts
+    /// keep their size.
+    double sx = 1.0;
+    double sy = 1.0;
+    double x(double twips) const { return twips * per_twip * sx; }
+    double y(double twips) const { return twips * per_twip * sy; }
 };
 
 /// The gridlines of a plot, in twips of the plot, from the ticks of its strips.
@@ -57,6 +65,9 @@ void paint_operations(QPainter& p, const forms::PictureBox& picture, std::size_t
                       const QRectF& exposed);
 void paint_overlays(QPainter& p, const forms::PictureBox& picture, const std::vector<const forms::Control*>& overlays,
                     const PaintScale& scale, const QRectF& exposed);
+
+/// Whether the layout, or one inside it, places the widget.
+bool layout_holds(const QLayout* layout, const QWidget* w);
 
 class PictureView : public QWidget {
     Q_OBJECT
@@ -83,6 +94,14 @@ public:
     /// Size from the model's twips; the position too, unless a layout places the widget.
     void follow_model();
 
+    /// Drawn larger than the model's twips: `content` stretches the drawing and the size,
+    /// `place` the position in the container away from `origin` (twips of the container). The
+    /// mouse reads in the model's twips still.
+    void set_stretch(QSizeF content, QSizeF place, QPointF origin = {});
+    QSizeF stretch() const { return stretch_; }
+    /// In a layout: the model's size is the least, the widget takes what room it is given.
+    void set_grows(bool grows);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -102,12 +121,17 @@ private:
     /// Brings the cached image up to the model: new operations are added to it, anything else
     /// (a clear, a new size, other colours) paints it again. False when no image is kept.
     bool update_cache(double dpi);
+    PaintScale screen_scale(double dpi) const;
 
     const forms::PictureBox* picture_ = nullptr;
     AxisStrip strip_ = AxisStrip::None;
     PlotGrid grid_;
     std::vector<QLineF> cache_grid_;
     std::vector<const forms::Control*> overlays_;
+    QSizeF stretch_{1, 1};
+    QSizeF place_{1, 1};
+    QPointF origin_{0, 0};
+    bool grows_ = false;
 
     // The recorded operations painted once; the overlays (cross-hairs) go on top at each paint.
     QPixmap cache_;
@@ -119,6 +143,7 @@ private:
     std::string cache_font_;
     double cache_font_size_ = 0;
     int cache_rebuilds_ = 0;
+    QSizeF cache_stretch_{1, 1};
 };
 
 }  // namespace tv::gui

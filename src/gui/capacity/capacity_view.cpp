@@ -35,8 +35,7 @@ CapacityView::CapacityView(windows::Form9& model, forms::App& app, QWidget* pare
         p.setRetainSizeWhenHidden(true);
         page->setSizePolicy(p);
     }
-    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
-    add_chart_titles(*ui_.chartPanel, "picNemodar1", QStringLiteral("T (s)"), QStringLiteral("Sa (g)"));
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart, app);
 
     // The popup of the calculation table: the binder ties the menu and its entry to the model's
     // menu controls by name, and the model asks for it on a right click.

@@ -4,13 +4,17 @@
 // so that it reads at a glance: axis titles, a legend, gridlines.
 #include <QColor>
 #include <QString>
+#include <functional>
 #include <vector>
+
+#include "windows/chart/chart_data.h"
 
 class QScrollBar;
 class QSpacerItem;
 class QWidget;
 
 namespace tv::forms {
+class App;
 class PictureBox;
 }
 namespace tv::windows {
@@ -19,10 +23,38 @@ class Chart;
 
 namespace tv::gui {
 
+class PictureView;
+
 /// Lines the scroll bar up under the plot's viewport (`indent` is the spacer left of it), sets
 /// its page to one viewport, and makes the card white like the plot. The strips' labels stand
-/// centred on their ticks and the plot takes gridlines at them.
-void fit_chart_card(QWidget& card, QSpacerItem& indent, QScrollBar& scroll, const windows::Chart& chart);
+/// centred on their ticks and the plot takes gridlines at them; the chart's axis titles and
+/// legend go over it. The chart fills the room the window gives it; the wheel zooms its X
+/// scale, a drag pans, a double-click goes back to 1X; the card has the chart's context menu,
+/// whose Save Data saves what `data` gives (the chart's own curves when empty).
+void fit_chart_card(QWidget& card, QSpacerItem& indent, QScrollBar& scroll, windows::Chart& chart,
+                    forms::App& app, std::function<std::vector<windows::DataColumn>()> data = {});
+
+/// The pictures of a chart that grow with its container: the frame (a viewport or the plot
+/// itself) with its view's name, the plot inside a viewport, the strips below and left.
+struct GrowingChart {
+    const forms::PictureBox& frame;
+    const char* frame_name;
+    const char* plot_name;  // null when the frame is the plot
+    const char* below_name;
+    const char* left_name;
+};
+
+/// The chart in `container` (a picture of the card) takes the room the window gives the card;
+/// `scroll`, when there is one, stays as wide as the frame.
+void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& chart, QScrollBar* scroll = nullptr);
+
+/// The context menu of a chart: "Copy Image" and "Save Image..." (PNG or SVG) of `picture`,
+/// "Save Data..." of what `data` gives (greyed while it gives nothing, and always without `data`).
+void add_chart_menu(QWidget& card, QWidget& picture, std::function<std::vector<windows::DataColumn>()> data,
+                    forms::App& app);
+
+/// The picture as a PNG, or as an SVG when `svg`.
+QByteArray chart_image(QWidget& picture, bool svg);
 
 /// The strips and plot of a chart drawn by a window of its own: labels centred on the ticks of
 /// `below` and `left` (either may be null), gridlines at them on `plot`.
@@ -40,5 +72,7 @@ struct LegendEntry {
 /// share the plot. They let the mouse through to the plot.
 void add_chart_titles(QWidget& card, const char* viewport, const QString& x_title, const QString& y_title,
                       const std::vector<LegendEntry>& legend = {});
+/// New texts for the titles add_chart_titles put there.
+void set_chart_titles(QWidget& card, const char* viewport, const QString& x_title, const QString& y_title);
 
 }  // namespace tv::gui

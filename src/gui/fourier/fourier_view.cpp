@@ -23,7 +23,7 @@ protected:
 
 FourierView::FourierView(windows::Form12& model, forms::App& app, QWidget* parent) : QWidget(parent) {
     ui_.setupUi(this);
-    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart, app);
     // The peak's period is a result like the boxes beside it: white, not greyed.
     ui_.Label11->setBackgroundRole(QPalette::Base);
     ui_.Label11->setAutoFillBackground(true);

@@ -14,6 +14,7 @@
 
 #include "gui/bind/binder.h"
 #include "gui/bind/picture_view.h"
+#include "gui/chart/chart_card.h"
 #include "gui/platform/view_registry.h"
 #include "gui/views.h"
 #include "windows/measures/measures_window.h"
@@ -73,6 +74,8 @@ MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWid
     for (const char* name : {"AccelPlot", "VelocityPlot", "DisplacementPlot", "HusidPlot"}) {
         auto* pv = named(new PictureView, name);
         pv->setFixedSize(pixels(windows::MeasuresWindow::kPlotWidth), pixels(windows::MeasuresWindow::kPlotHeight));
+        // The picture can be copied and saved; Save Data stays greyed.
+        add_chart_menu(*pv, *pv, {}, app);
         charts->addWidget(pv);
     }
     charts->addWidget(new QLabel(QStringLiteral("Red: X, blue: Y, grey: before processing")));

@@ -50,8 +50,7 @@ private:
 
 RecordInputView::RecordInputView(windows::Form1& model, forms::App& app, QWidget* parent) : QWidget(parent) {
     ui_.setupUi(this);
-    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
-    add_chart_titles(*ui_.chartPanel, "picNemodar1", QStringLiteral("t (s)"), QStringLiteral("a (g)"));
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart, app);
     bind::all(*this, model, app);
     for (QTableView* y : {ui_.Grid2, ui_.grid4, ui_.grid6})
         new EmptyTableHint(*y, tr("No Y file yet: choose Project > Open/Add Record to open the Y component."));

@@ -23,9 +23,7 @@ void paint_text(QLabel& label, const QColor& colour) {
 
 ComparisonView::ComparisonView(windows::Form4& model, forms::App& app, QWidget* parent) : QWidget(parent) {
     ui_.setupUi(this);
-    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
-    add_chart_titles(*ui_.chartPanel, "picNemodar1", QStringLiteral("T (s)"), QStringLiteral("Sa (g)"),
-                     {{QStringLiteral("Average of the records"), 255}, {QStringLiteral("Target"), 50}});
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart, app);
     // Each read-out wears the colour of its marker line, so the two need no legend.
     paint_text(*ui_.LabelRed, old_colour(model.LineRed.color));
     paint_text(*ui_.LabelBlue, old_colour(model.LineBlue.color));

@@ -8,8 +8,7 @@ namespace tv::gui {
 
 DesignSpectrumView::DesignSpectrumView(windows::Form2& model, forms::App& app, QWidget* parent) : QWidget(parent) {
     ui_.setupUi(this);
-    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart);
-    add_chart_titles(*ui_.chartPanel, "picNemodar1", QStringLiteral("T (s)"), QStringLiteral("Sa (g)"));
+    fit_chart_card(*ui_.chartPanel, *ui_.scrollIndent, *ui_.HScroll1, model.chart, app);
     bind::all(*this, model, app);
 }
 

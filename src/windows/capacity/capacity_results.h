@@ -27,6 +27,9 @@ struct CapacityDiagram {
 
 /// Colours of the series in drawing order (0xBBGGRR): blue, green, red, black, cyan.
 inline constexpr std::array<int, 5> kDiagramColors = {0xFF0000, 0x00FF00, 0x0000FF, 0x000000, 0xFFFF00};
+/// Their names in the legend and the saved data.
+inline constexpr std::array<const char*, 5> kDiagramNames = {"Demand", "Reduced demand", "Capacity", "Bilinear",
+                                                              "Reduced points"};
 
 /// fillarray of the diagram window: for each row i from 1 of Fg3, each non-empty cell of
 /// the series columns (demand 26/25, reduced demand 29/27, capacity 3/4, then bilinear 31/32

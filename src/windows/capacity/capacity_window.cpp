@@ -24,6 +24,8 @@ namespace {
 
 ChartOptions demand_chart(Form9& f) {
     ChartOptions o;
+    o.x_title = "T (s)";
+    o.y_title = "Sa (g)";
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_labels = compute::chart::TimeLabels::Spaced;

@@ -95,8 +95,37 @@ void Form10::plot(bool rescale) {
     }
     P.line(0, 0, single(2 * P.width()), 0);
     P.refresh();
+    drawn_ = true;
+    drawn_revision_ = P.revision();
     chart.drawAxes();
     legible_axes();
+}
+
+std::string Form10::abscissa_title() const {
+    const auto* capacity = program().if_loaded<Form9>();
+    const std::string unit = capacity != nullptr ? capacity->vahed.caption() : std::string();
+    return unit.empty() ? "Sd" : "Sd (" + unit + ")";
+}
+
+std::vector<DataColumn> Form10::drawn_data() const {
+    std::vector<DataColumn> out;
+    if (!drawn_ || chart.picNemodar.revision() != drawn_revision_) return out;
+    for (std::size_t k = 0; k < diagram.series.size(); ++k) {
+        const DiagramSeries& s = diagram.series[k];
+        if (!s.x.allocated() || !s.y.allocated()) continue;
+        const long u = std::min(s.x.ubound(), s.y.ubound());
+        // A series of one point draws nothing.
+        if (u < 2) continue;
+        DataColumn x{std::string(kDiagramNames[k]) + " " + abscissa_title(), {}};
+        DataColumn y{std::string(kDiagramNames[k]) + " Sa (g)", {}};
+        for (long i = 1; i <= u; ++i) {
+            x.values.push_back(s.x(i));
+            y.values.push_back(s.y(i));
+        }
+        out.push_back(std::move(x));
+        out.push_back(std::move(y));
+    }
+    return out;
 }
 
 void Form10::legible_axes() {

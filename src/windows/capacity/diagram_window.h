@@ -51,6 +51,14 @@ public:
     void plot_or_say_so();
     /// The page that Print sends.
     forms::Page report_page();
+    /// The abscissa's title in the length unit of the capacity window ("Sd (cm)").
+    std::string abscissa_title() const;
+    /// The series as drawn, a column of Sd and one of Sa for each; empty when nothing is drawn.
+    std::vector<DataColumn> drawn_data() const;
+
+private:
+    unsigned long drawn_revision_ = 0;
+    bool drawn_ = false;
 };
 
 }  // namespace tv::windows

@@ -14,6 +14,8 @@ namespace {
 
 ChartOptions sa_chart(Form11& f) {
     ChartOptions o;
+    o.x_title = "T (s)";
+    o.y_title = "Sa (g)";
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_labels = compute::chart::TimeLabels::EverySecond;

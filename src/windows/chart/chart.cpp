@@ -1,5 +1,6 @@
 #include "windows/chart/chart.h"
 
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <exception>
@@ -90,6 +91,7 @@ void Chart::plot(const text::DoubleArray& values, double dt, bool rescale, int c
         }
         picNemodar.cls();
     }
+    if (sets_range || picNemodar.revision() != drawn_revision_) drawn_.clear();
     if (rescale) {
         picNemodar.set_width(cc::plot_width(Slider1.value()));
         picNemodar.set_left(0);
@@ -106,10 +108,60 @@ void Chart::plot(const text::DoubleArray& values, double dt, bool rescale, int c
         return;
     }
     draw_curve(values, u, k, colour);
+    remember_curve(values, u, k, colour);
     // The base line only has to pass the right edge of the plot.
     picNemodar.line(0, 0, single(2 * picNemodar.width()), 0);
     picNemodar.refresh();
     drawAxes();
+}
+
+void Chart::remember_curve(const text::DoubleArray& values, long upper, double k, int colour) {
+    DrawnCurve c{colour, options_.time_step ? options_.time_step() : dt_, {}};
+    // Index 1 stands at 0, as the curve is drawn from there.
+    c.values.push_back(0);
+    for (long i = 2; i <= upper; ++i) c.values.push_back(options_.scale_to_peak ? values(i) * k : values(i));
+    drawn_.push_back(std::move(c));
+    drawn_revision_ = picNemodar.revision();
+}
+
+std::vector<DataColumn> Chart::drawn_data() const {
+    std::vector<DataColumn> out;
+    if (drawn_.empty() || picNemodar.revision() != drawn_revision_ || empty()) return out;
+    std::size_t longest = 0;
+    for (const DrawnCurve& c : drawn_) longest = std::max(longest, c.values.size());
+    DataColumn x{options_.x_title, {}};
+    for (std::size_t i = 1; i <= longest; ++i) x.values.push_back(static_cast<double>(i) * drawn_.front().step);
+    out.push_back(std::move(x));
+    for (const DrawnCurve& c : drawn_) {
+        std::string name = options_.y_title;
+        for (const auto& [colour, curve] : options_.curve_names)
+            if (colour == c.colour) name = curve + " " + options_.y_title;
+        out.push_back({name, c.values});
+    }
+    return out;
+}
+
+void Chart::zoom(int steps, double viewport_x) {
+    if (empty() || !Slider1.enabled() || steps == 0) return;
+    const double at = (viewport_x - picNemodar.left()) / picNemodar.width();
+    const int before = Slider1.value();
+    Slider1.set_value(before + steps);
+    if (Slider1.value() == before || !options_.follows_scroll) return;
+    const double left = viewport_x - at * picNemodar.width();
+    HScroll1.set_value(static_cast<int>(std::lround(-left / 100)));
+}
+
+void Chart::pan(double dx) {
+    if (empty() || !options_.follows_scroll || !HScroll1.enabled()) return;
+    HScroll1.set_value(HScroll1.value() - static_cast<int>(std::lround(dx / 100)));
+}
+
+void Chart::reset_view() {
+    if (!Slider1.enabled()) return;
+    if (Slider1.value() != 1)
+        Slider1.set_value(1);
+    else
+        HScroll1.set_value(0);
 }
 
 void Chart::draw_curve(const text::DoubleArray& values, long upper, double k, int colour) {

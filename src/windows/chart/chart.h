@@ -11,6 +11,7 @@
 #include "compute/chart/chart_scaling.h"
 #include "forms/form.h"
 #include "text/checked.h"
+#include "windows/chart/chart_data.h"
 
 namespace tv::windows {
 
@@ -70,6 +71,12 @@ struct ChartOptions {
     /// False: the scroll bar moves on its own and the plot stays.
     bool follows_scroll = true;
 
+    /// The axes' titles with their units ("T (s)", "Sa (g)"): on the screen and in the saved data.
+    std::string x_title;
+    std::string y_title;
+    /// The name of the curve of each colour where several share the chart (colour, name).
+    std::vector<std::pair<int, std::string>> curve_names;
+
     /// Container of the chart's controls; null for the window itself.
     forms::Control* container = nullptr;
     int slider_max = 10;
@@ -123,6 +130,18 @@ public:
     double readout_value() const { return value_; }
     const ChartOptions& options() const { return options_; }
 
+    /// The numbers the plot shows now: the time or period of each point, then one column per
+    /// curve of the value drawn there. Empty when the window has drawn over the curves.
+    std::vector<DataColumn> drawn_data() const;
+
+    /// The mouse wheel over the plot, `viewport_x` twips from the viewport's left: the X scale
+    /// `steps` up (in) or down (out), the point under the pointer kept where it stands.
+    void zoom(int steps, double viewport_x);
+    /// A drag: the plot follows the pointer by `dx` twips (a step of the scroll bar is 100).
+    void pan(double dx);
+    /// A double-click: the window's own scale, 1X from the start.
+    void reset_view();
+
 private:
     /// Slider1 Change: the Label6 caption, HScroll1 on unless at 1, then the options' replot.
     void slider_changed();
@@ -130,8 +149,18 @@ private:
     /// the options' scrolled.
     void scroll();
     void draw_curve(const text::DoubleArray& values, long upper, double k, int colour);
+    void remember_curve(const text::DoubleArray& values, long upper, double k, int colour);
+
+    /// A curve as drawn: its colour, the step of its abscissa and the value at each index.
+    struct DrawnCurve {
+        int colour;
+        double step;
+        std::vector<double> values;
+    };
 
     ChartOptions options_;
+    std::vector<DrawnCurve> drawn_;
+    unsigned long drawn_revision_ = 0;
     double range_ = 0;
     double dt_ = 0;
     double value_ = 0;

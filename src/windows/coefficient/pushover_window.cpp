@@ -151,6 +151,24 @@ compute::UnitSystem Form6::unit_system() const {
     }
 }
 
+std::string Form6::displacement_title() const {
+    return "Roof displacement (" + compute::unit_system_length(unit_system()) + ")";
+}
+
+std::string Form6::force_title() const { return "Base force (" + compute::unit_system_force(unit_system()) + ")"; }
+
+std::vector<DataColumn> Form6::drawn_data() const {
+    DataColumn d{displacement_title(), {}}, v{force_title(), {}};
+    const long last = pushoverPoints.ubound();
+    // One point draws nothing.
+    for (long i = 0; last >= 1 && i <= last; ++i) {
+        d.values.push_back(pushoverPoints(i).Displacement);
+        v.values.push_back(pushoverPoints(i).BaseForce);
+    }
+    if (d.values.empty()) return {};
+    return {d, v};
+}
+
 void Form6::ImportPushoverCurve(const std::string& path) {
     compute::CurveImportOptions options;
     options.system = unit_system();

@@ -9,6 +9,7 @@
 #include "compute/import/curve_import.h"
 #include "forms/page.h"
 #include "text/checked.h"
+#include "windows/chart/chart_data.h"
 #include "windows/program.h"
 
 namespace tv::windows {
@@ -159,6 +160,10 @@ public:
     compute::UnitSystem unit_system() const;
     void Command7_Click();
     void DrawPushoverDiagram();
+    /// The diagram's axis titles in the chosen units, and the curve's points as it draws them.
+    std::string displacement_title() const;
+    std::string force_title() const;
+    std::vector<DataColumn> drawn_data() const;
     void Check1_Click();
     void Check2_Click();
     void Timer1_Timer();

@@ -19,6 +19,8 @@ namespace {
 
 ChartOptions fourier_chart(Form12& f) {
     ChartOptions o;
+    o.x_title = "ω (rad/s)";
+    o.y_title = "Amp (g·s)";
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_step = [&f] { return f.deltaOmega; };

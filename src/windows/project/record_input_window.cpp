@@ -26,6 +26,8 @@ namespace {
 
 ChartOptions record_chart(Form1& f) {
     ChartOptions o;
+    o.x_title = "t (s)";
+    o.y_title = "a (g)";
     o.range = compute::chart::RangeRule::PeakFields;
     o.peak_fields = [&f] { return std::pair{f.curMaxX, f.curMaxY}; };
     o.scale_to_peak = true;

@@ -34,6 +34,9 @@ const char* const kHeadingMax =
 
 ChartOptions comparison_chart(Form4& f) {
     ChartOptions o;
+    o.x_title = "T (s)";
+    o.y_title = "Sa (g)";
+    o.curve_names = {{255, "Average of the records"}, {50, "Target"}};
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.only_red_sets_range = true;

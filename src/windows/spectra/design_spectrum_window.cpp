@@ -15,6 +15,8 @@ namespace {
 
 ChartOptions design_chart(Form2& f) {
     ChartOptions o;
+    o.x_title = "T (s)";
+    o.y_title = "Sa (g)";
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_step = [&f] { return val(f.xstep.text()); };

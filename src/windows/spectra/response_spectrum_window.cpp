@@ -21,6 +21,8 @@ namespace {
 
 ChartOptions response_chart(Form3& f) {
     ChartOptions o;
+    o.x_title = "T (s)";
+    o.y_title = "Sa (g)";
     o.range = compute::chart::RangeRule::Largest;
     o.colour = 255;
     o.time_step = [&f] { return f.state().periodStep; };

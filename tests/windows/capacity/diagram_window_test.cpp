@@ -201,6 +201,14 @@ TEST_F(DiagramTest, TheSeriesAreDrawnXAgainstYInTheirColours) {
     EXPECT_DOUBLE_EQ(black[0].y2, p.y_to_twips(0.8f));
     EXPECT_FALSE(d.chart.PicySxale.ops().empty());
     EXPECT_TRUE(platform.messages.empty());
+    // Save Data: an Sd and an Sa column for each series drawn, of its points.
+    const auto data = d.drawn_data();
+    ASSERT_EQ(data.size(), 10u);
+    EXPECT_EQ(data[0].heading.substr(0, 9), "Demand Sd");
+    EXPECT_EQ(data[7].heading, "Bilinear Sa (g)");
+    EXPECT_EQ(data[0].values.size(), 6u);
+    EXPECT_EQ(data[7].values.size(), 3u);
+    EXPECT_EQ(data[6].values[1], 2.0);
 }
 
 TEST_F(DiagramTest, TheReadOutShowsThePointer) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
 #include "windows/program.h"
@@ -390,6 +391,72 @@ TEST_F(ChartTest, WithoutTheSpacingRuleEverySecondIsLabelled) {
     w.chart.plot(w.record, 0.005, true);
     EXPECT_EQ(texts(w.chart.PicxSxale).size(), 18u);
     EXPECT_DOUBLE_EQ(w.chart.range(), 1.5 * 0.75);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ChartTest, SavedDataHoldsTheNumbersDrawn) {
+    ChartOptions o = record_options();
+    o.x_title = "t (s)";
+    o.y_title = "a (g)";
+    RecordWindow w(program, o);
+    w.curMaxX = 1.5;
+    w.curMaxY = 0.9;
+    w.xstep.set_text("0.02");
+    w.record = DoubleArray(4);
+    w.record(1) = 0.1;
+    w.record(2) = -0.3;
+    w.record(3) = 0.2;
+    w.record(4) = 0.15;
+    w.chart.plot(w.record, 0.02, true);
+
+    // k = (1.8 / 1.2) / 0.3 = 5; index 1 is drawn at 0, as the curve starts there.
+    const std::string csv = "t (s),a (g)\r\n0.02,0\r\n0.04,-1.5\r\n0.06,1\r\n0.08,0.75\r\n";
+    EXPECT_EQ(tv::windows::chart_csv(w.chart.drawn_data()), csv);
+    const auto red = of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 255);
+    ASSERT_EQ(red.size(), 3u);
+    EXPECT_FLOAT_EQ(red[2].y2, w.chart.picNemodar.y_to_twips(0.75));
+
+    tv::test::TempDir dir;
+    platform.file_answers.push_back(dir.file("wave"));
+    tv::windows::save_chart_data(platform, w.chart.drawn_data());
+    EXPECT_EQ(tv::test::slurp(dir.file("wave.csv")), csv);
+
+    // Drawn over by the window: nothing of the curve is left to save.
+    w.chart.picNemodar.cls();
+    EXPECT_TRUE(w.chart.drawn_data().empty());
+}
+
+TEST_F(ChartTest, WheelDragAndDoubleClickMoveTheScaleAndTheBar) {
+    RecordWindow w(program, record_options());
+    w.curMaxX = 1.5;
+    w.curMaxY = 0.9;
+    w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+
+    // Zoomed in about the middle of the viewport: 2X, the middle of the record stays there.
+    w.chart.zoom(1, 4582.5);
+    EXPECT_EQ(w.chart.Slider1.value(), 2);
+    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale :2X");
+    EXPECT_EQ(w.chart.HScroll1.value(), 46);
+    EXPECT_EQ(w.chart.picNemodar.left(), -4600);
+
+    // A drag of 250 twips to the left: the plot follows by whole steps of the bar.
+    w.chart.pan(-250);
+    EXPECT_EQ(w.chart.HScroll1.value(), 49);
+    EXPECT_EQ(w.chart.picNemodar.left(), -4900);
+
+    w.chart.zoom(20, 0);
+    EXPECT_EQ(w.chart.Slider1.value(), 10);
+
+    // Back to the window's own scale.
+    w.chart.reset_view();
+    EXPECT_EQ(w.chart.Slider1.value(), 1);
+    EXPECT_EQ(w.chart.HScroll1.value(), 0);
+    EXPECT_EQ(w.chart.picNemodar.width(), 9165);
+    EXPECT_EQ(w.chart.picNemodar.left(), 0);
 }
 
 }  // namespace

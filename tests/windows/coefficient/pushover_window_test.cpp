@@ -84,6 +84,14 @@ TEST_F(PushoverWindowTest, TheDiagramUsesItsOwnScaleAndStrips) {
     EXPECT_DOUBLE_EQ(f.yBar.ops().front().y1, 4500.0);
     EXPECT_EQ(y[1], "561");
     EXPECT_EQ(y[10], "5610");
+    // Save Data: the six points the five segments join, in the chosen units.
+    const auto data = f.drawn_data();
+    ASSERT_EQ(data.size(), 2u);
+    EXPECT_EQ(data[0].heading, "Roof displacement (cm)");
+    EXPECT_EQ(data[1].heading, "Base force (kgf)");
+    ASSERT_EQ(data[0].values.size(), ops.size() + 1);
+    EXPECT_EQ(data[0].values.back(), 8.0);
+    EXPECT_EQ(data[1].values.back(), 3300.0);
 }
 
 TEST_F(PushoverWindowTest, TheTimerBlinksTheMarkerAndCheck1DrawsTheKiLine) {
