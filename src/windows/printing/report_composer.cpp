@@ -172,8 +172,18 @@ void ReportComposer::formula(const std::string& words, const std::string& symbol
     room(2 * kLine);
     text(kMargin + 6, y_, words, font(kBody));
     y_ += kLine;
-    text(kMargin + 24, y_, symbols, font(kBody, true), 0x203060);
-    y_ += kLine + 2;
+    // Each case of a formula, after ";  ", on a line of its own.
+    std::size_t from = 0;
+    while (true) {
+        const std::size_t end = symbols.find(";  ", from);
+        room(kLine);
+        text(kMargin + 24, y_, symbols.substr(from, end == std::string::npos ? end : end - from), font(kBody, true),
+             0x203060);
+        y_ += kLine;
+        if (end == std::string::npos) break;
+        from = end + 3;
+    }
+    y_ += 2;
 }
 
 void ReportComposer::table(const std::vector<std::vector<std::string>>& rows) {
@@ -181,15 +191,24 @@ void ReportComposer::table(const std::vector<std::vector<std::string>>& rows) {
     for (const auto& r : rows) columns = std::max(columns, r.size());
     if (columns == 0) return;
     const double w = page_width_ - 2 * kMargin;
-    // The first column, the names, is half as wide again as the others.
-    const double unit = w / (static_cast<double>(columns) + 0.5);
+    // The first column, the names, is half as wide again as the others; the last of four or
+    // more, the notes, twice as wide.
+    auto weight = [&](std::size_t c) { return c == 0 ? 1.5 : c + 1 == columns && columns >= 4 ? 2.0 : 1.0; };
+    double weights = 0;
+    for (std::size_t c = 0; c < columns; ++c) weights += weight(c);
+    const double unit = w / weights;
     const double size = columns > 4 ? 7.5 : kBody;
-    auto x_of = [&](std::size_t c) { return kMargin + (c == 0 ? 0 : unit * (static_cast<double>(c) + 0.5)); };
+    auto x_of = [&](std::size_t c) {
+        double x = kMargin;
+        for (std::size_t i = 0; i < c; ++i) x += weight(i) * unit;
+        return x;
+    };
+    // The heading row never stands alone at the foot of a page.
+    room(std::min<double>(3, static_cast<double>(rows.size())) * kLine);
     for (std::size_t r = 0; r < rows.size(); ++r) {
         room(kLine);
-        if (r == 0) page().ops.push_back({});
         if (r == 0) {
-            forms::PageOp& band = page().ops.back();
+            forms::PageOp& band = page().ops.emplace_back();
             band.kind = forms::PageOp::Kind::Rect;
             band.x1 = kMargin;
             band.y1 = y_ - 2;
@@ -200,7 +219,7 @@ void ReportComposer::table(const std::vector<std::vector<std::string>>& rows) {
         }
         for (std::size_t c = 0; c < rows[r].size(); ++c) {
             std::string cell = rows[r][c];
-            const double room_x = (c == 0 ? 1.5 * unit : unit) - 4;
+            const double room_x = weight(c) * unit - 4;
             // A cell too long for its column is cut with an ellipsis.
             while (cell.size() > 1 && width_of_(cell, font(size, r == 0)) > room_x) {
                 cell.pop_back();

@@ -46,7 +46,7 @@ public:
     void value(const std::string& name, const std::string& value, const std::string& unit = "");
     /// Text flowed over as many lines as the width needs.
     void paragraph(const std::string& text);
-    /// A formula: what it gives in words, then the symbols.
+    /// A formula: what it gives in words, then the symbols, each case after ";  " on its own line.
     void formula(const std::string& words, const std::string& symbols);
     /// A table of texts with a bold heading row; columns share the width.
     void table(const std::vector<std::vector<std::string>>& rows);

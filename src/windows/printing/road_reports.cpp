@@ -208,7 +208,8 @@ std::vector<forms::Page> coefficient_report(Program& program, const ReportReques
     c.value("K-effective", f6.txtKE.caption(), force + "/" + length);
     c.value("Ti", f6.txtTI.text(), "s");
     c.value("T-effective", f6.txtTEF.caption(), "s");
-    c.formula("Effective period from the initial and effective stiffness:", "Te = Ti \u00B7 \u221A(Ki / Ke)");
+    c.formula("Effective stiffness, the secant to the yield point, and the effective period:",
+              "Ke = Y yield / X yield;  Te = Ti \u00B7 (Ki / Ke)^0.5");
     if (!f6.Text7.text().empty()) {
         c.heading("Response modification");
         c.value("Vs (design base shear)", f6.Text6.text(), force);
@@ -257,7 +258,7 @@ std::vector<forms::Page> coefficient_report(Program& program, const ReportReques
         value_if(c, "Rmax", f8->Text14.text());
         c.value("Target displacement \u03B4t", f8->Text9.text(), f8->lblTargetUnit.caption());
         if (!f8->Label17.caption().empty()) c.paragraph(f8->Label17.caption());
-        c.formula("Target displacement, g = 981 cm/s\u00B2:",
+        c.formula("Target displacement, with g = 981 cm/s\u00B2 and \u03C0 = 3.1416 (C3 is shown, not multiplied in):",
                   "\u03B4t = C0 \u00B7 C1 \u00B7 C2 \u00B7 Sa \u00B7 g \u00B7 Te\u00B2 / (4\u03C0\u00B2)");
         c.formula("Strength ratio:", "R = Cm \u00B7 Sa / (Vy / W)");
         c.formula("C1, with a = 130, 90, 60 for soil I, II, III-IV:",
@@ -265,6 +266,8 @@ std::vector<forms::Page> coefficient_report(Program& program, const ReportReques
                   "1 + 25 (R \u2212 1) / a for Te \u2264 0.2 s;  1 for Te > 1 s");
         c.formula("C2:", "C2 = 1 + (1/800) \u00B7 ((R \u2212 1) / Te)\u00B2 for Te < 0.7 s;  1 otherwise");
         c.formula("C3, for a negative post-yield slope:", "C3 = 1 + |\u03B1| (R \u2212 1)^1.5 / Te;  1 otherwise");
+        c.formula("Rmax, the larger of \u03B4t and \u0394d over dy, with \u03B1e when \"Use\" is ticked:",
+                  "Rmax = max(\u03B4t, \u0394d) / dy + |\u03B1e|^(\u2212h) / 4,  h = 1 + 0.15 ln Te");
     }
 
     const NspWindow* window = program.if_loaded<NspWindow>();
@@ -274,8 +277,10 @@ std::vector<forms::Page> coefficient_report(Program& program, const ReportReques
         c.heading("Target displacement by method");
         std::vector<std::vector<std::string>> rows{{"Method", "Target displacement"}};
         for (const compute::nsp::MethodColumn& m : nsp->columns)
-            rows.push_back({m.title, m.target ? compute::nsp::six_digits(*m.target) + " " + m.target_unit : m.no_result});
+            rows.push_back({m.title, m.target ? compute::nsp::six_digits(*m.target) + " " + m.target_unit : "no result"});
         c.table(rows);
+        for (const compute::nsp::MethodColumn& m : nsp->columns)
+            if (!m.target) c.paragraph(m.title + ", no result: " + m.no_result);
         for (const compute::nsp::MethodColumn& m : nsp->columns) {
             std::vector<std::vector<std::string>> values{{m.title, "Value", "Unit", "Clause"}};
             for (const compute::nsp::NamedValue& v : m.values)
@@ -283,12 +288,14 @@ std::vector<forms::Page> coefficient_report(Program& program, const ReportReques
             c.table(values);
             for (const std::string& note : m.notes) c.paragraph(note);
         }
-        ReportPlot adrs{"Capacity curve and each method's demand (ADRS)", "Sd (length unit of the curve)", "Sa (g)", {}};
+        ReportPlot adrs{"Capacity curve and each method's demand (ADRS)", "Sd (" + length + ")", "Sa (g)", {}};
         PlotSeries cap{"Capacity curve", kInkBlack, {}, {}, false};
         for (const auto& p : nsp->capacity) {
             cap.x.push_back(p.Sd);
             cap.y.push_back(p.Sa);
         }
+        // The demands run far past the curve: the abscissa ends at twice its last point.
+        if (!cap.x.empty()) adrs.x_limit = 2 * cap.x.back();
         adrs.series.push_back(std::move(cap));
         for (const compute::nsp::MethodColumn& m : nsp->columns) {
             const int bgr = NspWindow::colour(m.method);
@@ -299,6 +306,7 @@ std::vector<forms::Page> coefficient_report(Program& program, const ReportReques
                 demand.y.push_back(p.Sa);
             }
             if (!demand.x.empty()) adrs.series.push_back(std::move(demand));
+            if (m.performance) adrs.x_limit = std::max(adrs.x_limit, 1.2 * m.performance->Sd);
             if (m.performance)
                 adrs.series.push_back({m.title + ": performance point", rgb, {m.performance->Sd}, {m.performance->Sa}, true});
         }
