@@ -7,6 +7,8 @@
 #include <ctime>
 #include <sstream>
 
+#include "windows/printing/page_canvas.h"
+
 namespace tv::windows {
 
 namespace {
@@ -64,16 +66,7 @@ ReportComposer::ReportComposer(Paper paper, ReportHead head,
     page_height_ = paper == Paper::letter ? 792 : 841.89;
     new_page();
     // The title block: a frame with the road, the subject, the date and the program.
-    const double w = page_width_ - 2 * kMargin;
-    forms::PageOp& frame = page().ops.emplace_back();
-    frame.kind = forms::PageOp::Kind::Rect;
-    frame.x1 = kMargin;
-    frame.y1 = y_;
-    frame.x2 = kMargin + w;
-    frame.y2 = y_ + 74;
-    frame.fill = 0xF2F2F2;
-    frame.colour = kGrey;
-    frame.width = 0.75;
+    PageCanvas(page(), 0, 0, 1, 1).rect(kMargin, y_, page_width_ - 2 * kMargin, 74, 0xF2F2F2, kGrey, 0.75);
     text(kMargin + 10, y_ + 9, head_.title, font(16, true));
     text(kMargin + 10, y_ + 32, head_.subject, font(10));
     const std::string made = "Date: " + head_.date + "      Tremorvault " + head_.version;
@@ -94,24 +87,11 @@ void ReportComposer::room(double height) {
 }
 
 void ReportComposer::text(double x, double y, const std::string& s, const forms::PageFont& f, int colour) {
-    forms::PageOp& op = page().ops.emplace_back();
-    op.kind = forms::PageOp::Kind::Text;
-    op.x1 = op.x2 = x;
-    op.y1 = op.y2 = y;
-    op.text = s;
-    op.font = f;
-    op.colour = colour;
+    PageCanvas(page(), 0, 0, 1, 1).text(x, y, s, f, colour);
 }
 
 void ReportComposer::line(double x1, double y1, double x2, double y2, int colour, double width) {
-    forms::PageOp& op = page().ops.emplace_back();
-    op.kind = forms::PageOp::Kind::Line;
-    op.x1 = x1;
-    op.y1 = y1;
-    op.x2 = x2;
-    op.y2 = y2;
-    op.colour = colour;
-    op.width = width;
+    PageCanvas(page(), 0, 0, 1, 1).line(x1, y1, x2, y2, colour, width);
 }
 
 void ReportComposer::heading(const std::string& s) {
@@ -207,16 +187,7 @@ void ReportComposer::table(const std::vector<std::vector<std::string>>& rows) {
     room(std::min<double>(3, static_cast<double>(rows.size())) * kLine);
     for (std::size_t r = 0; r < rows.size(); ++r) {
         room(kLine);
-        if (r == 0) {
-            forms::PageOp& band = page().ops.emplace_back();
-            band.kind = forms::PageOp::Kind::Rect;
-            band.x1 = kMargin;
-            band.y1 = y_ - 2;
-            band.x2 = kMargin + w;
-            band.y2 = y_ + kLine - 2;
-            band.fill = 0xE8E8E8;
-            band.colour = -1;
-        }
+        if (r == 0) PageCanvas(page(), 0, 0, 1, 1).rect(kMargin, y_ - 2, w, kLine, 0xE8E8E8, -1, 0);
         for (std::size_t c = 0; c < rows[r].size(); ++c) {
             std::string cell = rows[r][c];
             const double room_x = weight(c) * unit - 4;
@@ -276,51 +247,29 @@ void ReportComposer::plot(const ReportPlot& plot) {
         text(left - 4 - width_of_(l, small), py(v) - 4.5, l, small);
     }
     if (ay.lo < 0) line(left, py(0), right, py(0), kGrey, 0.6);
-    forms::PageOp& frame = page().ops.emplace_back();
-    frame.kind = forms::PageOp::Kind::Rect;
-    frame.x1 = left;
-    frame.y1 = top;
-    frame.x2 = right;
-    frame.y2 = bottom;
-    frame.colour = 0;
-    frame.width = 0.6;
-    const forms::PageRect inside{left, top, right - left, bottom - top};
+    PageCanvas canvas(page(), 0, 0, 1, 1);
+    canvas.rect(left, top, right - left, bottom - top, -1, 0, 0.6);
+    // The curves show only inside the frame.
+    canvas.clip(left, top, right - left, bottom - top);
     for (const PlotSeries& s : plot.series) {
-        forms::PageOp op;
-        op.kind = forms::PageOp::Kind::Polyline;
-        op.clip = inside;
-        op.colour = s.colour;
-        op.width = 0.8;
+        std::vector<double> corners;
         for (std::size_t i = 0; i < std::min(s.x.size(), s.y.size()); ++i) {
             if (!std::isfinite(s.x[i]) || !std::isfinite(s.y[i])) continue;
             if (s.dots) {
-                forms::PageOp& d = page().ops.emplace_back();
-                d.kind = forms::PageOp::Kind::Dot;
-                d.x1 = d.x2 = px(s.x[i]);
-                d.y1 = d.y2 = py(s.y[i]);
-                d.colour = s.colour;
-                d.width = 2.2;
-                d.clip = inside;
+                canvas.dot(px(s.x[i]), py(s.y[i]), 2.2, s.colour);
             } else {
-                op.points.push_back(px(s.x[i]));
-                op.points.push_back(py(s.y[i]));
+                corners.push_back(px(s.x[i]));
+                corners.push_back(py(s.y[i]));
             }
         }
-        if (op.points.size() >= 4) page().ops.push_back(std::move(op));
+        if (corners.size() >= 4) canvas.polyline(corners, s.colour, 0.8);
     }
+    canvas.unclip();
     // The legend, in the upper right corner, on white.
     double widest = 0;
     for (const PlotSeries& s : plot.series) widest = std::max(widest, width_of_(s.name, small));
     const double lx = right - widest - 34, ly = top + 6;
-    forms::PageOp& box = page().ops.emplace_back();
-    box.kind = forms::PageOp::Kind::Rect;
-    box.x1 = lx - 4;
-    box.y1 = ly - 3;
-    box.x2 = right - 4;
-    box.y2 = ly + 11 * static_cast<double>(plot.series.size());
-    box.fill = 0xFFFFFF;
-    box.colour = kGrey;
-    box.width = 0.4;
+    canvas.rect(lx - 4, ly - 3, right - lx, 3 + 11 * static_cast<double>(plot.series.size()), 0xFFFFFF, kGrey, 0.4);
     double row = ly;
     for (const PlotSeries& s : plot.series) {
         line(lx, row + 4.5, lx + 18, row + 4.5, s.colour, s.dots ? 2.5 : 1.2);
@@ -337,13 +286,7 @@ std::vector<forms::Page> ReportComposer::finish() {
     for (std::size_t i = 0; i < n; ++i) {
         forms::Page& p = pages_[i];
         const std::string foot = head_.title + "  \xC2\xB7  page " + std::to_string(i + 1) + " of " + std::to_string(n);
-        forms::PageOp& op = p.ops.emplace_back();
-        op.kind = forms::PageOp::Kind::Text;
-        op.x1 = op.x2 = p.width - kMargin - width_of_(foot, font(8));
-        op.y1 = op.y2 = p.height - kMargin;
-        op.text = foot;
-        op.font = font(8);
-        op.colour = kGrey;
+        PageCanvas(p, 0, 0, 1, 1).text(p.width - kMargin - width_of_(foot, font(8)), p.height - kMargin, foot, font(8), kGrey);
     }
     return std::move(pages_);
 }
