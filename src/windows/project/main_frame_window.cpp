@@ -47,19 +47,12 @@ void frmMain::save_report(const std::function<std::vector<forms::Page>(const Rep
     const forms::MsgResult paper = p.message_box("Set the report on A4 paper?\n(No: US Letter)",
                                                  forms::MsgButtons::YesNoCancel, "Report", forms::MsgIcon::Question);
     if (paper == forms::MsgResult::Cancel) return;
-    forms::FileDialogRequest request;
-    request.save = true;
-    request.filter = "PDF File | *.pdf";
-    request.file_name = "*.pdf";
-    request.title = "Save Report";
-    const std::optional<std::string> chosen = p.file_dialog(request);
-    if (!chosen || chosen->empty() || *chosen == request.file_name) return;
-    const std::string path = pdf_file_name(*chosen);
+    const std::optional<std::string> path = ask_pdf_path(p, "Save Report");
+    if (!path) return;
     ReportRequest r;
     r.paper = paper == forms::MsgResult::No ? Paper::letter : Paper::a4;
     r.record_files = recordFiles;
-    std::string reason;
-    if (!write_pdf_file(p, compose(r), path, reason)) p.report_file_error(75, "Path/File access error", path, reason);
+    save_pdf_pages(p, compose(r), *path);
 }
 
 frmMain& start(Program& program) {
