@@ -2,7 +2,10 @@
 
 #include <cairo-pdf.h>
 #include <cairo.h>
+#include <pango/pangocairo.h>
 
+#include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <new>
 
@@ -18,6 +21,38 @@ void set_font(cairo_t* cr, const forms::PageFont& font) {
     cairo_select_font_face(cr, font.family.c_str(), CAIRO_FONT_SLANT_NORMAL,
                            font.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(cr, font.size);
+}
+
+// A text holding Hebrew or Arabic letters: pango shapes it and sets it right to left. Other
+// texts keep cairo's own setting, as the printed pages of the windows always had it.
+bool needs_shaping(const std::string& text) {
+    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+        const auto b = static_cast<unsigned char>(text[i]);
+        // UTF-8 leads 0xD6..0xDF start U+0580..U+07FF; 0xEF 0xAC..0xBB starts U+FB00..U+FEFF.
+        if ((b >= 0xD6 && b <= 0xDF) || (b == 0xEF && static_cast<unsigned char>(text[i + 1]) >= 0xAC))
+            return true;
+    }
+    return false;
+}
+
+PangoLayout* shaped_layout(cairo_t* cr, const std::string& text, const forms::PageFont& font) {
+    PangoLayout* layout = pango_cairo_create_layout(cr);
+    PangoFontDescription* d = pango_font_description_new();
+    pango_font_description_set_family(d, font.family.c_str());
+    pango_font_description_set_weight(d, font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+    pango_font_description_set_absolute_size(d, font.size * PANGO_SCALE);
+    pango_layout_set_font_description(layout, d);
+    pango_font_description_free(d);
+    pango_layout_set_text(layout, text.c_str(), static_cast<int>(text.size()));
+    return layout;
+}
+
+double shaped_width(cairo_t* cr, const std::string& text, const forms::PageFont& font) {
+    PangoLayout* layout = shaped_layout(cr, text, font);
+    PangoRectangle logical;
+    pango_layout_get_extents(layout, nullptr, &logical);
+    g_object_unref(layout);
+    return static_cast<double>(logical.width) / PANGO_SCALE;
 }
 
 void paint_page(cairo_t* cr, const forms::Page& page) {
@@ -61,9 +96,26 @@ void paint_page(cairo_t* cr, const forms::Page& page) {
                 cairo_arc(cr, op.x1, op.y1, op.width, 0, 6.283185307179586);
                 cairo_fill(cr);
                 break;
+            case forms::PageOp::Kind::Polyline:
+                if (op.colour < 0 || op.points.size() < 4) break;
+                set_colour(cr, op.colour);
+                cairo_set_line_width(cr, op.width);
+                cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
+                cairo_move_to(cr, op.points[0], op.points[1]);
+                for (std::size_t i = 2; i + 1 < op.points.size(); i += 2) cairo_line_to(cr, op.points[i], op.points[i + 1]);
+                cairo_stroke(cr);
+                cairo_set_line_join(cr, CAIRO_LINE_JOIN_MITER);
+                break;
             case forms::PageOp::Kind::Text: {
                 if (op.colour < 0) break;
                 set_colour(cr, op.colour);
+                if (needs_shaping(op.text)) {
+                    PangoLayout* layout = shaped_layout(cr, op.text, op.font);
+                    cairo_move_to(cr, op.x1, op.y1);
+                    pango_cairo_show_layout(cr, layout);
+                    g_object_unref(layout);
+                    break;
+                }
                 set_font(cr, op.font);
                 // The operation gives the top-left corner; cairo sets text on its base line.
                 cairo_font_extents_t fe;
@@ -94,6 +146,16 @@ bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::
     std::string out;
     cairo_surface_t* surface = cairo_pdf_surface_create_for_stream(append, &out, first.width, first.height);
     if (!first.title.empty()) cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_TITLE, first.title.c_str());
+    // A reproducible build of a document: its date from SOURCE_DATE_EPOCH when that is set.
+    if (const char* epoch = std::getenv("SOURCE_DATE_EPOCH")) {
+        const std::time_t t = static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10));
+        std::tm utc{};
+        char date[32];
+        if (gmtime_r(&t, &utc) && std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%SZ", &utc) > 0) {
+            cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_CREATE_DATE, date);
+            cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_MOD_DATE, date);
+        }
+    }
     cairo_t* cr = cairo_create(surface);
     for (const forms::Page& page : pages) {
         cairo_pdf_surface_set_size(surface, page.width, page.height);
@@ -130,6 +192,7 @@ double text_width(const std::string& text, const forms::PageFont& font) {
         }
     };
     static Measure m;
+    if (needs_shaping(text)) return shaped_width(m.cr, text, font);
     set_font(m.cr, font);
     cairo_text_extents_t e;
     cairo_text_extents(m.cr, text.c_str(), &e);

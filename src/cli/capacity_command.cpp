@@ -5,6 +5,7 @@
 #include "cli/commands.h"
 #include "cli/curve_options.h"
 #include "cli/options.h"
+#include "cli/report_option.h"
 #include "cli/session.h"
 #include "compute/files/file_writer.h"
 #include "compute/files/text_file.h"
@@ -46,7 +47,7 @@ const char* kCapacityUsage =
     "                         (for an Sd-Sa list: the file's participation factor, else 1)\n"
     "  --save-capacity FILE   write the nine-column table built from the curve\n";
 
-std::string capacity_usage() { return std::string(kCapacityUsage) + kCurveOptionsUsage; }
+std::string capacity_usage() { return std::string(kCapacityUsage) + kReportUsage + kCurveOptionsUsage; }
 
 }  // namespace
 
@@ -55,10 +56,16 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
                      "type", "table", "report-pdf", "weight", "alpha1", "pf-phi", "save-capacity"},
                     {"teff-from-capacity"}};
     known.with_value.insert(std::begin(kCurveOptionNames), std::end(kCurveOptionNames));
+    known.with_value.insert(kReportOptions.begin(), kReportOptions.end());
     const std::string usage = capacity_usage();
     ParsedOptions o;
     if (auto done = parse_command(args, known, "capacity", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "capacity", "give one capacity file", usage);
+    {
+        windows::Paper paper;
+        std::string why_paper;
+        if (!report_paper(o, paper, why_paper)) return usage_error(err, "capacity", why_paper, usage);
+    }
 
     // The index of an option's value among the allowed ones; the default's when not given.
     bool bad_choice = false;
@@ -194,7 +201,7 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
         s.print("SRA", f9.Re2.text());
         s.print("SRV", f9.Re3.text());
         s.print("Beff", f9.Re4.text());
-        if (!swept && (o.get("table") || o.get("report-pdf"))) {
+        if (!swept && (o.get("table") || o.get("report-pdf") || o.get("report"))) {
             err << "tremorvault-cli capacity: no demand spectrum, so no table and no diagram\n";
             throw Exit{kFailed};
         }
@@ -215,6 +222,7 @@ int run_capacity(const std::vector<std::string>& args, std::ostream& out, std::o
                 throw Exit{kFailed};
             }
         }
+        write_report(s, o, {}, [&](const windows::ReportRequest& r) { return windows::capacity_report(s.program, r); });
     } catch (const Exit& e) {
         return e.status;
     }

@@ -6,6 +6,7 @@
 #include "cli/curve_options.h"
 #include "cli/options.h"
 #include "cli/pushover_steps.h"
+#include "cli/report_option.h"
 #include "cli/session.h"
 #include "text/format.h"
 #include "text/number_text.h"
@@ -30,7 +31,7 @@ std::string coefficient_usage() {
     kFitUsage +
     "  --vs TEXT             design base shear: calculate the R factor\n"
     + kTargetUsage +
-           "  --report-pdf FILE     the printed page of Form6 (and of Form8 when it ran), to PDF\n" +
+           "  --report-pdf FILE     the printed page of Form6 (and of Form8 when it ran), to PDF\n" + kReportUsage +
            kCurveOptionsUsage;
 }
 
@@ -40,10 +41,16 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
     OptionSpec known{{"vs", "report-pdf"}, {}};
     known.with_value.insert(kPushoverOptions.begin(), kPushoverOptions.end());
     known.flags.insert(kPushoverFlags.begin(), kPushoverFlags.end());
+    known.with_value.insert(kReportOptions.begin(), kReportOptions.end());
     const std::string usage = coefficient_usage();
     ParsedOptions o;
     if (auto done = parse_command(args, known, "coefficient", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "coefficient", "give one pushover file", usage);
+    {
+        windows::Paper paper;
+        std::string why_paper;
+        if (!report_paper(o, paper, why_paper)) return usage_error(err, "coefficient", why_paper, usage);
+    }
     PushoverChoices c;
     if (auto bad = parse_pushover_choices(o, "coefficient", usage, err, c)) return *bad;
 
@@ -99,6 +106,7 @@ int run_coefficient(const std::vector<std::string>& args, std::ostream& out, std
                 throw Exit{kFailed};
             }
         }
+        write_report(s, o, {}, [&](const windows::ReportRequest& r) { return windows::coefficient_report(s.program, r); });
     } catch (const Exit& e) {
         return e.status;
     }

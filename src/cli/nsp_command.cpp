@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/pushover_steps.h"
+#include "cli/report_option.h"
 #include "cli/session.h"
 #include "compute/capacity/demand_spectrum.h"
 #include "compute/nsp/nsp_comparison.h"
@@ -45,7 +46,7 @@ std::string nsp_usage() {
            "  --csm-type A|B|C      capacity spectrum sweep: structure type (default A)\n"
            "  --beta0 TEXT          FEMA 440 initial damping, percent (default 5)\n"
            "  --n2-iterate          N2: iterate dm* on dt* (EN 1998-1 Annex B)\n"
-           "  --iterations          print each method's iterations\n";
+           "  --iterations          print each method's iterations\n" + kReportUsage;
 }
 
 using nsp::six_digits;
@@ -112,10 +113,16 @@ int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
                      {"near-field", "n2-iterate", "iterations"}};
     known.with_value.insert(kPushoverOptions.begin(), kPushoverOptions.end());
     known.flags.insert(kPushoverFlags.begin(), kPushoverFlags.end());
+    known.with_value.insert(kReportOptions.begin(), kReportOptions.end());
     const std::string usage = nsp_usage();
     ParsedOptions o;
     if (auto done = parse_command(args, known, "nsp", usage, o, out, err)) return *done;
     if (o.files.size() != 1) return usage_error(err, "nsp", "give one pushover file", usage);
+    {
+        windows::Paper paper;
+        std::string why_paper;
+        if (!report_paper(o, paper, why_paper)) return usage_error(err, "nsp", why_paper, usage);
+    }
     PushoverChoices c;
     if (auto bad = parse_pushover_choices(o, "nsp", usage, err, c)) return *bad;
 
@@ -219,6 +226,9 @@ int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         s.print("targets", "");
         for (const nsp::MethodColumn& m : result.columns)
             s.print("  " + m.title, m.target ? six_digits(*m.target) + " " + m.target_unit : "none");
+        write_report(s, o, {}, [&](const windows::ReportRequest& r) {
+            return windows::coefficient_report(s.program, r, &result);
+        });
     } catch (const Exit& e) {
         return e.status;
     }

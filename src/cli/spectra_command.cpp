@@ -6,6 +6,7 @@
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/record_steps.h"
+#include "cli/report_option.h"
 #include "cli/session.h"
 #include "compute/measures/rotd_spectra.h"
 #include "compute/spectra/period_grid.h"
@@ -73,10 +74,16 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
                      "export-spectra", "rule", "sa-scale", "band-start", "band-end", "export-comparison"},
                     {"compare"}};
     known.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
-    const std::string usage = std::string(kSpectraUsage) + kRecordUsage;
+    known.with_value.insert(kReportOptions.begin(), kReportOptions.end());
+    const std::string usage = std::string(kSpectraUsage) + kReportUsage + kRecordUsage;
     ParsedOptions o;
     if (auto done = parse_command(args, known, "spectra", usage, o, out, err)) return *done;
     if (auto problem = record_files_problem(o, 3)) return usage_error(err, "spectra", *problem, usage);
+    {
+        windows::Paper paper;
+        std::string why_paper;
+        if (!report_paper(o, paper, why_paper)) return usage_error(err, "spectra", why_paper, usage);
+    }
     const std::string hazard = o.get("hazard").value_or("low");
     const std::string soil = o.get("soil").value_or("I");
     const std::string measure = o.get("measure").value_or("psa");
@@ -165,6 +172,10 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
                 s.step([&] { f4.Command3.press(); });
             }
         }
+        windows::ReportRequest request;
+        request.record_files = o.files;
+        if (auto scales = o.get("scale")) request.record_scales = split_list(*scales);
+        write_report(s, o, request, [&](const windows::ReportRequest& r) { return windows::ground_motion_report(s.program, r); });
     } catch (const Exit& e) {
         return e.status;
     }

@@ -23,7 +23,7 @@ struct PageRect {
 
 /// One drawing operation. Colours are 0xRRGGBB, -1 for none.
 struct PageOp {
-    enum class Kind { Line, Rect, Dot, Text };
+    enum class Kind { Line, Rect, Dot, Text, Polyline };
     Kind kind = Kind::Line;
     /// Line: the two ends. Rect: the top-left and bottom-right corners. Dot: the centre in
     /// (x1, y1). Text: the top-left corner of the text.
@@ -36,6 +36,8 @@ struct PageOp {
     int fill = -1;
     std::string text;
     PageFont font;
+    /// A polyline's corners as x, y pairs; its pen is `width` and `colour`.
+    std::vector<double> points;
     /// Only what falls inside is drawn.
     PageRect clip;
 };

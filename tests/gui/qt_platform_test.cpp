@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QLabel>
 #include <QMessageBox>
 #include <QInputDialog>
@@ -17,6 +21,8 @@
 #include "gui/platform/view_registry.h"
 #include "gui_fixture.h"
 #include "windows/printing/page_composer.h"
+#include "windows/printing/report_composer.h"
+#include "compute/files/file_writer.h"
 
 namespace tv::gui {
 namespace {
@@ -149,6 +155,25 @@ TEST(QtPlatformPrint, PagesBecomeOnePdfInMemory) {
     for (std::size_t at = pdf.find("/Type /Page"); at != std::string::npos; at = pdf.find("/Type /Page", at + 1))
         pages += pdf.compare(at, 12, "/Type /Pages") != 0;
     EXPECT_EQ(pages, 2);
+}
+
+// The desktop's report: polylines and Persian text through Qt give a sound PDF with every font
+// embedded.
+TEST(QtPlatformPrint, ReportPagesAreASoundPdfWithEmbeddedFonts) {
+    ViewRegistry views;
+    QtPlatform platform(views);
+    windows::ReportComposer c(windows::Paper::letter, {"Ground Motion Report", "a.txt", "2026-11-26", "1.0"},
+                              [&](const std::string& t, const forms::PageFont& f) { return platform.page_text_width(t, f); });
+    c.value("Combination of the components", "\u0646\u0634\u0631\u064a\u0647 360");
+    c.plot({"Spectra", "Period (s)", "Sa (g)", {{"Average", 0x1F5FBF, {0, 1, 2}, {0.5, 1.2, 0.4}, false}}});
+    std::string pdf, reason;
+    ASSERT_TRUE(platform.render_pdf(c.finish(), pdf, reason)) << reason;
+    const std::string path = QDir::temp().filePath("tv_qt_report.pdf").toStdString();
+    ASSERT_TRUE(compute::write_file(path, pdf).ok());
+    EXPECT_EQ(std::system(("qpdf --check '" + path + "' >/dev/null").c_str()), 0);
+    // Column "emb" of every font is "yes".
+    EXPECT_EQ(std::system(("pdffonts '" + path + "' | tail -n +3 | awk '$(NF-4) != \"yes\" {exit 1}'").c_str()), 0);
+    std::remove(path.c_str());
 }
 
 // A window with a view of its own, shown without a frame.

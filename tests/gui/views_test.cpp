@@ -66,10 +66,16 @@ TEST_F(ViewsTest, MainFrame) {
     ASSERT_NE(main, nullptr);
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
     const QList<QAction*> top = main->menuBar()->actions();
-    ASSERT_EQ(top.size(), 3);
+    ASSERT_EQ(top.size(), 4);
     EXPECT_EQ(top[0]->text(), "&Project");
-    EXPECT_EQ(top[1]->text(), "&Window");
-    EXPECT_EQ(top[2]->text(), "&About");
+    EXPECT_EQ(top[1]->text(), "&Report");
+    EXPECT_EQ(top[2]->text(), "&Window");
+    EXPECT_EQ(top[3]->text(), "&About");
+    // Without results no report can be made.
+    QStringList reports;
+    for (QAction* a : top[1]->menu()->actions()) reports << a->text() + (a->isEnabled() ? "" : " (off)");
+    EXPECT_EQ(reports, QStringList({"&Ground Motion Report... (off)", "&Coefficient Method Report... (off)",
+                                    "Capacity &Spectrum Report... (off)"}));
     QStringList entries;
     for (QAction* a : top[0]->menu()->actions()) entries << (a->isSeparator() ? QStringLiteral("-") : a->text());
     EXPECT_EQ(entries, QStringList({"&Open/Add Record", "-", "&Coefficient Method", "-", "Capacity Spec &Method", "-",

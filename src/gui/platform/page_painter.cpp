@@ -8,6 +8,7 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPolygonF>
 
 namespace tv::gui {
 
@@ -67,6 +68,15 @@ void paint_page(QPainter& p, const forms::Page& page, double per_point) {
                 p.setBrush(colour(op.colour));
                 p.drawEllipse(at(op.x1, op.y1), op.width * per_point, op.width * per_point);
                 break;
+            case forms::PageOp::Kind::Polyline: {
+                if (op.colour < 0 || op.points.size() < 4) break;
+                QPolygonF corners;
+                for (std::size_t i = 0; i + 1 < op.points.size(); i += 2) corners << at(op.points[i], op.points[i + 1]);
+                p.setPen(QPen(colour(op.colour), op.width * per_point, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+                p.setBrush(Qt::NoBrush);
+                p.drawPolyline(corners);
+                break;
+            }
             case forms::PageOp::Kind::Text: {
                 if (op.colour < 0) break;
                 p.setFont(page_font(op.font));

@@ -22,6 +22,8 @@ MainFrameView::MainFrameView(windows::frmMain& model, forms::App& app, QWidget* 
     ui_.mdiArea->setBackground(QColor(0x5f, 0x69, 0x73));
     add_window_menu();
     bind::all(*this, model, app);
+    // Each report entry is enabled while its road has results.
+    connect(ui_.menu_report, &QMenu::aboutToShow, this, [&model] { model.update_report_menu(); });
 }
 
 void MainFrameView::add_window_menu() {

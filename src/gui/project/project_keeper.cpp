@@ -59,6 +59,7 @@ void ProjectKeeper::show_title() {
     // Before the first save the frame keeps its own caption; the mark shows all the same.
     const QString title = path_.isEmpty() ? QStringLiteral("Tremorvault[*]")
                                           : QFileInfo(path_).completeBaseName() + QStringLiteral("[*] - Tremorvault");
+    frame_->projectName = path_.isEmpty() ? std::string() : QFileInfo(path_).completeBaseName().toStdString();
     frame_->set_caption(title.toStdString());
     if (QMainWindow* w = screen_->frame()) w->setWindowModified(platform_->journal().modified());
 }

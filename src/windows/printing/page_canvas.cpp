@@ -32,6 +32,16 @@ void PageCanvas::dot(double x, double y, double radius, int colour) {
     op.width = radius * size_scale_;
 }
 
+void PageCanvas::polyline(const std::vector<double>& points, int colour, double width) {
+    forms::PageOp& op = add(forms::PageOp::Kind::Polyline, 0, 0, 0, 0);
+    op.colour = colour;
+    op.width = width * size_scale_;
+    for (std::size_t i = 0; i + 1 < points.size(); i += 2) {
+        op.points.push_back(left_ + points[i] * scale_);
+        op.points.push_back(top_ + points[i + 1] * scale_);
+    }
+}
+
 void PageCanvas::text(double x, double y, const std::string& s, const forms::PageFont& font, int colour) {
     forms::PageOp& op = add(forms::PageOp::Kind::Text, x, y, x, y);
     op.colour = colour;

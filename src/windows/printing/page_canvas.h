@@ -1,6 +1,7 @@
 #pragma once
 // Drawing onto a page in local units: a placement moves and scales them onto the page's points.
 #include <string>
+#include <vector>
 
 #include "forms/page.h"
 
@@ -17,6 +18,8 @@ public:
     /// A rectangle filled with `fill` and bordered with `border` (either -1 for none).
     void rect(double x, double y, double w, double h, int fill, int border, double width);
     void dot(double x, double y, double radius, int colour);
+    /// Corners given as x, y pairs, joined by lines.
+    void polyline(const std::vector<double>& points, int colour, double width);
     /// Text with its top-left corner at (x, y).
     void text(double x, double y, const std::string& s, const forms::PageFont& font, int colour);
     /// Later operations show only inside the rectangle; unclip lifts it.

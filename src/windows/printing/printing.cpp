@@ -35,18 +35,25 @@ std::string pdf_file_name(const std::string& chosen) {
     return has ? chosen : chosen + tail;
 }
 
-void save_page_as_pdf(forms::Platform& platform, const forms::Page& page) {
+std::optional<std::string> ask_pdf_path(forms::Platform& platform, const std::string& title) {
     forms::FileDialogRequest request;
     request.save = true;
     request.filter = "PDF File | *.pdf";
     request.file_name = "*.pdf";
-    request.title = "Save PDF";
+    request.title = title;
     const std::optional<std::string> chosen = platform.file_dialog(request);
-    if (!chosen || chosen->empty() || *chosen == request.file_name) return;
-    const std::string path = pdf_file_name(*chosen);
+    if (!chosen || chosen->empty() || *chosen == request.file_name) return std::nullopt;
+    return pdf_file_name(*chosen);
+}
+
+void save_pdf_pages(forms::Platform& platform, const std::vector<forms::Page>& pages, const std::string& path) {
     std::string reason;
-    if (!write_pdf_file(platform, {page}, path, reason))
+    if (!write_pdf_file(platform, pages, path, reason))
         platform.report_file_error(75, "Path/File access error", path, reason);
+}
+
+void save_page_as_pdf(forms::Platform& platform, const forms::Page& page) {
+    if (const std::optional<std::string> path = ask_pdf_path(platform, "Save PDF")) save_pdf_pages(platform, {page}, *path);
 }
 
 bool write_pdf_file(forms::Platform& platform, const std::vector<forms::Page>& pages, const std::string& path,

@@ -1,6 +1,7 @@
 #pragma once
 // The printing road of the windows: the printer list, Print, "Save PDF..." and the writing of
 // a PDF file.
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,13 @@ void print_page(forms::Platform& platform, const forms::Page& page, const std::s
 
 /// The name rule of "Save PDF...": ".pdf" is added when the name does not end in it (any case).
 std::string pdf_file_name(const std::string& chosen);
+
+/// The save dialog of a PDF file, captioned `title`: the name chosen with ".pdf" added, nothing
+/// when cancelled.
+std::optional<std::string> ask_pdf_path(forms::Platform& platform, const std::string& title);
+
+/// Writes `pages` whole to `path`; a file that cannot be made or written is error 75.
+void save_pdf_pages(forms::Platform& platform, const std::vector<forms::Page>& pages, const std::string& path);
 
 /// "Save PDF...": `page` goes to a PDF file named in a save dialog, whether or not a printer
 /// exists. A cancelled dialog writes nothing; a file that cannot be made or written is error 75.

@@ -7,6 +7,7 @@
 #include "windows/capacity/capacity_window.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/files/work_files.h"
+#include "windows/printing/printing.h"
 #include "windows/project/about_window.h"
 #include "windows/project/record_file.h"
 #include "windows/project/record_input_window.h"
@@ -24,8 +25,39 @@ frmMain::frmMain(forms::App& app) : Window(app, "frmMain", "Tremorvault", kMainF
     PUSHOVER.Click = [this] { program().form<Form6>().show(); };
     menu_adrs.Click = [this] { program().form<Form9>().show(); };
     // Keeping, opening and leaving are no steps of the work a project holds.
-    for (forms::Menu* m : {&menu_exit, &menu_open_project, &menu_save_project, &menu_save_project_as, &menu_recent_projects})
+    for (forms::Menu* m : {&menu_exit, &menu_open_project, &menu_save_project, &menu_save_project_as, &menu_recent_projects,
+                          &menu_report_ground, &menu_report_coefficient, &menu_report_capacity})
         m->journaled = false;
+    menu_report_ground.Click = [this] {
+        save_report([this](const ReportRequest& r) { return ground_motion_report(program(), r); });
+    };
+    menu_report_coefficient.Click = [this] {
+        save_report([this](const ReportRequest& r) { return coefficient_report(program(), r); });
+    };
+    menu_report_capacity.Click = [this] {
+        save_report([this](const ReportRequest& r) { return capacity_report(program(), r); });
+    };
+    update_report_menu();
+}
+
+void frmMain::update_report_menu() {
+    menu_report_ground.set_enabled(ground_motion_has_results(program()));
+    menu_report_coefficient.set_enabled(coefficient_has_results(program()));
+    menu_report_capacity.set_enabled(capacity_has_results(program()));
+}
+
+void frmMain::save_report(const std::function<std::vector<forms::Page>(const ReportRequest&)>& compose) {
+    forms::Platform& p = platform();
+    const forms::MsgResult paper = p.message_box("Set the report on A4 paper?\n(No: US Letter)",
+                                                 forms::MsgButtons::YesNoCancel, "Report", forms::MsgIcon::Question);
+    if (paper == forms::MsgResult::Cancel) return;
+    const std::optional<std::string> path = ask_pdf_path(p, "Save Report");
+    if (!path) return;
+    ReportRequest r;
+    r.paper = paper == forms::MsgResult::No ? Paper::letter : Paper::a4;
+    r.record_files = recordFiles;
+    r.project = projectName;
+    save_pdf_pages(p, compose(r), *path);
 }
 
 frmMain& start(Program& program) {
@@ -71,6 +103,9 @@ void open_record_file(Program& program, double first_line, bool reset_on_cancel)
     std::optional<OpenedRecord> file = open_record(program.platform(), resolve_in_workdir(s, name), name, s.componentLetter);
     if (!file) return;
     s.fileName = name;
+    frmMain& frame = program.form<frmMain>();
+    if (s.componentLetter == "X" && s.currentRecord == 1) frame.recordFiles.clear();
+    frame.recordFiles.push_back(name);
     if (s.componentLetter != "X" || s.currentRecord != 1) {
         Form1& f = program.form<Form1>();
         f.fileLoaded = 0;
