@@ -10,37 +10,9 @@
 #include "forms/journal.h"
 #include "forms/journal_platform.h"
 #include "windows/program.h"
+#include "windows/project/project_format.h"
 
 namespace tv::windows {
-
-inline constexpr const char* kProjectFormat = "tremorvault-project";
-inline constexpr int kProjectVersion = 1;
-inline constexpr const char* kProjectExtension = ".tvproj";
-
-/// A record or other input file the work opened.
-struct ProjectInput {
-    std::string path;      // as stored: relative to the project file where it can be
-    std::string absolute;  // where it was when saved
-    std::string crc32;     // 8 hex digits, zlib's CRC-32 of the bytes
-};
-
-/// A project file read and checked whole.
-struct ProjectContent {
-    std::vector<forms::Step> steps;
-    std::vector<ProjectInput> inputs;
-    std::string results;  // the windows as saved, as JSON text
-};
-
-struct ProjectRead {
-    std::optional<ProjectContent> content;
-    /// Why it could not be taken: the file, then what is wrong and where.
-    std::string error;
-};
-
-/// Reads `path` through the one reader and checks every field before anything uses it.
-ProjectRead read_project(const std::string& path);
-/// The same on the file's text; `name` is the file's name for the messages.
-ProjectRead parse_project(const std::string& text, const std::string& name);
 
 /// The project text of the work: the journal, its input files with their checksums (paths made
 /// relative to `project_path`'s folder where they can be) and every window's boxes and tables.

@@ -134,6 +134,10 @@ TEST(ProjectBadInput, ABrokenFileIsRefusedWithWhatAndWhere) {
              "road": [{"do": "jump", "window": "Form1"}]})", "\"road[0].do\" holds the unknown \"jump\""},
         {"file of no input", R"({"format": "tremorvault-project", "version": 1, "inputs": [], "windows": [],
              "road": [{"answer": "file", "file": 3}]})", "\"road[0].file\" names no entry of \"inputs\""},
+        {"nested without end", R"({"format": "tremorvault-project", "version": 1, "inputs": [], "road": [],
+             "windows": [{"window": "Form1", "lists": {}, "ticks": {}, "options": {}, "tables": {}, "boxes": {"b": )" +
+             std::string(100000, '[') + std::string(100000, ']') + "}}]}",
+         "nests deeper than 32 levels"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
