@@ -5,7 +5,7 @@
 
 #include "forms/app.h"
 #include "forms/form.h"
-#include "windows/project/project_state.h"
+#include "windows/project_state.h"
 
 namespace tv::windows {
 
