@@ -8,7 +8,6 @@
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
-#include "windows/fourier/fourier_window.h"
 #include "windows/measures/measures_window.h"
 #include "windows/project/inputs_window.h"
 #include "windows/files/work_files.h"
@@ -410,7 +409,7 @@ void Form1::xBack_Click() {
     setenb(s.currentRecord);
 }
 
-void Form1::Command1_Click() { program().form<Form12>().show(); }
+void Form1::Command1_Click() { program().form_named("Form12").show(); }
 
 void Form1::cmdMeasures_Click() {
     if (diagramShown == 0) {
@@ -419,6 +418,10 @@ void Form1::cmdMeasures_Click() {
         return;
     }
     MeasuresWindow& m = program().form<MeasuresWindow>();
+    m.record_changed = [this] {
+        set_caption_for_record();
+        plot_selected();
+    };
     m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()));
     m.show();
 }
