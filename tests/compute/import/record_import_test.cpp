@@ -9,6 +9,7 @@
 
 #include "compute/import/declared_time_step.h"
 #include "compute/import/record_import.h"
+#include "compute/import/record_text.h"
 #include "compute/files/text_file.h"
 #include "support/fake_platform.h"
 #include "support/files.h"
@@ -171,6 +172,15 @@ TEST(PeerHeaderForms, EachGivesPointsAndStep) {
         EXPECT_EQ(r.components[0].time_step, dt) << header;
         EXPECT_EQ(r.components[0].samples.back(), 0.05);
     }
+}
+
+// The header keys of every layout: any case, every character of the key.
+TEST(RecordText, KeysMatchInAnyCaseAndWhole) {
+    using namespace import_detail;
+    EXPECT_TRUE(starts_with_key("  comp 1", "COMP"));
+    EXPECT_FALSE(starts_with_key("XOMP", "COMP"));
+    EXPECT_FALSE(contains("Sta Chan", "Xta"));
+    EXPECT_EQ(number_after("Sampling interval: 0.005 s", "INTERVAL"), "0.005");
 }
 
 TEST(DeclaredTimeStep, HeaderLinesOfPlainRecords) {
