@@ -174,13 +174,16 @@ TEST(PeerHeaderForms, EachGivesPointsAndStep) {
     }
 }
 
-// The header keys of every layout: any case, every character of the key.
+// The header keys of every layout (any case, every character of the key) and their counts.
 TEST(RecordText, KeysMatchInAnyCaseAndWhole) {
     using namespace import_detail;
     EXPECT_TRUE(starts_with_key("  comp 1", "COMP"));
     EXPECT_FALSE(starts_with_key("XOMP", "COMP"));
     EXPECT_FALSE(contains("Sta Chan", "Xta"));
     EXPECT_EQ(number_after("Sampling interval: 0.005 s", "INTERVAL"), "0.005");
+    EXPECT_TRUE(is_integer_text("-13056"));
+    EXPECT_FALSE(is_integer_text("13056."));
+    EXPECT_FALSE(is_integer_text("-"));
 }
 
 TEST(DeclaredTimeStep, HeaderLinesOfPlainRecords) {
