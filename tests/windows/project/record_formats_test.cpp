@@ -1,8 +1,20 @@
 // Record files as networks and databases publish them, taken by the record window.
 #include "project_fixture.h"
+#include "windows/project/record_file.h"
 
 namespace tv::test {
 namespace {
+
+// The component each list offers first: a horizontal one, never the one X took.
+TEST(PresetComponent, HorizontalAndNotTheOneXTook) {
+    std::vector<compute::RecordComponent> c(3);
+    c[0].name = "L1 (177\u00B0)";
+    c[1].name = "V2";
+    c[2].name = "T3 (267\u00B0)";
+    EXPECT_EQ(windows::preset_component(c, true), 0);
+    EXPECT_EQ(windows::preset_component(c, false, 0), 2);
+    EXPECT_EQ(windows::preset_component(c, false, 2), 0);
+}
 
 TEST_F(ProjectTest, AFileOfSeveralComponentsFillsBothTablesFromTheUsersPick) {
     const std::string bhrc = data_path("records/formats/5523-1.V1");
