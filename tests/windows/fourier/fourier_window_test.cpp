@@ -142,6 +142,7 @@ TEST_F(FourierTest, NothingElseOfTheWindowRunsInsideItsLoops) {
     EXPECT_TRUE(busy_inside);
     EXPECT_TRUE(program.is_loaded<windows::Form12>());
     EXPECT_EQ(f.Grid2.rows(), 81);
+    EXPECT_FALSE(f.Picbar.visible());
     EXPECT_EQ(platform.file_requests.size(), files_asked);
     f.pbar.changed = nullptr;
 }
