@@ -70,6 +70,7 @@ TEST_F(CapacityTest, NextAndBackMoveBetweenThePages) {
 
     press(f.Command3);
     press(f.demand.Command6);
+    EXPECT_FALSE(f.frame2_internal.visible());  // the Sa table waits for Calculate Sa
     press(f.demand.Command7);
     EXPECT_TRUE(f.frame2_internal.visible());
     EXPECT_TRUE(f.Command3.enabled());
