@@ -1,7 +1,7 @@
 #include "cli/record_steps.h"
 
 #include "windows/project/main_frame_window.h"
-#include "windows/project/project_state.h"
+#include "windows/project_state.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::cli {

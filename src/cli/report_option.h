@@ -6,7 +6,7 @@
 
 #include "cli/options.h"
 #include "cli/session.h"
-#include "windows/printing/road_reports.h"
+#include "windows/road_reports.h"
 
 namespace tv::cli {
 

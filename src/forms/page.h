@@ -8,6 +8,9 @@
 namespace tv::forms {
 
 /// A font of the page: family, size in points, weight.
+/// The paper a document is set on.
+enum class Paper { a4, letter };
+
 struct PageFont {
     std::string family = "Tahoma";
     double size = 10;

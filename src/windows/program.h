@@ -1,18 +1,27 @@
 #pragma once
 // The running program: the windows' App with the project state, and the base of every window
 // model, which reaches both.
+#include <functional>
+#include <map>
 #include <string>
 
 #include "forms/app.h"
 #include "forms/form.h"
-#include "windows/project/project_state.h"
+#include "windows/project_state.h"
 
 namespace tv::windows {
 
 class Program : public forms::App {
 public:
-    explicit Program(forms::Platform& platform) : forms::App(platform) {}
+    explicit Program(forms::Platform& platform);
     ProjectState state;
+
+    /// The window of that name, loaded on first reference like form<F>(): a window opens one of
+    /// an area that includes its own this way, so that no two areas include each other.
+    forms::Form& form_named(const std::string& name);
+
+private:
+    std::map<std::string, std::function<forms::Form&(Program&)>, std::less<>> named_;
 };
 
 /// The main frame's size in twips; child windows are centred in it.

@@ -151,27 +151,5 @@ TEST_F(GridTableModelTest, PassesTheItemModelTester) {
     for (const QString& msg : messages) EXPECT_FALSE(msg.contains("FAIL")) << msg.toStdString();
 }
 
-// A window that writes 20,000 cells one by one with redraw on: the view is told once.
-TEST_F(GridTableModelTest, ManyWritesReachTheViewAsOneRefresh) {
-    QWidget view;
-    auto* table = new QTableView(&view);
-    table->setObjectName("G");
-    auto* binder = bind::all(view, form, app);
-    test::settle();
-    auto* m = qobject_cast<GridTableModel*>(table->model());
-    ASSERT_NE(m, nullptr);
-    grid.set_rows(20001);
-    test::settle();
-    QSignalSpy resets(m, &QAbstractItemModel::modelReset);
-    QSignalSpy changes(m, &QAbstractItemModel::dataChanged);
-    for (int r = 1; r <= 20000; ++r) grid.set_text(r, 1, std::to_string(r));
-    EXPECT_EQ(resets.count() + changes.count(), 0);
-    test::settle();
-    EXPECT_EQ(resets.count(), 0);
-    EXPECT_EQ(changes.count(), 1);
-    EXPECT_EQ(m->data(m->index(19999, 1)).toString(), "20000");
-    (void)binder;
-}
-
 }  // namespace
 }  // namespace tv::gui

@@ -88,20 +88,6 @@ TEST(QtPlatformBoxes, PickListOffersTheItemsWithThePresetChosen) {
     EXPECT_EQ(platform.choose_item("Component for X:", "Components", {"L1 (177°)", "V2", "T3 (267°)"}, 2), 1);
 }
 
-TEST(QtPlatformMetrics, TextWidthGrowsWithTheText) {
-    ViewRegistry views;
-    QtPlatform platform(views);
-    const double one = platform.text_width_twips("8", "Tahoma", 8.25);
-    const double four = platform.text_width_twips("8888", "Tahoma", 8.25);
-    EXPECT_GT(one, 30);
-    EXPECT_NEAR(four, 4 * one, one * 0.3);
-    // An 8-point line is some 11 to 16 points high: 220 to 320 twips.
-    const double h = platform.text_height_twips("Tahoma", 8.25);
-    EXPECT_GT(h, 180);
-    EXPECT_LT(h, 340);
-    EXPECT_GT(platform.text_width_twips("8", "Arial", 16), one);
-}
-
 TEST(QtPlatformMisc, BusyPointerIsAStateNotAStack) {
     ViewRegistry views;
     QtPlatform platform(views);

@@ -71,55 +71,6 @@ TEST_F(ScriptedRun, MainFrameComesUpWithItsCaption) {
     test::save_shot(*frame, "run_0_frame");
 }
 
-TEST_F(ScriptedRun, OpenAddRecordFillsBothTablesOfForm1) {
-    open_record();
-    EXPECT_EQ(platform.prompts,
-              (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
-    windows::Form1* f1 = program.if_loaded<windows::Form1>();
-    ASSERT_NE(f1, nullptr);
-    QWidget* window = platform.window_of(*f1);
-    ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(platform.mdi_area()->subWindowList().contains(qobject_cast<QMdiSubWindow*>(window)));
-    EXPECT_EQ(window->windowTitle(), "Input file parameters (1)");
-
-    auto* grid1 = in_form1<QTableView>("Grid1");
-    auto* grid2 = in_form1<QTableView>("Grid2");
-    ASSERT_NE(grid1, nullptr);
-    ASSERT_NE(grid2, nullptr);
-    // One table row per line of the file (the heading row is the header).
-    EXPECT_EQ(grid1->model()->rowCount(), f1->Grid1.rows() - 1);
-    EXPECT_GT(grid1->model()->rowCount(), 1000);
-    EXPECT_EQ(grid2->model()->rowCount(), f1->Grid2.rows() - 1);
-    EXPECT_EQ(grid1->model()->headerData(0, Qt::Horizontal).toString(), "Acceleration");
-    EXPECT_EQ(grid1->model()->headerData(1, Qt::Horizontal).toString(), "Acceleration with Scale");
-    EXPECT_EQ(grid1->model()->index(0, 0).data().toString().toStdString(), f1->Grid1.text(1, 0));
-    // The first column is 2500 twips wide, as the reader sets it.
-    EXPECT_EQ(grid1->horizontalHeader()->sectionSize(0), twips_to_px(2500, grid1));
-    EXPECT_FALSE(in_form1<QLineEdit>("Text1")->text().isEmpty());
-    EXPECT_FALSE(in_form1<QLineEdit>("Text2")->text().isEmpty());
-    EXPECT_EQ(in_form1<QLineEdit>("xeline")->text().toStdString(), f1->xeline.text());
-    EXPECT_EQ(in_form1<QLineEdit>("Xfline")->text(), "1");
-    test::save_shot(*frame, "run_1_record_open");
-}
-
-TEST_F(ScriptedRun, AFileOfThreeComponentsFillsBothTablesFromOnePick) {
-    const std::string bhrc = test::data_path("records/formats/5523-1.V1");
-    if (bhrc.empty()) GTEST_SKIP() << "records data missing";
-    platform.inputs = {"1", "1"};
-    platform.files = {bhrc};
-    platform.items = {0, 2};
-    choose("menu_open");
-    EXPECT_EQ(platform.prompts.back(), "Component of 5523-1.V1 for Y:");
-    EXPECT_EQ(in_form1<QLineEdit>("xstep")->text(), "0.005");
-    EXPECT_EQ(in_form1<QLineEdit>("Xfline")->text(), "28");
-    EXPECT_EQ(in_form1<QTableView>("Grid2")->model()->rowCount(), 13083);
-    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
-    test::settle();
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_EQ(in_form1<QTableView>("Grid1")->model()->headerData(0, Qt::Vertical).toInt(), 28);
-    test::save_shot(*frame, "run_1_three_components");
-}
-
 TEST_F(ScriptedRun, WindowsFitASmallScreenAndTheWindowMenuReachesThem) {
     frame->resize(1366, 768);
     test::settle();
@@ -262,23 +213,6 @@ TEST_F(ScriptedRun, AMaximisedWindowGrowsItsChartWhichZoomsAndHasAMenu) {
     QTest::mouseDClick(plot, Qt::LeftButton, Qt::NoModifier, at.toPoint());
     test::settle();
     EXPECT_EQ(f1.chart.Slider1.value(), 1);
-}
-
-TEST_F(ScriptedRun, NextOnTheLastRecordOpensTheNextWindowBeside) {
-    open_record();
-    auto* first = in_form1<QLineEdit>("Xfline");
-    first->selectAll();
-    QTest::keyClicks(first, "5");
-    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
-    QTest::mouseClick(in_form1<QPushButton>("xnext"), Qt::LeftButton);
-    test::settle();
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    const auto windows = platform.mdi_area()->subWindowList();
-    ASSERT_EQ(windows.size(), 2);
-    EXPECT_TRUE(windows[0]->isVisible());  // Form1 stays behind
-    EXPECT_TRUE(windows[1]->isVisible());
-    EXPECT_EQ(platform.mdi_area()->activeSubWindow(), windows[1]);
-    test::save_shot(*frame, "run_5_next");
 }
 
 TEST_F(ScriptedRun, TheGuidesPicturesAtALaptopsSize) {

@@ -150,27 +150,5 @@ TEST_F(SpectraViews, Comparison) {
     expect_chart_takes_spare_room();
 }
 
-TEST_F(SpectraViews, BandEndMessageReadsRightToLeft) {
-    const QString text = QString::fromUtf8(windows::kBandEndMessage);
-    EXPECT_TRUE(text.isRightToLeft());
-    auto box = QtPlatform::make_message_box(windows::kBandEndMessage, forms::MsgButtons::Ok, "", forms::MsgIcon::None);
-    box->show();
-    test::settle();
-    QLabel* shown = nullptr;
-    for (QLabel* l : box->findChildren<QLabel*>())
-        if (l->text() == text) shown = l;
-    ASSERT_NE(shown, nullptr);
-    EXPECT_TRUE(all_glyphs_found(text, *shown));
-    // The box lays out right to left, so the text stands against its right edge.
-    EXPECT_EQ(box->layoutDirection(), Qt::RightToLeft);
-    EXPECT_EQ(shown->layoutDirection(), Qt::RightToLeft);
-    const QPoint right = shown->mapTo(box.get(), QPoint(shown->width(), 0));
-    EXPECT_GT(right.x(), box->width() / 2);
-    // An English box keeps the usual direction.
-    auto english = QtPlatform::make_message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);
-    EXPECT_EQ(english->layoutDirection(), Qt::LeftToRight);
-    test::save_shot(*box, "Form4_band_message");
-}
-
 }  // namespace
 }  // namespace tv::gui

@@ -6,7 +6,6 @@
 #include <cstdlib>
 
 #include "text/number_text.h"
-#include "windows/project/record_input_window.h"
 
 namespace tv::windows {
 
@@ -291,10 +290,7 @@ void MeasuresWindow::write_to_project(const std::array<std::vector<double>, 2>& 
 
 void MeasuresWindow::set_record_caption(const std::string& note) {
     state().recordProcessing(record_) = note;
-    if (Form1* f1 = program().if_loaded<Form1>()) {
-        f1->set_caption_for_record();
-        f1->plot_selected();
-    }
+    if (record_changed) record_changed();
 }
 
 }  // namespace tv::windows

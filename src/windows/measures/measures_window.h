@@ -5,6 +5,7 @@
 // project's record and undoes them.
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,8 @@ public:
 
     /// Takes the record in work: record r of the project, its lines first..last, step dt (s).
     void open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt);
+    /// Called when processing changed the project's record, for the window that shows it.
+    std::function<void()> record_changed;
 
     /// Measures of what the window shows now, component 'X' or 'Y'; null when they failed.
     const compute::MotionMeasures* shown_measures(char component) const;

@@ -9,7 +9,7 @@
 
 namespace tv::windows {
 
-enum class Paper { a4, letter };
+using forms::Paper;
 
 /// What the title block shows.
 struct ReportHead {

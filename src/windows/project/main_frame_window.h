@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "windows/printing/road_reports.h"
+#include "windows/road_reports.h"
 #include "windows/program.h"
 
 namespace tv::windows {

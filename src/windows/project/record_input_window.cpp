@@ -8,7 +8,6 @@
 #include "text/checked.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
-#include "windows/fourier/fourier_window.h"
 #include "windows/measures/measures_window.h"
 #include "windows/project/inputs_window.h"
 #include "windows/files/work_files.h"
@@ -249,6 +248,7 @@ void Form1::Command2_Click() {
     xnext.set_enabled(true);
     if (val(Xfline.text()) != 0 && val(xeline.text()) != 0) {
         scaleFactor = val(xscale.text());
+        appliedScale.at(static_cast<std::size_t>(r)) = xscale.text();
         if (savedMaxX.at(static_cast<std::size_t>(r)) != 0) {
             rawMaxX = savedMaxX[static_cast<std::size_t>(r)];
             rawMaxY = savedMaxY[static_cast<std::size_t>(r)];
@@ -412,7 +412,7 @@ void Form1::xBack_Click() {
     setenb(s.currentRecord);
 }
 
-void Form1::Command1_Click() { program().form<Form12>().show(); }
+void Form1::Command1_Click() { program().form_named("Form12").show(); }
 
 void Form1::cmdMeasures_Click() {
     if (diagramShown == 0) {
@@ -421,6 +421,10 @@ void Form1::cmdMeasures_Click() {
         return;
     }
     MeasuresWindow& m = program().form<MeasuresWindow>();
+    m.record_changed = [this] {
+        set_caption_for_record();
+        plot_selected();
+    };
     m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()));
     m.show();
 }

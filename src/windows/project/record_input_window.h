@@ -45,6 +45,8 @@ public:
     double rawMaxX = 0, rawMaxY = 0;
     /// savedMaxX1 ... savedMaxY3 by record (index 1..3).
     std::array<double, 4> savedMaxX{}, savedMaxY{};
+    /// The Scale box's text as Show Diagram last applied it, by record (index 1..3), for the report.
+    std::array<std::string, 4> appliedScale{};
     double scaleFactor = 0;
     std::int32_t firstLine = 0, lastLine = 0;
     std::int32_t diagramShown = 0;

@@ -22,19 +22,5 @@ TEST(RealCapacityFiles, FilesWithoutATeffLineGiveNoRowsAndNoError) {
     }
 }
 
-TEST(RealCapacityFiles, TabSeparatedPairsReadAsPeriodAndSa) {
-    std::string path = need("capacity_spectrum.txt");
-    if (path.empty()) GTEST_SKIP() << "capacity data missing";
-    text::DoubleArray aux, sa;
-    read_period_sa_file(path, aux, sa);
-    // Eight lines, the last repeated, and the zero point the reader always adds.
-    ASSERT_EQ(aux.ubound(), 9);
-    EXPECT_EQ(aux(1), 0.001);
-    EXPECT_EQ(sa(1), 0.0);
-    EXPECT_EQ(aux(8), 1.16);
-    EXPECT_EQ(sa(8), 0.27);
-    EXPECT_EQ(aux(9), 0.0);
-}
-
 }  // namespace
 }  // namespace tv::compute

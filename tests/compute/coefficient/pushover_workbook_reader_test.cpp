@@ -201,24 +201,5 @@ TEST(ReadPushoverXls, StepBeyondSixteenBits) {
     EXPECT_EQ(t.rows.size(), 1u);
 }
 
-// The structural program's own table export: a title in row 1, headings in row 2, units in
-// row 3 with column A empty. Read by the rows of the layout, the headings become one row of
-// zeros and the empty A3 ends the table.
-TEST(ReadPushoverXlsx, RealTableExportsStopAtTheUnitsRow) {
-    for (const char* name : {"pushover/PDcurve.xlsx", "pushover/PDcurve_Xdir.xlsx", "pushover/PDcurve_XNdir.xlsx"}) {
-        std::string path = test::data_path(name);
-        if (path.empty()) GTEST_SKIP() << name << " not available";
-        PushoverTable t = read_pushover_workbook(path);
-        ASSERT_TRUE(t.ok()) << name << ": " << t.description;
-        ASSERT_EQ(t.rows.size(), 1u) << name;
-        EXPECT_EQ(t.rows[0].step_text, "Step");
-        EXPECT_EQ(t.rows[0].displacement_text, "Monitored Displ");
-        EXPECT_EQ(t.rows[0].force_text, "Base Force");
-        EXPECT_EQ(t.rows[0].point.Step, 0);
-        EXPECT_EQ(t.rows[0].point.Displacement, 0.0);
-        EXPECT_EQ(t.rows[0].point.BaseForce, 0.0);
-    }
-}
-
 }  // namespace
 }  // namespace tv::compute

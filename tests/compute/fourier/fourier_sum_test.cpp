@@ -197,26 +197,5 @@ TEST(FourierSum, AnErrorInTheCallbackStopsTheRun) {
     EXPECT_EQ(last, 40);
 }
 
-TEST(FourierSum, ElCentroPeaksInItsStrongBand) {
-    const std::string path = test::data_path("records/imperialvalley1940_elcentro_NS.txt");
-    if (path.empty()) GTEST_SKIP() << "record not found";
-    std::ifstream in(path, std::ios::binary);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    // First line 5, last line 1563, dt 0.02, in g.
-    const FourierSamples s = fourier_samples(5, 1563, [&](double j) { return text::val(lines.at(static_cast<std::size_t>(j) - 1)); });
-    FourierSpectrum out;
-    FourierPeak peak;
-    fourier_transform(s, 0.02, 0.05, omega_steps(100, 0.05), out, peak);
-    // The record's energy lies between about 1 and 4 Hz.
-    EXPECT_GT(peak.omega, 5.0);
-    EXPECT_LT(peak.omega, 25.0);
-    EXPECT_GT(peak.amp, 0.1);
-    // The amplitude cell read back is the array value of the amplitude export.
-    const FourierRowTexts t = fourier_row_texts(out, 2000);
-    EXPECT_EQ(t.omega, "100");
-    EXPECT_EQ(text::val(t.amp), text::round_to(out.amp[2000], 4));
-}
-
 }  // namespace
 }  // namespace tv::compute

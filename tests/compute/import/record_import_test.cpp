@@ -9,6 +9,7 @@
 
 #include "compute/import/declared_time_step.h"
 #include "compute/import/record_import.h"
+#include "compute/import/record_text.h"
 #include "compute/files/text_file.h"
 #include "support/fake_platform.h"
 #include "support/files.h"
@@ -173,6 +174,18 @@ TEST(PeerHeaderForms, EachGivesPointsAndStep) {
     }
 }
 
+// The header keys of every layout (any case, every character of the key) and their counts.
+TEST(RecordText, KeysMatchInAnyCaseAndWhole) {
+    using namespace import_detail;
+    EXPECT_TRUE(starts_with_key("  comp 1", "COMP"));
+    EXPECT_FALSE(starts_with_key("XOMP", "COMP"));
+    EXPECT_FALSE(contains("Sta Chan", "Xta"));
+    EXPECT_EQ(number_after("Sampling interval: 0.005 s", "INTERVAL"), "0.005");
+    EXPECT_TRUE(is_integer_text("-13056"));
+    EXPECT_FALSE(is_integer_text("13056."));
+    EXPECT_FALSE(is_integer_text("-"));
+}
+
 TEST(DeclaredTimeStep, HeaderLinesOfPlainRecords) {
     struct Case {
         const char* line;
@@ -237,11 +250,15 @@ TEST(BadRecordFiles, NameTheLineAndWhatWasExpected) {
     const std::string peer = "PEER NGA STRONG MOTION DATABASE RECORD\nX, 1/1/2000, S, 90\n"
                              "ACCELERATION TIME SERIES IN UNITS OF G\nNPTS=      6, DT=   .0100 SEC\n"
                              "  .1E-01  .2E-01  .3E-01\n  .4E-01  .5E-01  .6E-01\n";
-    std::string bhrc, knet;
+    std::string bhrc, knet, esm, cosmos;
     const std::string bhrc_path = test::data_path("records/formats/5523-1.V1");
     const std::string knet_path = test::data_path("records/formats/AOM0011801241951.NS");
+    const std::string esm_path = test::data_path("records/formats/HI.ARS1..HNN.D.20190728.160908.C.ACC.ASC");
     if (!bhrc_path.empty()) bhrc = bytes_of(bhrc_path);
     if (!knet_path.empty()) knet = bytes_of(knet_path);
+    if (!esm_path.empty()) esm = bytes_of(esm_path);
+    const std::string cosmos_path = test::data_path("records/formats/us1000hyfh_akbmrp_AKBMR--n.1000hyfh.BNZ.--.acc.V2c");
+    if (!cosmos_path.empty()) cosmos = bytes_of(cosmos_path);
     auto replaced = [](std::string s, const std::string& from, const std::string& to) {
         const std::size_t at = s.find(from);
         if (s.empty() || at == std::string::npos) {
@@ -265,6 +282,9 @@ TEST(BadRecordFiles, NameTheLineAndWhatWasExpected) {
         {bhrc.substr(0, bhrc.size() * 4 / 5), 2679, "component T3: NO. OF POINTS declares 13056 points, the file holds"},
         {replaced(knet, "Duration Time(s)  102", "Duration Time(s)  103"), 12,
          "Duration Time(s) x Sampling Freq(Hz) declares 10300 points, the file holds 10200"},
+        {replaced(esm, "NDATA: 19128", "NDATA: 19128.0"), 30, "expected \"NDATA: <points>\""},
+        {replaced(cosmos, "units=cm/sec2(04)", "units=furlongs(99)"), 53, "expected the units"},
+        {replaced(cosmos, "units=cm/sec2(04),", ""), 53, "expected the units"},
         {"0.0 0.1\n0.01 0.2\n0.03 0.3\n", 3, "expected the time 0.02 (an even step of 0.01 s), found 0.03"},
     };
     for (const Case& c : cases) {

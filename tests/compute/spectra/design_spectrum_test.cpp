@@ -30,37 +30,6 @@ TEST(DesignSpectrum, WorkedValues) {
     for (double T : {0.15, 0.3, 0.5, 0.99, 1.0}) EXPECT_DOUBLE_EQ(design_spectrum(T, 0.2, iv, low), 0.65) << T;
 }
 
-void expect_constants(const SpectrumConstants& k, double T0, double Ts, double S, double S0) {
-    EXPECT_EQ(k.T0, T0);
-    EXPECT_EQ(k.Ts, Ts);
-    EXPECT_EQ(k.S, S);
-    EXPECT_EQ(k.S0, S0);
-}
-
-TEST(DesignSpectrum, ConstantsTable) {
-    const auto low = HazardGroup::LowModerate, high = HazardGroup::HighVeryHigh;
-    for (auto g : {low, high}) {
-        auto i = spectrum_constants(Soil::I, g);
-        expect_constants(i, 0.1, 0.4, 1.5, 1);
-        auto ii = spectrum_constants(Soil::II, g);
-        expect_constants(ii, 0.1, 0.5, 1.5, 1);
-        auto iii = spectrum_constants(Soil::III, g);
-        expect_constants(iii, 0.15, 0.7, 1.75, 1.1);
-    }
-    // Soil IV is the only one where the hazard group changes S and S0.
-    expect_constants(spectrum_constants(Soil::IV, low), 0.15, 1, 2.25, 1.3);
-    expect_constants(spectrum_constants(Soil::IV, high), 0.15, 1, 1.75, 1.1);
-
-    EXPECT_EQ(hazard_group(Hazard::Low), low);
-    EXPECT_EQ(hazard_group(Hazard::Moderate), low);
-    EXPECT_EQ(hazard_group(Hazard::High), high);
-    EXPECT_EQ(hazard_group(Hazard::VeryHigh), high);
-    EXPECT_EQ(default_scale(Hazard::Low), 0.2);
-    EXPECT_EQ(default_scale(Hazard::Moderate), 0.25);
-    EXPECT_EQ(default_scale(Hazard::High), 0.3);
-    EXPECT_EQ(default_scale(Hazard::VeryHigh), 0.35);
-}
-
 TEST(DesignSpectrum, BranchEdges) {
     const auto low = HazardGroup::LowModerate;
     const auto k = spectrum_constants(Soil::I, low);  // T0 0.1, Ts 0.4, S 1.5, S0 1

@@ -36,50 +36,6 @@ inline const char* kHandCurve =
     " 5 0.8 5 6 1.1 0 0 0 1.2\n"
     " 6 1.0 5 8 1.15 0 0 0 1.2\n";
 
-/// The labels of a value strip, top to bottom: where each stands (twips) and its text.
-inline std::vector<std::pair<double, std::string>> value_labels(const forms::PictureBox& strip) {
-    std::vector<std::pair<double, std::string>> labels;
-    for (const auto& op : strip.ops())
-        if (op.kind == forms::DrawOp::Kind::Text) labels.emplace_back(op.y1, op.text);
-    std::sort(labels.begin(), labels.end());
-    return labels;
-}
-
-/// No two labels of the value strip print over each other, and they stand an equal number of
-/// peak-rule steps apart (tenths of `step_tenths`).
-inline void expect_value_labels_clear(const forms::PictureBox& strip, double text_height_twips, int step_tenths) {
-    const auto labels = value_labels(strip);
-    ASSERT_GE(labels.size(), 3u);
-    const double gap = labels[2].first - labels[1].first;
-    const double tenths = std::round((std::stod(labels[0].second) - std::stod(labels[1].second)) * 10);
-    EXPECT_GE(gap, text_height_twips) << labels[0].second << " over " << labels[1].second;
-    EXPECT_EQ(static_cast<long>(tenths) % step_tenths, 0) << tenths;
-    std::vector<double> ticks;
-    for (const auto& op : strip.ops())
-        if (op.kind == forms::DrawOp::Kind::Line && op.y1 >= -0.5 && op.y1 <= strip.height() + 0.5)
-            ticks.push_back(op.y1);
-    std::sort(ticks.begin(), ticks.end());
-    ASSERT_EQ(ticks.size(), labels.size());
-    // Each label centred on its tick, or whole inside the strip beside it at the ends.
-    for (std::size_t i = 0; i < labels.size(); ++i) {
-        const double top = labels[i].first;
-        EXPECT_GE(top, -0.5) << labels[i].second;
-        EXPECT_LE(top + text_height_twips, strip.height() + 0.5) << labels[i].second;
-        if (top > 0.5 && top + text_height_twips < strip.height() - 0.5)
-            EXPECT_NEAR(top + text_height_twips / 2, ticks[i], 1.0) << labels[i].second;
-        else
-            EXPECT_TRUE(top - 1 <= ticks[i] && ticks[i] <= top + text_height_twips + 1) << labels[i].second;
-    }
-    for (std::size_t i = 1; i < labels.size(); ++i) {
-        EXPECT_GE(labels[i].first - labels[i - 1].first, text_height_twips) << labels[i].second;
-        if (i >= 2 && i + 1 < labels.size()) {
-            EXPECT_NEAR(labels[i].first - labels[i - 1].first, gap, 1e-6) << labels[i].second;
-        }
-        EXPECT_NEAR((std::stod(labels[i - 1].second) - std::stod(labels[i].second)) * 10, tenths, 1e-9)
-            << labels[i].second;
-    }
-}
-
 class CapacityTest : public ::testing::Test {
 protected:
     CapacityTest() : program(platform) {

@@ -81,29 +81,5 @@ TEST(Fillarray, AGapLeavesAZeroBehind) {
     EXPECT_EQ(g.series[CapacityDiagram::kDemand].x(3), 0.0);
 }
 
-TEST(ClipboardText, FirstLineIsTheHeaderWithItsThirtyVisibleTitles) {
-    std::string text = clipboard_text(swept_table(), {});
-    std::string first = text.substr(0, text.find("\r\n"));
-    EXPECT_EQ(first,
-              "\tTarget\tstep\tS(dpi)\tS(api)\tT\tSa\tSa(Reduce)\tfinal\tSd(Reduce)\tA\tm\tA1\tdy\tay\tEs0\tED\tB0"
-              "\tLambda\tK\tBeff\tSRA\tSRV\tT(Sec)\tSa(demand)\tSd(demand)\tSa(Re)(demand)\tSd(Re)(demand)\tPFPhi"
-              "\tbilinear\tbilinear");
-    EXPECT_EQ(std::count(first.begin(), first.end(), '\t'), 30);
-    // All six rows, each ended by CR LF.
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 6);
-    EXPECT_EQ(text.substr(text.size() - 2), "\r\n");
-}
-
-TEST(ClipboardText, SelectedRowsFollowTheHeader) {
-    TextTable Fg3 = swept_table();
-    std::string text = clipboard_text(Fg3, {2, 4});
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);
-    std::size_t second = text.find("\r\n") + 2;
-    EXPECT_EQ(text.substr(second, 25), "\t3.0000\t\t2.0000\t0.8000\t\t\t");
-    // A hidden column's text never leaves, even when something stands in it.
-    Fg3.set_text(1, kX, "hidden");
-    EXPECT_EQ(clipboard_text(Fg3, {1}).find("hidden"), std::string::npos);
-}
-
 }  // namespace
 }  // namespace tv::windows

@@ -54,42 +54,6 @@ TextTable capacity_teff(const std::vector<std::string>& teff) {
     return Fg;
 }
 
-TEST(CalculareSa, FillsTheFourColumns) {
-    SmallSpectrum s;
-    TextTable Fg = capacity_teff({" 0.03", " 0", " 0.1"});
-    TextTable FG2(3, 4);
-    FG2.set_text(2, 1, "old");
-    text::DoubleArray saAtStep;
-    ASSERT_EQ(calculare_sa(FG2, saAtStep, Fg, s.aux, s.sa, 0.1, 0.02), SaTableOutcome::filled);
-    // L = 0.1 / 0.02 = 5: six rows.
-    ASSERT_EQ(FG2.rows(), 6);
-    EXPECT_EQ(FG2.row_texts(0), (std::vector<std::string>{"Teff", "Sa", "T", "SA"}));
-    // Teff 0.03 between 0.02 (0.5) and 0.04 (0.7); 0 gives 0; the last period finds nothing.
-    EXPECT_EQ(FG2.row_texts(1), (std::vector<std::string>{" 0.03", "0.6", "0.02", "0.5"}));
-    EXPECT_EQ(FG2.row_texts(2), (std::vector<std::string>{" 0", "0", "0.04", "0.7"}));
-    EXPECT_EQ(FG2.row_texts(3), (std::vector<std::string>{" 0.1", "", "0.06", "0.9"}));
-    EXPECT_EQ(FG2.row_texts(4), (std::vector<std::string>{"", "", "0.08", "1.1"}));
-    // Column 3 runs to L - 1 only.
-    EXPECT_EQ(FG2.row_texts(5), (std::vector<std::string>{"", "", "0.1", ""}));
-    EXPECT_EQ(saAtStep.ubound(), 5);
-    EXPECT_EQ(saAtStep(4), 1.1);
-    EXPECT_EQ(saAtStep(5), 0.0);
-    EXPECT_EQ(FG2.col_width(1), 2000);
-    EXPECT_EQ(FG2.col_width(2), 1000);
-    EXPECT_EQ(FG2.col_alignment(3), kLeftCentre);
-}
-
-TEST(CalculareSa, DefaultStepGivesTwoHundredAndOneRows) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux, saAtStep;
-    compute::fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02,
-                                  [](double T) { return compute::short_spectrum(T, 0.35, {1.5, 0.1, 0.5}); });
-    TextTable FG2(2, 4);
-    calculare_sa(FG2, saAtStep, capacity_teff({" 0.5"}), aux, sa, 4.0, 0.02);
-    EXPECT_EQ(FG2.rows(), 201);
-    EXPECT_EQ(FG2.text(1, 1), "0.875");
-}
-
 TEST(CalculareSa, ZeroStepAndACurveLongerThanTheTable) {
     SmallSpectrum s;
     text::DoubleArray saAtStep;

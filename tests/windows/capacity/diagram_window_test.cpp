@@ -17,12 +17,6 @@ protected:
         EXPECT_TRUE(program.is_loaded<windows::Form10>());
         return program.form<windows::Form10>();
     }
-    std::size_t lines_in(const windows::Form10& f, int colour) {
-        const auto& ops = f.chart.picNemodar.ops();
-        return static_cast<std::size_t>(std::count_if(ops.begin(), ops.end(), [colour](const forms::DrawOp& op) {
-            return op.kind == forms::DrawOp::Kind::Line && op.color == colour;
-        }));
-    }
 };
 
 // The hand curve with its displacements times `factor`, read in `unit`, swept on the code
@@ -57,9 +51,6 @@ std::vector<double> strip_ticks(const forms::PictureBox& strip) {
         if (op.kind == forms::DrawOp::Kind::Line) out.push_back(op.x1);
     return out;
 }
-
-// A text line of the strips' font on the test platform, twips.
-constexpr double kTextHeight = 8.25 * 23.5;
 
 class DiagramAxesTest : public DiagramTest {
 protected:
@@ -119,44 +110,6 @@ TEST_F(DiagramAxesTest, TheAbscissaHasRoundLabelsOfHundredthsInMillimetres) {
     EXPECT_EQ(strip_ticks(d.chart.PicxSxale).size(), 46u);  // one each 20 mm
 }
 
-TEST_F(DiagramAxesTest, TheSameCurveInCentimetresAndMetresReadsAlike) {
-    windows::Form10& cm = diagram_of(10, 1);
-    expect_round_abscissa(cm, {"0.00", "10.00", "20.00", "30.00", "40.00", "50.00", "60.00", "70.00", "80.00", "90.00"},
-                          10);
-    EXPECT_EQ(strip_ticks(cm.chart.PicxSxale).size(), 46u);
-    press(cm.Command1);
-    press(form9().Command5);  // back to the demand page, then the capacity page
-    press(form9().Command5);
-    windows::Form10& m = diagram_of(0.1, 2);
-    // The whole axis below one metre still has its labels, in hundredths.
-    expect_round_abscissa(m, {"0.00", "0.10", "0.20", "0.30", "0.40", "0.50", "0.60", "0.70", "0.80", "0.90"}, 0.1);
-    EXPECT_EQ(strip_ticks(m.chart.PicxSxale).size(), 46u);
-}
-
-TEST_F(DiagramAxesTest, AWiderPlotLabelsMoreOftenAndTheLabelsFollowTheScroll) {
-    windows::Form10& d = diagram_of(100, 0);
-    run([&] { d.chart.Slider1.set_value(2); });
-    // 900 mm on 18330 twips: the 800-twip step is 39.3, a label each 50.
-    std::vector<std::string> every50;
-    for (int v = 0; v <= 900; v += 50) every50.push_back(std::to_string(v) + ".00");
-    expect_round_abscissa(d, every50, 50);
-    run([&] { d.chart.HScroll1.user_scroll(10); });
-    EXPECT_EQ(d.chart.picNemodar.left(), -1000.0);
-    expect_round_abscissa(d, every50, 50);
-}
-
-TEST_F(DiagramAxesTest, TheValueLabelsStandClearOfEachOther) {
-    windows::Form10& d = diagram_of(100, 0);
-    // The code spectrum's plateau 2.5 sets the range 3.75; every 0.2 would stand 88 twips apart,
-    // every 0.8 stands 352, counted from the lowest step -3.8 as ever.
-    expect_value_labels_clear(d.chart.PicySxale, kTextHeight, 2);
-    const auto labels = value_labels(d.chart.PicySxale);
-    EXPECT_EQ(labels.front().second, "3.4");
-    // -3.8 lies below the range of 3.75: its tick and its text are out of sight.
-    EXPECT_EQ(labels.back().second, "-3.0");
-    EXPECT_EQ(labels.size(), 9u);
-}
-
 TEST_F(DiagramAxesTest, ThePrintedPageCarriesTheReadableStrips) {
     platform.printer_names = {"Office"};
     windows::Form10& d = diagram_of(100, 0);
@@ -180,28 +133,8 @@ TEST_F(DiagramTest, NextFromTheLastPageShowsTheDiagramAndStaysOnPageTwo) {
     EXPECT_TRUE(d.activated);
 }
 
-TEST_F(DiagramTest, TheSeriesAreDrawnXAgainstYInTheirColours) {
+TEST_F(DiagramTest, SaveDataHasAnSdAndAnSaColumnForEachSeriesDrawn) {
     windows::Form10& d = to_diagram();
-    const forms::PictureBox& p = d.chart.picNemodar;
-    // 1.5 times the largest ordinate and the largest capacity displacement.
-    EXPECT_DOUBLE_EQ(p.scale_top(), 1.5 * 1.1);
-    EXPECT_DOUBLE_EQ(p.scale_height(), -2 * 1.5 * 1.1);
-    EXPECT_DOUBLE_EQ(p.scale_width(), 1.5 * 6.0);
-    EXPECT_EQ(lines_in(d, 0xFF0000), 5u);  // demand, blue: six points
-    EXPECT_EQ(lines_in(d, 0x00FF00), 5u);  // reduced demand, green
-    EXPECT_EQ(lines_in(d, 0x0000FF), 4u);  // capacity, red: five points
-    EXPECT_EQ(lines_in(d, 0xFFFF00), 4u);  // reduced points of the sweep, cyan
-    // The bilinear form, black: two lines from (0, 0) through (2, 0.8).
-    std::vector<forms::DrawOp> black;
-    for (const auto& op : p.ops())
-        if (op.kind == forms::DrawOp::Kind::Line && op.color == 0) black.push_back(op);
-    ASSERT_EQ(black.size(), 2u);
-    EXPECT_DOUBLE_EQ(black[0].x1, p.x_to_twips(0));
-    EXPECT_DOUBLE_EQ(black[0].x2, p.x_to_twips(2.0f));
-    EXPECT_DOUBLE_EQ(black[0].y2, p.y_to_twips(0.8f));
-    EXPECT_FALSE(d.chart.PicySxale.ops().empty());
-    EXPECT_TRUE(platform.messages.empty());
-    // Save Data: an Sd and an Sa column for each series drawn, of its points.
     const auto data = d.drawn_data();
     ASSERT_EQ(data.size(), 10u);
     EXPECT_EQ(data[0].heading.substr(0, 9), "Demand Sd");
@@ -209,14 +142,6 @@ TEST_F(DiagramTest, TheSeriesAreDrawnXAgainstYInTheirColours) {
     EXPECT_EQ(data[0].values.size(), 6u);
     EXPECT_EQ(data[7].values.size(), 3u);
     EXPECT_EQ(data[6].values[1], 2.0);
-}
-
-TEST_F(DiagramTest, TheReadOutShowsThePointer) {
-    windows::Form10& d = to_diagram();
-    run([&] { d.chart.picNemodar.MouseMove(0, 0, 3.254, 0.5); });
-    ASSERT_NE(d.chart.readout, nullptr);
-    EXPECT_EQ(d.chart.readout->name(), "Label1");
-    EXPECT_EQ(d.chart.readout->caption(), "X: 3.25, Y: 0.50  ");
 }
 
 TEST_F(DiagramTest, PrintSendsThePlotWithTheFourResultLines) {

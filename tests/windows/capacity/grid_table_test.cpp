@@ -59,6 +59,15 @@ TEST_F(GridTableTest, CopyToGridResizesAndResetsColoursTheTableDropped) {
     EXPECT_EQ(grid.col_width(3), 700);
 }
 
+TEST_F(GridTableTest, TheCopyReachesTheViewAsOneRefresh) {
+    int updates = 0;
+    grid.changed = [&] { ++updates; };
+    windows::TextTable t(40, 4);
+    for (int r = 1; r < 40; ++r) t.set_text(r, 1, std::to_string(r));
+    copy_to_grid(t, grid);
+    EXPECT_EQ(updates, 1);
+}
+
 TEST_F(GridTableTest, ATableWithoutWidthsLeavesTheGridsAndRedrawComesBack) {
     grid.set_col_width(0, 500);
     grid.set_col_alignment(0, 4);

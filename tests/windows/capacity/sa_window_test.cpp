@@ -23,38 +23,6 @@ protected:
     int handed = 0;
 };
 
-TEST_F(SaWindowTest, LoadsWithItsDefaults) {
-    windows::Form11& f = form11();
-    EXPECT_FALSE(f.demand.Command4.enabled());
-    EXPECT_FALSE(f.demand.Command7.enabled());
-    EXPECT_TRUE(f.demand.Command6.enabled());
-    EXPECT_TRUE(f.demand.Option1.value());
-    EXPECT_TRUE(f.demand.Option5.value());
-}
-
-TEST_F(SaWindowTest, TheCodeSpectrumGivesSaAndTsBackAndTheWindowCloses) {
-    windows::Form11& f = open(1.0);
-    run([&] {
-        f.demand.Option2.user_click();
-        f.demand.Option6.user_click();
-        f.demand.xscale.set_text("0.3");
-    });
-    press(f.demand.Command6);
-    // Soil II, high, A 0.3 at T 1: 2.5 x 0.3 x 0.5 / 1 x (1 + 0.7 x 0.5 / 3.5) = 0.4125.
-    EXPECT_EQ(program.state.specCount, 400);
-    EXPECT_EQ(program.state.designAux(100), 1.0);
-    EXPECT_NEAR(program.state.designSa(100), 0.4125, 1e-12);
-    EXPECT_EQ(f.Ts, 0.5);
-    EXPECT_TRUE(f.demand.Command7.enabled());
-    EXPECT_FALSE(f.chart.picNemodar.ops().empty());
-    press(f.demand.Command7);
-    EXPECT_EQ(handed, 1);
-    EXPECT_EQ(handedSa, "0.4125");
-    EXPECT_EQ(handedTs, "0.5000");
-    EXPECT_FALSE(program.is_loaded<windows::Form11>());
-    EXPECT_FALSE(platform.busy);
-}
-
 TEST_F(SaWindowTest, AFileSpectrumInterpolatesAndTsComesFromTheGreyedOptions) {
     windows::Form11& f = open(0.75);
     run([&] { f.demand.Option4.user_click(); });
@@ -110,18 +78,6 @@ TEST_F(SaWindowTest, CancellingTheSpectrumFileEndsQuietly) {
     EXPECT_FALSE(f.demand.fromFile);
     EXPECT_FALSE(f.demand.Command7.enabled());
     EXPECT_FALSE(platform.busy);
-}
-
-TEST_F(SaWindowTest, TheValueLabelsStandClear) {
-    windows::Form11& f = open(1.0);
-    run([&] { f.demand.Option3.user_click(); });
-    press(f.demand.Command6);
-    // Soil III: the plateau 2.75 sets the range 3.3; every 0.2 would print over each other.
-    expect_value_labels_clear(f.chart.PicySxale, 8.25 * 23.5, 2);
-    const auto labels = value_labels(f.chart.PicySxale);
-    run([&] { f.chart.Slider1.set_value(3); });
-    run([&] { f.chart.HScroll1.user_scroll(7); });
-    EXPECT_EQ(value_labels(f.chart.PicySxale), labels);
 }
 
 }  // namespace

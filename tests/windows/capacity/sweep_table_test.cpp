@@ -64,71 +64,6 @@ struct Sweep {
     const std::string& at(long r, long c) const { return Fg3.text(r, c); }
 };
 
-TEST(SweepTable, RowTextsAndTheirFormats) {
-    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
-    EXPECT_EQ(s.Fg3.rows(), 7);
-    EXPECT_EQ(s.results.slopeK0, 0.4);
-    // The step in the general format, the curve read back through "0.0000".
-    EXPECT_EQ(s.at(1, kStep), "1");
-    EXPECT_EQ(s.at(1, kT), "0.3000");
-    EXPECT_EQ(s.at(4, kPFPhi), "1.2000");
-    // Without damping worked out B0 and Lambda keep "0"; once worked out, the pattern.
-    EXPECT_EQ(s.at(1, kB0), "0");
-    EXPECT_EQ(s.at(1, kLambda), "0");
-    EXPECT_EQ(s.at(1, kSRA), "0.0000");
-    EXPECT_EQ(s.at(2, kB0), "0.0000");
-    EXPECT_EQ(s.at(4, kM), "0.4000");
-    // ED alone is in the general format.
-    EXPECT_EQ(s.at(4, kED), "5.4");
-    EXPECT_EQ(s.at(5, kED), "12.75");
-    // The sixth data row, the table's last, is left out.
-    EXPECT_EQ(s.at(6, kStep), "");
-    EXPECT_EQ(s.at(6, kSdpi), "");
-}
-
-TEST(SweepTable, TheCrossingMarksItsRowsAndWritesTheResults) {
-    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
-    EXPECT_EQ(s.results.Re1, "5.0169");  // target*, SRA*, SRV* and Beff* alike
-    EXPECT_EQ(s.results.lastCrossing, 5);
-    // The bilinear form: the origin, the point of the row before, the point at the crossing.
-    EXPECT_EQ(s.at(1, kBilinearD), "0");
-    EXPECT_EQ(s.at(1, kBilinearA), "0");
-    EXPECT_EQ(s.at(2, kBilinearD), "2.0000");
-    EXPECT_EQ(s.at(2, kBilinearA), "0.8000");
-    EXPECT_EQ(s.at(3, kBilinearD), "4.1808");
-    EXPECT_EQ(s.at(3, kBilinearA), "1.0090");
-    EXPECT_EQ(s.at(4, kBilinearD), "");
-    EXPECT_EQ(s.at(3, kTarget), "");
-    EXPECT_EQ(s.at(4, kTarget), "4.8000");
-    EXPECT_EQ(s.at(5, kTarget), "7.2000");
-    for (long r = 1; r <= 3; ++r) EXPECT_EQ(s.Fg3.cell_color(r, kStep), kBlue) << r;
-    EXPECT_EQ(s.Fg3.cell_color(4, kStep), kRed);
-    EXPECT_EQ(s.Fg3.cell_color(5, kStep), kRed);
-    EXPECT_EQ(s.Fg3.cell_colors().size(), 5u);
-}
-
-TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod) {
-    // Seven periods in a table of ten rows: row 8 is still written, from empty texts.
-    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}, 10), hand_settings());
-    EXPECT_EQ(s.Fg3.rows(), 9);
-    EXPECT_EQ(s.at(0, kTSec), "T(Sec)");
-    EXPECT_EQ(s.at(1, kTSec), "0.2000");
-    EXPECT_EQ(s.at(7, kTSec), "1.4000");
-    EXPECT_EQ(s.at(8, kTSec), "0.0000");
-    EXPECT_EQ(s.at(8, kSaDemand), "0.0000");
-    EXPECT_EQ(s.at(8, kSdDemand), "0");
-    EXPECT_EQ(s.at(8, kSaReDemand), "0");
-    EXPECT_EQ(s.at(8, kSdReDemand), "0");
-    EXPECT_EQ(s.at(8, kStep), "");
-    // Without a crossing: no results, no bilinear form, the reduced demand "0".
-    Sweep none(hand_curve(), demand_table({0, 0, 0, 0, 0}), hand_settings());
-    EXPECT_EQ(none.results.Re1, "");
-    EXPECT_EQ(none.results.lastCrossing, 0);
-    EXPECT_EQ(none.at(1, kBilinearD), "");
-    EXPECT_EQ(none.at(3, kSaReDemand), "0");
-    EXPECT_EQ(none.Fg3.cell_color(5, kStep), kBlue);
-}
-
 TEST(SweepTable, AnEarlierCrossingKeepsItsMarksAndTargets) {
     // With m beyond the curve the slope stays 0; final changes sign at rows 2 and 4.
     SweepBoxes set = hand_settings();
@@ -144,22 +79,6 @@ TEST(SweepTable, AnEarlierCrossingKeepsItsMarksAndTargets) {
     EXPECT_EQ(s.at(4, kTarget), "6.0000");
     for (long r = 1; r <= 4; ++r) EXPECT_EQ(s.Fg3.cell_color(r, kStep), kRed) << r;
     EXPECT_EQ(s.Fg3.cell_color(5, kStep), kBlue);
-}
-
-TEST(SweepTable, SkipOffsetsTheCurveButNotTheDemand) {
-    SweepBoxes set = hand_settings();
-    set.T3 = "1";
-    Sweep s(hand_curve(), demand_table({0.11, 0.22, 0.33, 0.44, 0.55}), set);
-    // Row 1 is the curve's second row, but its demand is FG2 row 1.
-    EXPECT_EQ(s.at(1, kStep), "2");
-    EXPECT_EQ(s.at(1, kT), "0.4000");
-    EXPECT_EQ(s.at(1, kSdpi), "1.0000");
-    EXPECT_EQ(s.at(1, kSa), "0.1100");
-    EXPECT_EQ(s.at(4, kStep), "5");
-    EXPECT_EQ(s.at(4, kSa), "0.4400");
-    EXPECT_EQ(s.at(5, kStep), "");
-    // The slope now comes from the curve's fourth row: 1.0 / 4.
-    EXPECT_EQ(s.results.slopeK0, 0.25);
 }
 
 TEST(SweepTable, AFailureKeepsTheCellsWrittenBeforeIt) {

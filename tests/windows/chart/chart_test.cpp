@@ -111,68 +111,6 @@ TEST_F(ChartTest, ControlsStandUnderTheirNames) {
     EXPECT_EQ(RecordWindow(program, spectrum_options()).find("Label7")->name(), "Label7");
 }
 
-TEST_F(ChartTest, RecordOf3500LinesFitsTheViewport) {
-    RecordWindow w(program, record_options());
-    w.curMaxX = 1.5;
-    w.curMaxY = 0.9;
-    w.xvalue.set_text("1.5");
-    w.record = wave(3500);
-    w.chart.plot(w.record, 0.005, true);
-
-    const auto& p = w.chart.picNemodar;
-    EXPECT_EQ(p.width(), 9165);
-    EXPECT_EQ(p.scale_width(), 3500);
-    EXPECT_DOUBLE_EQ(w.chart.range(), 1.8);
-    EXPECT_EQ(w.chart.HScroll1.max(), 0);
-
-    // The curve starts at index 1 from height 0; element 0 and element 1 are not drawn.
-    auto red = of_kind(p, DrawOp::Kind::Line, 255);
-    ASSERT_EQ(red.size(), 3499u);
-    EXPECT_DOUBLE_EQ(red[0].x1, p.x_to_twips(1));
-    EXPECT_DOUBLE_EQ(red[0].y1, p.y_to_twips(0));
-    // k = 1.5 / 0.75 = 2: the largest sample reaches the peak field, 275 twips below the top.
-    EXPECT_NEAR(red[998].y2, 275, 1e-3);
-    // The base line, in the default colour, runs far past the right edge.
-    auto base = of_kind(p, DrawOp::Kind::Line, -1);
-    ASSERT_EQ(base.size(), 1u);
-    EXPECT_GT(base[0].x2, p.width());
-
-    // Time strip: a tick a second, labels on even seconds, the labelled ticks thicker.
-    const auto& x = w.chart.PicxSxale;
-    auto ticks = of_kind(x, DrawOp::Kind::Line);
-    ASSERT_EQ(ticks.size(), 18u);
-    EXPECT_EQ(texts(x), (std::vector<std::string>{"0", "2", "4", "6", "8", "10", "12", "14", "16"}));
-    EXPECT_EQ(ticks[2].width, 2);
-    EXPECT_EQ(ticks[3].width, 1);
-    // Half the fake platform's width of "2" (8.25 pt x 10.9 twips) is 44.96, so 45.
-    EXPECT_EQ(ticks[2].x1, 1047 - 45);
-    EXPECT_EQ(ticks[2].y1, 0);
-    EXPECT_EQ(ticks[2].y2, 100);
-
-    // Value strip: peak 1.5 with scale factor 1 gives labels every 0.4 from -1.8.
-    EXPECT_EQ(texts(w.chart.PicySxale), (std::vector<std::string>{"-1.8", "-1.4", "-1.0", "-0.6", "-0.2", "0.2", "0.6",
-                                                                  "1.0", "1.4", "1.8"}));
-}
-
-TEST_F(ChartTest, ValueLabelsEveryTenthWithoutAPeak) {
-    RecordWindow w(program, record_options());
-    w.curMaxX = 0.25;
-    w.curMaxY = 0.1;
-    w.record = wave(3500);
-    w.chart.plot(w.record, 0.005, true);
-    auto labels = texts(w.chart.PicySxale);
-    ASSERT_EQ(labels.size(), 7u);  // range 0.3
-    EXPECT_EQ(labels.front(), "-0.3");
-    EXPECT_EQ(labels[3], "0.0");
-    // The strip counts doubled and upside down, so its ticks meet the plot: value 0.3, the top
-    // of the range, at the strip's top edge, -0.3 at its bottom.
-    auto ticks = of_kind(w.chart.PicySxale, DrawOp::Kind::Line);
-    EXPECT_NEAR(ticks.back().y1, 0, 1e-9);
-    EXPECT_NEAR(ticks.front().y1, w.chart.PicySxale.height(), 1e-9);
-    EXPECT_EQ(ticks.front().x1, 720);  // 80 to 100 of the strip's 100 units, 900 twips wide
-    EXPECT_EQ(ticks.front().x2, 900);
-}
-
 TEST_F(ChartTest, SliderWidensThePlotAndOpensTheScrollBar) {
     RecordWindow w(program, record_options());
     w.curMaxX = 1.5;
@@ -314,15 +252,6 @@ TEST_F(ChartTest, ReadOutShowsTimeAndValueAndKeepsTheLastValue) {
     EXPECT_TRUE(platform.runtime_errors.empty());
 }
 
-TEST_F(ChartTest, ReadOutBeforeAnyArrayShowsZero) {
-    RecordWindow w(program, spectrum_options());
-    w.chart.readout->set_caption("");
-    w.chart.picNemodar.MouseMove(0, 0, 2, 0);  // never allocated: 9, swallowed
-    w.xstep.set_text("0.01");
-    w.chart.picNemodar.MouseMove(0, 0, 2, 0);
-    EXPECT_EQ(w.chart.readout->caption(), "T(Period): 0.02, B.A: 0.00  ");
-}
-
 TEST_F(ChartTest, ComparisonDrawsTheTargetOnTheAveragesScale) {
     ChartOptions o = spectrum_options();
     o.only_red_sets_range = true;
@@ -380,17 +309,6 @@ TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
     repeat = 0;
     w.chart.plot(amp, 0.05, true);
     EXPECT_TRUE(of_kind(p, DrawOp::Kind::Line, 255).empty());
-}
-
-TEST_F(ChartTest, WithoutTheSpacingRuleEverySecondIsLabelled) {
-    ChartOptions o = spectrum_options();
-    o.time_labels = cc::TimeLabels::EverySecond;
-    o.range = cc::RangeRule::LargestWide;
-    RecordWindow w(program, o);
-    w.record = wave(3500);
-    w.chart.plot(w.record, 0.005, true);
-    EXPECT_EQ(texts(w.chart.PicxSxale).size(), 18u);
-    EXPECT_DOUBLE_EQ(w.chart.range(), 1.5 * 0.75);
 }
 
 }  // namespace

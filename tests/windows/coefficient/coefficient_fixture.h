@@ -43,31 +43,6 @@ protected:
     }
     std::string write(const std::string& name, const std::string& content) { return scratch.write(name, content); }
 
-    /// A one-sheet workbook: headings in row 1, then one row per (step, displacement, force).
-    std::string write_xlsx(const std::string& name, const std::vector<std::vector<std::string>>& rows) {
-        std::string data = "<row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"B1\" t=\"s\"><v>1</v></c>"
-                           "<c r=\"C1\" t=\"s\"><v>2</v></c></row>";
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            const std::string r = std::to_string(i + 2);
-            data += "<row r=\"" + r + "\">";
-            for (std::size_t c = 0; c < rows[i].size(); ++c)
-                data += "<c r=\"" + std::string(1, static_cast<char>('A' + c)) + r + "\"><v>" + rows[i][c] + "</v></c>";
-            data += "</row>";
-        }
-        write_zip(scratch.file(name), xlsx_parts(data, {"Step", "Displacement", "Base Force"}));
-        return scratch.file(name);
-    }
-
-    /// A listing of the curve's points, numbered from 0, with a fourth column.
-    std::string write_listing(const std::string& name, const std::vector<std::pair<double, double>>& points) {
-        std::ostringstream s;
-        s.precision(17);
-        s << "Step Displacement BaseForce Extra\n";
-        for (std::size_t i = 0; i < points.size(); ++i)
-            s << ' ' << i << ' ' << points[i].first << ' ' << points[i].second << " x\n";
-        return write(name, s.str());
-    }
-
     windows::Form6& f6() { return program.form<windows::Form6>(); }
     windows::Form8& f8() { return program.form<windows::Form8>(); }
 

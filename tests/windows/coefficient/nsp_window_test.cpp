@@ -102,20 +102,5 @@ TEST_F(NspWindowTest, AnInputChangedHereLeavesTheCoefficientWindowsAlone) {
     EXPECT_EQ(w.grdMethods.text(target, 3).rfind("none: ", 0), std::string::npos);
 }
 
-TEST_F(NspWindowTest, SavePdfMakesOnePageWithTheDiagramTheInputsAndEveryMethod) {
-    windows::NspWindow& w = opened();
-    platform.file_answers.push_back((dir / "nsp").string());
-    press(w.cmdSavePdf);
-    ASSERT_EQ(platform.pdfs.size(), 1u);
-    ASSERT_EQ(platform.pdfs[0].size(), 1u);
-    const std::vector<std::string> texts = page_texts(platform.pdfs[0][0]);
-    auto starts = [&](const std::string& head) {
-        return std::any_of(texts.begin(), texts.end(), [&](const std::string& t) { return t.rfind(head, 0) == 0; });
-    };
-    EXPECT_TRUE(starts("Inputs:"));
-    EXPECT_TRUE(starts("Sd (cm)"));
-    for (const nsp::MethodColumn& m : w.comparison.columns) EXPECT_TRUE(starts(m.title + ":")) << m.title;
-}
-
 }  // namespace
 }  // namespace tv::test

@@ -12,18 +12,6 @@
 namespace tv::test {
 namespace {
 
-bool drew_text(const forms::PictureBox& p, const std::string& text) {
-    for (const forms::DrawOp& op : p.ops())
-        if (op.kind == forms::DrawOp::Kind::Text && op.text == text) return true;
-    return false;
-}
-
-std::string shown(double v) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.6g", v);
-    return buf;
-}
-
 class MeasuresWindowTest : public ProjectTest {
 protected:
     // A 2 s record at 0.01 s: a decaying 2 Hz wave in X, a 5 Hz one in Y.
@@ -67,30 +55,6 @@ protected:
     }
 };
 
-TEST_F(MeasuresWindowTest, ShowsTheMeasuresOfBothComponentsWithUnitsAndCharts) {
-    open_record();
-    windows::MeasuresWindow& m = open_measures();
-    ASSERT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(m.visible());
-    for (char c : {'X', 'Y'}) {
-        const compute::MeasuresOutcome want = compute::ground_motion_measures(samples(c), 0.01);
-        ASSERT_TRUE(want.ok());
-        const int col = c == 'X' ? 2 : 3;
-        EXPECT_EQ(m.MeasureTable.text(1, col), shown(want.measures.pga));
-        EXPECT_EQ(m.MeasureTable.text(4, col), shown(want.measures.arias));
-        EXPECT_EQ(m.MeasureTable.text(6, col), shown(want.measures.d5_95));
-        EXPECT_EQ(m.MeasureTable.text(11, col), shown(want.measures.mean_period));
-    }
-    EXPECT_EQ(m.MeasureTable.text(1, 1), "g");
-    EXPECT_EQ(m.MeasureTable.text(8, 1), "g*s");
-    EXPECT_EQ(samples('X').size(), 200u);
-    EXPECT_TRUE(drew_text(m.AccelPlot, "Acceleration (g)"));
-    EXPECT_TRUE(drew_text(m.VelocityPlot, "Velocity (m/s)"));
-    EXPECT_TRUE(drew_text(m.DisplacementPlot, "Displacement (m)"));
-    EXPECT_TRUE(drew_text(m.HusidPlot, "Time (s)"));
-    EXPECT_EQ(m.Message.caption(), "");
-}
-
 TEST_F(MeasuresWindowTest, AComponentOfZerosIsNamedAndTheOtherStillShown) {
     open_record();
     press(form1().Command2);
@@ -117,20 +81,6 @@ TEST_F(MeasuresWindowTest, BeforeTheDiagramIsShownTheWindowStaysShut) {
     press(form1().cmdMeasures);
     EXPECT_FALSE(program.is_loaded<windows::MeasuresWindow>());
     EXPECT_EQ(platform.message_texts().back(), "Show the diagram of the record first");
-}
-
-TEST_F(MeasuresWindowTest, PreviewShowsTheProcessedRecordAndLeavesTheProjectAlone) {
-    open_record();
-    windows::MeasuresWindow& m = open_measures();
-    const std::vector<double> before = samples('X');
-    choose_band_pass(m);
-    press(m.Preview);
-    const compute::ProcessingOutcome p = compute::process_record(before, 0.01, band_pass());
-    ASSERT_TRUE(p.ok());
-    EXPECT_EQ(m.shown_measures('X')->pga, compute::ground_motion_measures(p.samples, 0.01).measures.pga);
-    EXPECT_EQ(samples('X'), before);
-    EXPECT_EQ(m.Message.caption(), "Preview (not applied): " + compute::processing_summary(band_pass()));
-    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
 }
 
 TEST_F(MeasuresWindowTest, ApplyReplacesTheRecordAndUndoRestoresIt) {

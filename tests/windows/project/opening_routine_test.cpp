@@ -16,14 +16,6 @@ TEST_F(ProjectTest, CountIsRoundedHalfToEvenAndItsLeadingNumberTaken) {
 
 }
 
-TEST_F(ProjectTest, ThreeAndAHalfRoundsToFourAndEndsWithTheCountReset) {
-    platform.input_answers = {"3.5", "1"};
-    open();
-    EXPECT_EQ(state().recordCount, 0);
-    EXPECT_TRUE(platform.file_requests.empty());
-    EXPECT_FALSE(program.is_loaded<windows::Form1>());
-}
-
 TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
     platform.input_answers = {"3 records", "5.5"};
     open();  // the dialog is cancelled: the count goes back to 0
@@ -115,11 +107,6 @@ TEST_F(ProjectTest, BackToRecordOneThenOpeningReloadsTheWindowWithACountOfZero) 
     EXPECT_EQ(state().recordCount, 0);
     EXPECT_EQ(form1().Grid1.rows(), 3);
     EXPECT_EQ(state().componentLetter, "Y");
-}
-
-TEST_F(ProjectTest, ExitEndsTheProgram) {
-    program.run([&] { program.form<windows::frmMain>().menu_exit.choose(); });
-    EXPECT_TRUE(platform.program_ended);
 }
 
 }  // namespace

@@ -1,56 +1,19 @@
 // Record files as networks and databases publish them, taken by the record window.
 #include "project_fixture.h"
+#include "windows/project/record_file.h"
 
 namespace tv::test {
 namespace {
 
-// What a record leaves in the window and the project after Show Diagram.
-struct Taken {
-    std::vector<std::string> texts;
-    std::vector<double> samples;
-    bool operator==(const Taken&) const = default;
-};
-
-Taken show_record(const std::string& x, const std::string& y, const std::string& first_line) {
-    FakePlatform platform;
-    windows::Program program(platform);
-    windows::start(program);
-    platform.input_answers = {"1", first_line};
-    auto& frame = program.form<windows::frmMain>();
-    for (const std::string& file : {x, y}) {
-        platform.file_answers.push_back(file);
-        program.run([&] { frame.menu_open.choose(); });
-    }
-    windows::Form1& f = program.form<windows::Form1>();
-    program.run([&] { f.Command2.press(); });
-    Taken t;
-
-    t.texts = {f.Xfline.text(), f.xeline.text(), f.xstep.text(), f.Text1.text(), f.Text2.text(), f.xvalue.text()};
-    for (forms::Grid* g : {&f.Grid1, &f.Grid2})
-        for (int r = 0; r < g->rows(); ++r) t.texts.push_back(g->text(r, 0) + "|" + g->text(r, 1));
-    for (char c : {'X', 'Y'})
-        if (program.state.accel(1, c).allocated())
-            for (long i = 1; i <= program.state.accel(1, c).ubound(); ++i)
-                t.samples.push_back(program.state.accel(1, c)(i));
-    EXPECT_TRUE(platform.runtime_errors.empty()) << platform.runtime_errors.front().second;
-    return t;
-}
-
-TEST(PeerOriginals, GiveWhatTheirConvertedFilesGive) {
-    const auto& pairs = kPeerConversions;
-    // Both tables, both arrays and every box are compared; El Centro is its own Y.
-    for (std::size_t k = 0; k < pairs.size(); k += k == 4 ? 1 : 2) {
-        const auto& [ox, cx] = pairs[k];
-        const auto& [oy, cy] = pairs[k == 4 ? k : k + 1];
-        SCOPED_TRACE(ox);
-        const std::string x = data_path("records/original/" + ox);
-        const std::string y = data_path("records/original/" + oy);
-        if (x.empty() || y.empty()) GTEST_SKIP() << "records data missing";
-        // The converted files go the plain road, their declared step taken (Yes).
-        const Taken converted = show_record(data_path("records/" + cx), data_path("records/" + cy), "5");
-        EXPECT_EQ(show_record(x, y, "1"), converted);
-        EXPECT_EQ(converted.texts[0], "5");
-    }
+// The component each list offers first: a horizontal one, never the one X took.
+TEST(PresetComponent, HorizontalAndNotTheOneXTook) {
+    std::vector<compute::RecordComponent> c(3);
+    c[0].name = "L1 (177\u00B0)";
+    c[1].name = "V2";
+    c[2].name = "T3 (267\u00B0)";
+    EXPECT_EQ(windows::preset_component(c, true), 0);
+    EXPECT_EQ(windows::preset_component(c, false, 0), 2);
+    EXPECT_EQ(windows::preset_component(c, false, 2), 0);
 }
 
 TEST_F(ProjectTest, AFileOfSeveralComponentsFillsBothTablesFromTheUsersPick) {

@@ -34,26 +34,6 @@ TEST_F(SpectraTest, HazardOptionsOverwriteTheScaleAndSoilOptionsDoNot) {
     EXPECT_EQ(f.Text1.text(), "0.25");
 }
 
-TEST_F(SpectraTest, ShowDiagramFillsTheDesignSpectrumByRepeatedAddition) {
-    to_design();
-    windows::Form2& f = form2();
-    program.run([&] { f.Option4.user_click(); });  // soil IV, low: S 2.25, S0 1.3
-    press(f.Command1);
-    const windows::ProjectState& s = state();
-    ASSERT_EQ(s.specCount, 400);
-    EXPECT_EQ(s.designSa(0), 0.0);
-    EXPECT_DOUBLE_EQ(s.designSa(1), 0.2 * (1.3 + (2.25 - 1.3 + 1) * 0.01 / 0.15));
-    EXPECT_DOUBLE_EQ(s.designSa(50), 3.25 * 0.2);  // on the plateau
-    EXPECT_DOUBLE_EQ(s.peakAccel, 0.2);
-    // The loop's own T decides how many passes run; repeat it here.
-    int passes = 0;
-    for (double T = 0.01; T <= 4; T += 0.01) ++passes;
-    EXPECT_EQ(s.designSa(400) != 0.0, passes == 400);
-    EXPECT_TRUE(f.xnext.enabled());
-    EXPECT_TRUE(f.Command1.enabled());
-    EXPECT_FALSE(f.chart.picNemodar.ops().empty());
-}
-
 TEST_F(SpectraTest, AStartOfZeroWritesOnePastTheEndAndStopsWithShowDiagramDisabled) {
     to_design();
     windows::Form2& f = form2();
@@ -71,32 +51,6 @@ TEST_F(SpectraTest, AStepOfZeroIsADivisionByZero) {
     press(form2().Command1);
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(form2().Text8.text(), "0");  // the step's copy follows the box
-}
-
-TEST_F(SpectraTest, FromFileReadsTheOrdinatesAndShowDiagramKeepsThem) {
-    to_design();
-    windows::Form2& f = form2();
-    std::string file = write("ordinates.txt", "0.5\n0.75 g\nnot a number\n");
-    program.run([&] { f.Check1.user_click(); });
-    EXPECT_TRUE(f.Command3.enabled());
-    EXPECT_FALSE(f.Command1.enabled());
-    EXPECT_FALSE(f.Text1.enabled());
-    EXPECT_FALSE(f.Frame2.enabled());
-    platform.file_answers = {file};
-    press(f.Command3);
-    EXPECT_TRUE(f.Command1.enabled());
-    press(f.Command1);
-    const windows::ProjectState& s = state();
-    EXPECT_EQ(s.specCount, 400);
-    EXPECT_EQ(s.designSa(1), 0.5);
-    EXPECT_EQ(s.designSa(2), 0.75);
-    EXPECT_EQ(s.designSa(3), 0.0);
-    EXPECT_EQ(s.designSa(400), 0.0);
-    EXPECT_DOUBLE_EQ(s.peakAccel, 0.2);
-    // Unticking goes back to the code spectrum.
-    program.run([&] { f.Check1.user_click(); });
-    EXPECT_FALSE(f.fromFile);
-    EXPECT_FALSE(f.xnext.enabled());
 }
 
 TEST_F(SpectraTest, NextPublishesThePeriodGridAndOpensForm3) {

@@ -37,26 +37,6 @@ TEST_F(SpectraTest, OpeningLeavesTheWindowUncalculated) {
     EXPECT_FALSE(state().specX1.allocated());
 }
 
-TEST_F(SpectraTest, CalculateFillsEveryRecordsSpectraAndNamesTheMeasure) {
-    to_response(2);
-    windows::Form3& f = form3();
-    program.run([&] { f.Check1.user_click(); });
-    press(f.Command1);
-    ASSERT_TRUE(platform.messages.empty());
-    EXPECT_EQ(f.Label4.caption(), "(Displacement)");
-    EXPECT_EQ(f.calculated, 1);
-    EXPECT_TRUE(f.Command4.enabled());
-    EXPECT_TRUE(f.Command5.enabled());
-    EXPECT_FALSE(f.Picbar.visible());
-    const windows::ProjectState& s = state();
-    ASSERT_EQ(s.specY2.ubound(), 400);
-    EXPECT_GT(s.specX1(1), 0.0);
-    EXPECT_EQ(s.specX1(1), s.specX2(1));  // the same record twice
-    EXPECT_EQ(s.specX1(0), 0.0);
-    EXPECT_EQ(f.pbar.value(), 0.0f);
-    EXPECT_GE(platform.do_events_calls, 800);  // once per period and record
-}
-
 TEST_F(SpectraTest, AnOptionClickBeforeCalculateStartsTheCalculation) {
     to_response();
     windows::Form3& f = form3();
@@ -65,22 +45,6 @@ TEST_F(SpectraTest, AnOptionClickBeforeCalculateStartsTheCalculation) {
     EXPECT_TRUE(state().specY1.allocated());
     EXPECT_EQ(f.Label4.caption(), "(Default : Pseudo.Acceleration)");  // not set on this road
     EXPECT_FALSE(f.chart.picNemodar.ops().empty());
-}
-
-TEST_F(SpectraTest, ExportWritesTheTwelveColumnsAndClosesTheInputs) {
-    to_response();
-    windows::Form3& f = form3();
-    press(f.Command1);
-    platform.file_answers = {(dir / "out").string()};
-    press(f.Command5);
-    auto lines = read_lines(dir / "out.txt");
-    ASSERT_EQ(lines.size(), 10u);  // heading + N = last line 9
-    // The columns themselves stand in the golden run spectra_two_records_exports.
-    EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Done"});
-    EXPECT_FALSE(f.Frame1.enabled());
-    EXPECT_FALSE(f.Command5.enabled());
-    // The spectra were cut to N for good.
-    EXPECT_EQ(state().specX1.ubound(), 9);
 }
 
 TEST_F(SpectraTest, ACancelledExportWritesNothingButSaysDoneAndClosesTheInputs) {

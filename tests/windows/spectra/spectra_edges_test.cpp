@@ -24,62 +24,6 @@ protected:
     }
 };
 
-TEST_F(SpectraEdgeTest, AResponseExportThatCannotBeWrittenLeavesTheArraysWhole) {
-    to_response();
-    windows::Form3& f = form3();
-    press(f.Command1);
-    const std::vector<double> spectrum_before = state().specX1.raw();
-    platform.file_answers = {(dir / "missing" / "out.txt").string()};
-    press(f.Command5);
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].first, 76);  // the folder is not there
-    EXPECT_EQ(state().specX1.raw(), spectrum_before);
-    EXPECT_EQ(state().specX1.ubound(), 400);
-    EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
-    // The same export into a folder that is there cuts the spectra to N for good.
-    platform.file_answers = {(dir / "out.txt").string()};
-    press(f.Command5);
-    EXPECT_EQ(read_lines(dir / "out.txt").size(), 10u);
-    EXPECT_EQ(state().specX1.ubound(), 9);
-}
-
-TEST_F(SpectraEdgeTest, AComparisonExportThatCannotBeWrittenLeavesTheArraysWhole) {
-    to_comparison();
-    windows::Form4& f = form4();
-    press(f.Command1);
-    std::filesystem::create_directory(dir / "taken.txt");
-    platform.file_answers = {(dir / "taken.txt").string()};
-    press(f.Command3);
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(state().specX1.ubound(), 400);
-    EXPECT_EQ(f.averageSpectrum.ubound(), 400);
-    EXPECT_EQ(f.combined1.ubound(), 400);
-    EXPECT_TRUE(f.Text1.text().empty());
-    platform.file_answers = {(dir / "cmp").string()};
-    press(f.Command3);
-    const auto lines = read_lines(dir / "cmp.txt");
-    EXPECT_EQ(lines.size(), 1u + 8u);
-    EXPECT_EQ(f.Text1.text(), lines.back());
-    EXPECT_EQ(f.averageSpectrum.ubound(), 9);
-}
-
-TEST_F(SpectraEdgeTest, AComparisonExportFromLineZeroRunsPastTheEndAndWritesNothing) {
-    to_comparison();
-    windows::Form4& f = form4();
-    press(f.Command1);
-    state().dataFirstLine = 0;  // the prompt answered with nothing
-    platform.file_answers = {(dir / "zero.txt").string()};
-    press(f.Command3);
-    // The last row reads the spectra at N + 1: a run-time error after the cut, and no file.
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].first, text::kSubscript);
-    EXPECT_FALSE(std::filesystem::exists(dir / "zero.txt"));
-    EXPECT_EQ(f.averageSpectrum.ubound(), 9);
-    EXPECT_EQ(state().specX1.ubound(), 9);
-    // The last row made, line 8's, went through Text1.
-    EXPECT_EQ(f.Text1.text().rfind(text::format(state().accelX1(8), "0.00000000") + "     ", 0), 0u);
-}
-
 TEST_F(SpectraEdgeTest, AGridTooLargeForMemoryIsReportedByTheIntegratorsTrap) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the address sanitizer's shadow memory does not fit under an address-space limit";
@@ -167,24 +111,6 @@ TEST_F(SpectraEdgeTest, AnIntegratorFailureInsideTheComparisonIsToldAsErrAndTheC
     const double z = text::val(f.xzarib.text());
     EXPECT_GE(z, 1);
     EXPECT_EQ(state().accelX1(3), z * state().baseAccelX1(3));
-}
-
-TEST_F(SpectraEdgeTest, AZeroAverageUnderAPositiveTargetIsARunTimeErrorAndTheWindowStays) {
-    to_comparison();
-    windows::Form4& f = form4();
-    program.run([&] { form3().xbeta.set_text("1"); });  // every spectrum stays 0
-    press(f.Command1);
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].first, text::kDivisionByZero);
-    EXPECT_EQ(platform.messages.back().title, "Err");
-    ASSERT_TRUE(program.is_loaded<windows::Form4>());
-    EXPECT_EQ(f.xzarib.text(), "1");
-    // The window still answers: the read-out and the closing question.
-    program.run([&] { f.chart.picNemodar.MouseMove(0, 0, 20, 0); });
-    EXPECT_EQ(platform.runtime_errors.size(), 1u);
-    platform.message_answers = {forms::MsgResult::Yes};
-    program.run([&] { program.unload(f); });
-    EXPECT_FALSE(program.is_loaded<windows::Form4>());
 }
 
 }  // namespace

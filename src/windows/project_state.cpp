@@ -1,4 +1,4 @@
-#include "windows/project/project_state.h"
+#include "windows/project_state.h"
 
 #include <algorithm>
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "forms/page.h"
-#include "windows/printing/report_composer.h"
 
 namespace tv::compute::nsp {
 struct NspComparison;
@@ -14,6 +13,7 @@ struct NspComparison;
 namespace tv::windows {
 
 class Program;
+using forms::Paper;
 
 /// What the windows do not hold: the paper, the project's name and the files the user gave.
 struct ReportRequest {

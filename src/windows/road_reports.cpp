@@ -1,4 +1,4 @@
-#include "windows/printing/road_reports.h"
+#include "windows/road_reports.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +10,7 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "compute/import/curve_import.h"
+#include "windows/printing/report_composer.h"
 #include "windows/capacity/capacity_results.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/grid_table.h"
@@ -107,7 +108,9 @@ std::vector<forms::Page> ground_motion_report(Program& program, const ReportRequ
         };
         rows.push_back({std::to_string(k), std::to_string(npts), text::to_text(s.recordDt(k)),
                         f1 ? peak(f1->savedMaxX) : "", f1 ? peak(f1->savedMaxY) : "",
-                        i < r.record_scales.size() ? r.record_scales[i] : ""});
+                        i < r.record_scales.size() ? r.record_scales[i]
+                        : f1                         ? f1->appliedScale[static_cast<std::size_t>(k)]
+                                                     : ""});
     }
     c.table(rows);
     for (std::int32_t k = 1; k <= s.recordCount; ++k) {
