@@ -118,5 +118,27 @@ TEST(SweepTable, HeaderHidesThreeColumnsAndAnotherRunStartsClean) {
     EXPECT_EQ(s.results.Re1, "");
 }
 
+TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod) {
+    // Seven periods in a table of ten rows: row 8 is still written, from empty texts.
+    Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}, 10), hand_settings());
+    EXPECT_EQ(s.Fg3.rows(), 9);
+    EXPECT_EQ(s.at(0, kTSec), "T(Sec)");
+    EXPECT_EQ(s.at(1, kTSec), "0.2000");
+    EXPECT_EQ(s.at(7, kTSec), "1.4000");
+    EXPECT_EQ(s.at(8, kTSec), "0.0000");
+    EXPECT_EQ(s.at(8, kSaDemand), "0.0000");
+    EXPECT_EQ(s.at(8, kSdDemand), "0");
+    EXPECT_EQ(s.at(8, kSaReDemand), "0");
+    EXPECT_EQ(s.at(8, kSdReDemand), "0");
+    EXPECT_EQ(s.at(8, kStep), "");
+    // Without a crossing: no results, no bilinear form, the reduced demand "0".
+    Sweep none(hand_curve(), demand_table({0, 0, 0, 0, 0}), hand_settings());
+    EXPECT_EQ(none.results.Re1, "");
+    EXPECT_EQ(none.results.lastCrossing, 0);
+    EXPECT_EQ(none.at(1, kBilinearD), "");
+    EXPECT_EQ(none.at(3, kSaReDemand), "0");
+    EXPECT_EQ(none.Fg3.cell_color(5, kStep), kBlue);
+}
+
 }  // namespace
 }  // namespace tv::windows
