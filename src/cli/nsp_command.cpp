@@ -1,5 +1,6 @@
 // tremorvault-cli nsp: the nonlinear static procedures side by side on the curve of the
 // coefficient road (Form6, and Form8 when a weight is given) and one demand spectrum.
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <ostream>
@@ -28,6 +29,8 @@ std::string nsp_usage() {
                "  displacement window runs too and gives the first column.\n") +
            kFitUsage + kTargetUsage +
            "  --ec8 TYPE,GROUND,AG  demand: EN 1998-1 elastic spectrum, type 1|2, ground A..E, ag in g\n"
+           "  --design SOIL,HAZARD[,A]  demand: the design spectrum, SOIL I..IV, HAZARD\n"
+           "                        low|moderate|high|very-high, A in g (default: the hazard's)\n"
            "  --spectrum-file FILE  demand: period and Sa (g) per line\n"
            "  --tc TEXT             corner period TC of a spectrum file, s (for N2)\n"
            "  --te TEXT             effective period Te instead of the one shown by the fit, s\n"
@@ -69,6 +72,7 @@ nsp::Demand file_demand(const std::string& path) {
     nsp::Demand d;
     const long last = aux->ubound() - 1;
     if (last < 2) return d;
+    d.source = "the spectrum file";
     d.T_min = (*aux)(1);
     d.T_max = (*aux)(last);
     // The search finds nothing at the last period and fails at 0 s: no ordinate there.
@@ -108,7 +112,7 @@ void print_column(Session& s, const nsp::MethodColumn& m, bool iterations) {
 }  // namespace
 
 int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    OptionSpec known{{"ec8", "spectrum-file", "tc", "te", "gamma", "mass-ratio", "g", "units", "site", "asce-c0",
+    OptionSpec known{{"ec8", "design", "spectrum-file", "tc", "te", "gamma", "mass-ratio", "g", "units", "site", "asce-c0",
                       "asce-c0-column", "asce-cm", "alpha-pdelta", "csm-t0", "csm-m", "csm-type", "beta0"},
                      {"near-field", "n2-iterate", "iterations"}};
     known.with_value.insert(kPushoverOptions.begin(), kPushoverOptions.end());
@@ -181,7 +185,22 @@ int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
             ec8 = nsp::Ec8Spectrum{p[0][0] - '0', p[1][0], *ag, 5};
         if (!ec8 || !nsp::ec8_demand(*ec8)) why = "--ec8 takes TYPE,GROUND,AG: 1 or 2, A..E, ag above 0 in g";
     }
-    if (ec8 && o.get("spectrum-file")) why = "give --ec8 or --spectrum-file, not both";
+    std::optional<nsp::Demand> design;
+    if (auto v = o.get("design")) {
+        const auto p = split_list(*v);
+        const std::vector<std::string> soils{"I", "II", "III", "IV"}, hazards{"low", "moderate", "high", "very-high"};
+        const auto soil = p.empty() ? soils.end() : std::find(soils.begin(), soils.end(), p[0]);
+        const auto hazard = p.size() < 2 ? hazards.end() : std::find(hazards.begin(), hazards.end(), p[1]);
+        if ((p.size() == 2 || p.size() == 3) && soil != soils.end() && hazard != hazards.end()) {
+            const auto h = compute::Hazard(hazard - hazards.begin());
+            const std::optional<double> A = p.size() == 3 ? number(p[2]) : compute::default_scale(h);
+            if (A) design = nsp::design_demand(compute::Soil(soil - soils.begin()), h, *A);
+        }
+        if (!design)
+            why = "--design takes SOIL,HAZARD[,A]: I..IV, low|moderate|high|very-high, A above 0 in g";
+    }
+    if ((ec8 ? 1 : 0) + (design ? 1 : 0) + (o.get("spectrum-file") ? 1 : 0) > 1)
+        why = "give one of --ec8, --design and --spectrum-file";
     if (!why.empty()) return usage_error(err, "nsp", why, usage);
     if (auto stories = o.get("stories")) settings.asce41.stories = text::val(*stories);
     settings.n2_iterate = o.has("n2-iterate");
@@ -210,6 +229,7 @@ int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         in.n2_iterate = settings.n2_iterate;
         if (te) in.Te = *te;
         if (ec8) in.demand = *nsp::ec8_demand(*ec8);
+        if (design) in.demand = *design;
         if (auto path = o.get("spectrum-file")) {
             require_readable(s, *path);
             try {

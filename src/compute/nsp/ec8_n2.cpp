@@ -82,6 +82,8 @@ void ec8_n2_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity, 
     const double TC = *in.demand.TC;
 
     out.iterations.headings = {"pass", "dm*", "Fy*", "Em*", "dy*", "T* (s)", "Se(T*) (g)", "dt*"};
+    const std::string& L = in.length_unit;
+    out.iterations.units = {"", L, in.force_unit, in.force_unit + " " + L, L, "", "", L};
     double dm = peak->d, Fy = peak->V;
     double Em = 0, dy = 0, T = 0, Se = 0;
     N2Target t;
@@ -111,8 +113,8 @@ void ec8_n2_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity, 
     f.add("Em*", in.force_unit + " " + in.length_unit, kAnnexB + ".3: deformation energy up to dm*", Em);
     f.add("dy*", in.length_unit, kAnnexB + ".3: dy* = 2 (dm* - Em* / Fy*)", dy);
     f.add("T*", "s", kAnnexB + ".4: T* = 2 π (m* dy* / Fy*)^0.5", T);
-    f.add("TC", "s", "EN 1998-1 §3.2.2.2: corner period of the spectrum", TC);
-    f.add("Se(T*)", "g", "EN 1998-1 §3.2.2.2: elastic spectrum at T*", Se);
+    f.add("TC", "s", in.demand.source + ": corner period of the spectrum", TC);
+    f.add("Se(T*)", "g", in.demand.source + ": elastic spectrum at T*", Se);
     f.add("det*", in.length_unit, kAnnexB + ".5: det* = Se(T*) (T* / 2π)^2", t.det);
     f.add("qu", "", kAnnexB + ".5: qu = Se(T*) m* / Fy*", t.qu);
     const double dt = f.add("dt*", in.length_unit,

@@ -76,6 +76,7 @@ void fema440_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity,
         return t;
     };
     out.iterations.headings = {"μ", "βeff (%)", "Teff (s)", "B", "M", "Sa/B (g)", "d", "a on LPPP (g)", "a capacity (g)"};
+    out.iterations.units = {"", "", "", "", "", "", in.length_unit, "", ""};
 
     Trial t = trial(1);
     if (t.d > dy) {

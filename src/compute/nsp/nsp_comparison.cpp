@@ -122,6 +122,7 @@ void atc40_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity, M
     s.kind = in.csm.kind;
     CapacitySweep sweep(s);
     out.iterations.headings = {"step", "T (s)", "Sd", "Sa (g)", "Beff (%)", "SRA", "SRV", "Sd reduced"};
+    out.iterations.units = {"", "", in.length_unit, "", "", "", "", in.length_unit};
     std::optional<SweepCrossing> crossing;
     long i = 0;
     for (const AdrsPoint& p : capacity) {
@@ -190,12 +191,26 @@ std::optional<Demand> ec8_demand(const Ec8Spectrum& s) {
     d.T_min = 0;
     d.T_max = 4;
     d.TC = TC;
+    d.source = "EN 1998-1 §3.2.2.2";
     d.Sa = [=](double T) {
         if (T <= TB) return ag * S * (1 + T / TB * (eta * 2.5 - 1));
         if (T <= TC) return ag * S * eta * 2.5;
         if (T <= TD) return ag * S * eta * 2.5 * (TC / T);
         return ag * S * eta * 2.5 * (TC * TD / (T * T));
     };
+    return d;
+}
+
+std::optional<Demand> design_demand(Soil soil, Hazard hazard, double A) {
+    if (!(A > 0) || !std::isfinite(A)) return std::nullopt;
+    const HazardGroup group = hazard_group(hazard);
+    const SpectrumConstants k = spectrum_constants(soil, group);
+    Demand d;
+    d.T_min = 0;
+    d.T_max = 4;
+    d.TC = k.Ts;
+    d.source = "the design spectrum";
+    d.Sa = [=](double T) { return design_spectrum(T, A, k, group); };
     return d;
 }
 

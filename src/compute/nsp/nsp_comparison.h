@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "compute/coefficient/target_displacement.h"
+#include "compute/spectra/design_spectrum.h"
 
 namespace tv::compute::nsp {
 
@@ -32,6 +33,7 @@ struct Demand {
     double T_min = 0;                     // s: Sa is defined on [T_min, T_max]
     double T_max = 4;
     std::optional<double> TC;  // corner period of the constant-velocity branch, s (for N2)
+    std::string source = "the demand spectrum";  // cited beside the values read from it
 };
 
 /// The Eurocode 8 elastic spectrum (EN 1998-1 §3.2.2.2): type 1 or 2, ground type A to E,
@@ -51,6 +53,10 @@ std::optional<Ec8Constants> ec8_constants(int type, char ground);
 
 /// Se(T) / g of Eqs. (3.2) to (3.5), up to 4 s; nothing for a spectrum outside the tables.
 std::optional<Demand> ec8_demand(const Ec8Spectrum& s);
+
+/// The program's design spectrum (the design spectrum window's) of a soil and hazard with scale
+/// A in g, up to 4 s; TC is its corner period Ts. Nothing for A not above 0.
+std::optional<Demand> design_demand(Soil soil, Hazard hazard, double A);
 
 /// The sweep settings of the capacity spectrum column (the capacity window's boxes).
 struct CsmSettings {
@@ -105,6 +111,8 @@ struct NamedValue {
 /// A table of iterations: headings and one row of numbers per pass.
 struct IterationTable {
     std::vector<std::string> headings;
+    /// Beside each heading, the unit it does not name itself (the curve's units); "" otherwise.
+    std::vector<std::string> units;
     std::vector<std::vector<double>> rows;
 };
 
