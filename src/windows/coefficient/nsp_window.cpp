@@ -9,6 +9,7 @@
 #include "windows/coefficient/nsp_inputs.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/coefficient/target_displacement_window.h"
+#include "windows/spectra/design_spectrum_window.h"
 #include "windows/printing/page_composer.h"
 #include "windows/printing/printing.h"
 
@@ -76,15 +77,47 @@ std::string legend_name(nsp::Method m) {
 
 bool finite(const nsp::AdrsPoint& p) { return std::isfinite(p.Sd) && std::isfinite(p.Sa); }
 
+// The methods that list iterations, in the order of the iterations' list.
+constexpr nsp::Method kIterating[] = {nsp::Method::Fema440, nsp::Method::Atc40, nsp::Method::Ec8N2};
+
 }  // namespace
 
 NspWindow::NspWindow(forms::App& app) : Window(app, "frmNsp", "Target Displacement by Method", 15000, 10500) {
     for (const char* t : {"1", "2"}) cboType.add_item(t);
     for (const char* g : {"A", "B", "C", "D", "E"}) cboGround.add_item(g);
     for (const char* s : {"A", "B", "C", "D", "E", "F"}) cboSite.add_item(s);
+    for (const char* d : {"EN 1998-1 elastic spectrum", "Design spectrum"}) cboDemand.add_item(d);
+    for (const char* s : {"I", "II", "III", "IV"}) cboSoil.add_item(s);
+    for (const char* h : {"Low", "Moderate", "High", "Very High"}) cboHazard.add_item(h);
+    for (const char* c : {"Table 7-5, shear building, triangular load", "Table 7-5, shear building, uniform load",
+                          "Table 7-5, other buildings", "\u03931 \u03C61,roof"})
+        cboC0.add_item(c);
+    for (const char* t : {"A", "B", "C"}) cboCsmType.add_item(t);
+    for (nsp::Method m : kIterating) cboIterations.add_item(legend_name(m));
     cboType.set_list_index(0);
     cboGround.set_list_index(1);
     cboSite.set_list_index(3);
+    cboDemand.set_list_index(0);
+    cboSoil.set_list_index(1);
+    cboHazard.set_list_index(2);
+    cboC0.set_list_index(2);
+    cboCsmType.set_list_index(0);
+    cboIterations.set_list_index(0);
+    grdIterations.set_fixed_rows(1);
+    // A hazard puts its default scale into the box, as in the design spectrum window.
+    cboHazard.Click = [this] {
+        if (cboHazard.list_index() >= 0) txtA.set_text(text::to_text(compute::default_scale(compute::Hazard(cboHazard.list_index()))));
+    };
+    cboIterations.Click = [this] { fill_iterations(); };
+    // Only the chosen spectrum's boxes can be typed in.
+    cboDemand.Click = [this] {
+        const bool design = cboDemand.list_index() == 1;
+        for (forms::Control* c : std::initializer_list<forms::Control*>{&cboType, &cboGround, &txtAg})
+            c->set_enabled(!design);
+        for (forms::Control* c : std::initializer_list<forms::Control*>{&cboSoil, &cboHazard, &txtA})
+            c->set_enabled(design);
+    };
+    cboDemand.Click();
     picAdrs.font_size = 8;
     grdMethods.set_fixed_rows(1);
 
@@ -113,6 +146,11 @@ void NspWindow::take_from_windows() {
         txtW.set_text(f8->Text10.text());
         if (!f8->Text1.text().empty()) txtStories.set_text(f8->Text1.text());
     }
+    if (const Form2* f2 = program().if_loaded<Form2>()) {
+        cboSoil.set_list_index(static_cast<int>(f2->soil()));
+        cboHazard.set_list_index(static_cast<int>(f2->hazard()));
+        txtA.set_text(f2->Text1.text());
+    }
 }
 
 nsp::NspInputs NspWindow::inputs() {
@@ -131,16 +169,60 @@ nsp::NspInputs NspWindow::inputs() {
     in.n2_iterate = chkIterate.checked();
     in.asce41.stories = val(txtStories.text());
     if (cboSite.list_index() >= 0) in.asce41.site = nsp::SiteClass(cboSite.list_index());
-    const nsp::Ec8Spectrum spectrum{cboType.list_index() + 1, static_cast<char>('A' + cboGround.list_index()),
-                                    val(txtAg.text()), 5};
-    if (auto demand = nsp::ec8_demand(spectrum)) in.demand = *demand;
+    const int c0 = cboC0.list_index();
+    in.asce41.c0_from_mode = c0 == 3;
+    if (c0 >= 0 && c0 < 3) in.asce41.c0_column = c0 + 1;
+    in.asce41.Cm = val(txtCm.text());
+    in.asce41.alpha_p_delta = val(txtAlphaPD.text());
+    in.asce41.near_field = chkNearField.checked();
+    in.csm.T0 = val(txtCsmT0.text());
+    in.csm.m = val(txtCsmM.text());
+    in.csm.kind = cboCsmType.list_index() + 1;
+    std::optional<nsp::Demand> demand;
+    if (cboDemand.list_index() == 1) {
+        if (cboSoil.list_index() >= 0 && cboHazard.list_index() >= 0)
+            demand = nsp::design_demand(compute::Soil(cboSoil.list_index()), compute::Hazard(cboHazard.list_index()),
+                                        val(txtA.text()));
+    } else {
+        demand = nsp::ec8_demand({cboType.list_index() + 1, static_cast<char>('A' + cboGround.list_index()),
+                                  val(txtAg.text()), 5});
+    }
+    if (demand) in.demand = *demand;
     return in;
 }
 
 void NspWindow::calculate() {
     comparison = nsp::compare_procedures(inputs());
     fill_table();
+    fill_iterations();
     draw_diagram();
+}
+
+void NspWindow::fill_iterations() {
+    const int chosen = cboIterations.list_index();
+    const nsp::MethodColumn* column = nullptr;
+    for (const nsp::MethodColumn& m : comparison.columns)
+        if (chosen >= 0 && chosen < static_cast<int>(std::size(kIterating)) && m.method == kIterating[chosen]) column = &m;
+    grdIterations.set_redraw(false);
+    grdIterations.clear();
+    if (!column || column->iterations.headings.empty()) {
+        grdIterations.set_rows(1);
+        grdIterations.set_cols(1);
+        grdIterations.set_redraw(true);
+        return;
+    }
+    const nsp::IterationTable& t = column->iterations;
+    grdIterations.set_rows(static_cast<int>(t.rows.size()) + 1);
+    grdIterations.set_cols(static_cast<int>(t.headings.size()));
+    for (std::size_t c = 0; c < t.headings.size(); ++c) {
+        const int col = static_cast<int>(c);
+        grdIterations.set_text(0, col, with_unit(t.headings[c], c < t.units.size() ? t.units[c] : ""));
+        grdIterations.set_col_width(col, 1300);
+        for (std::size_t r = 0; r < t.rows.size(); ++r)
+            if (c < t.rows[r].size() && std::isfinite(t.rows[r][c]))
+                grdIterations.set_text(static_cast<int>(r) + 1, col, six_digits(t.rows[r][c]));
+    }
+    grdIterations.set_redraw(true);
 }
 
 void NspWindow::fill_table() {
@@ -317,7 +399,9 @@ forms::Page NspWindow::report_page() {
     add("Inputs:", {"X yield " + txtXy.text(), "Y yield " + txtYy.text(), "Ti " + txtTi.text() + " s",
                     "Te " + txtTe.text() + " s", "W " + txtW.text(), "stories " + txtStories.text(),
                     "g " + txtG.text(), "\u03931 \u03C61,roof " + txtGamma.text(), "\u03B11 " + txtAlpha1.text(),
-                    "EN 1998-1 type " + cboType.text() + " ground " + cboGround.text() + " ag " + txtAg.text() + " g",
+                    cboDemand.list_index() == 1
+                        ? "design spectrum soil " + cboSoil.text() + " hazard " + cboHazard.text() + " A " + txtA.text() + " g"
+                        : "EN 1998-1 type " + cboType.text() + " ground " + cboGround.text() + " ag " + txtAg.text() + " g",
                     "ASCE 41 site " + cboSite.text(), "\u03B20 " + txtBeta0.text() + " %"});
     for (const nsp::MethodColumn& m : comparison.columns) {
         std::vector<std::string> items;
