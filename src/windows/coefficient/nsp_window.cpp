@@ -403,6 +403,10 @@ forms::Page NspWindow::report_page() {
                         ? "design spectrum soil " + cboSoil.text() + " hazard " + cboHazard.text() + " A " + txtA.text() + " g"
                         : "EN 1998-1 type " + cboType.text() + " ground " + cboGround.text() + " ag " + txtAg.text() + " g",
                     "ASCE 41 site " + cboSite.text(), "\u03B20 " + txtBeta0.text() + " %"});
+    add("Settings:", {"ASCE 41 C0 " + cboC0.text(), "Cm " + txtCm.text(), "\u03B1P-\u0394 " + txtAlphaPD.text(),
+                      chkNearField.checked() ? "near field" : "far field", "ATC-40 T0 " + txtCsmT0.text() + " s",
+                      "m " + txtCsmM.text(), "type " + cboCsmType.text(),
+                      chkIterate.checked() ? "N2 iterated on dm*" : "N2 not iterated"});
     for (const nsp::MethodColumn& m : comparison.columns) {
         std::vector<std::string> items;
         for (const nsp::NamedValue& v : m.values)
