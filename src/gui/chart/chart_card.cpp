@@ -16,6 +16,7 @@
 #include <QSvgGenerator>
 #include <QWheelEvent>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 
 #include "forms/app.h"
@@ -52,7 +53,10 @@ public:
 
 private:
     PictureView* view(const char* name) const {
-        return name == nullptr ? nullptr : container_.findChild<PictureView*>(QString::fromLatin1(name));
+        if (name == nullptr) return nullptr;
+        // A chart drawn whole on one picture is its own frame.
+        if (container_.objectName() == QLatin1String(name)) return &container_;
+        return container_.findChild<PictureView*>(QString::fromLatin1(name));
     }
 
     void grow() {
@@ -166,6 +170,86 @@ private:
     double drag_from_ = 0;
 };
 
+// The wheel zooms a plot drawn by its window along X about the pointer, 1X to 10X as the
+// scale sliders go; a drag with the left button pans it; a double-click goes back to 1X. Only the
+// screen changes: the model, its texts and its pages stay as they are. The strip below follows.
+class PlotZoom : public QObject {
+public:
+    PlotZoom(PictureView& plot, PictureView* below) : QObject(&plot), plot_(plot), below_(below) {
+        plot.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched != &plot_) return QObject::eventFilter(watched, event);
+        switch (event->type()) {
+            case QEvent::Wheel: {
+                auto* we = static_cast<QWheelEvent*>(event);
+                wheel_ += we->angleDelta().y();
+                const int steps = wheel_ / 120;
+                wheel_ %= 120;
+                if (steps != 0) {
+                    // The point under the pointer stays there.
+                    const double x = we->position().x(), w = plot_.width();
+                    const double at = (x + shift_ * w) / zoom_;
+                    zoom_ = std::clamp(zoom_ + steps, 1, kMostZoom);
+                    shift_ = w > 0 ? (at * zoom_ - x) / w : 0;
+                    apply();
+                }
+                return true;
+            }
+            case QEvent::MouseButtonPress: {
+                auto* me = static_cast<QMouseEvent*>(event);
+                dragging_ = me->button() == Qt::LeftButton;
+                drag_from_ = me->position().x();
+                break;
+            }
+            case QEvent::MouseMove: {
+                auto* me = static_cast<QMouseEvent*>(event);
+                if (!dragging_ || !(me->buttons() & Qt::LeftButton) || plot_.width() <= 0) break;
+                shift_ -= (me->position().x() - drag_from_) / plot_.width();
+                drag_from_ = me->position().x();
+                apply();
+                break;
+            }
+            case QEvent::MouseButtonRelease:
+                dragging_ = false;
+                break;
+            case QEvent::MouseButtonDblClick:
+                zoom_ = 1;
+                shift_ = 0;
+                apply();
+                return true;
+            case QEvent::Resize:
+                apply();
+                break;
+            default:
+                break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    static constexpr int kMostZoom = 10;
+
+    // The shift is kept as a share of the plot's width, so that it holds as the window grows.
+    void apply() {
+        shift_ = std::clamp(shift_, 0.0, static_cast<double>(zoom_ - 1));
+        const double w = plot_.width();
+        plot_.set_x_zoom(zoom_, shift_ * w);
+        // The strip's corner may stand left of the plot's: its own shift keeps the two in line.
+        if (below_ != nullptr)
+            below_->set_x_zoom(zoom_, shift_ * w + (plot_.x() - below_->x()) * (zoom_ - 1));
+    }
+
+    PictureView& plot_;
+    PictureView* below_;
+    int zoom_ = 1;
+    double shift_ = 0;
+    int wheel_ = 0;
+    bool dragging_ = false;
+    double drag_from_ = 0;
+};
+
 }  // namespace
 
 void fit_chart_card(QWidget& card, QSpacerItem& indent, QScrollBar& scroll, windows::Chart& chart,
@@ -204,6 +288,8 @@ void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& c
     stretch_towards(card.layout(), container);
     new ChartGrowth(container, chart, scroll);
 }
+
+void let_plot_zoom(PictureView& plot, PictureView* below) { new PlotZoom(plot, below); }
 
 QByteArray chart_image(QWidget& picture, bool svg) {
     QByteArray bytes;
