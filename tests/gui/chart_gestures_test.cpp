@@ -77,6 +77,7 @@ TEST_F(ChartGestures, TheMeasuresChartsGrowAndSaveWhatTheyDraw) {
     EXPECT_GT(plot->height(), before.height() + 20);
     test::expect_labels_inside_strips(*platform.view_of(m));
     test::expect_tables_whole(*platform.view_of(m));
+    test::save_shot(*frame, "measures_window_maximised");
     const auto [heading, lines] = saved(*plot);
     EXPECT_EQ(heading, "Time (s),X velocity (m/s),Y velocity (m/s)\r");
     EXPECT_EQ(lines, 1 + program.form<windows::Form1>().lastLine - program.form<windows::Form1>().firstLine + 1);
@@ -125,6 +126,7 @@ TEST_F(ChartGestures, ThePushoverDiagramZoomsAndTheProceduresDiagramGrows) {
     drag(plot, at, -30);
     EXPECT_NEAR(plot->x_shift(), at.x() + 30, 1e-9);
     test::expect_labels_inside_strips(*platform.view_of(f6));
+    test::save_shot(*platform.view_of(f6), "pushover_zoomed");
     QTest::mouseDClick(plot, Qt::LeftButton, Qt::NoModifier, at.toPoint());
     EXPECT_EQ(plot->x_zoom(), 1);
     EXPECT_EQ(plot->x_shift(), 0);
@@ -140,6 +142,7 @@ TEST_F(ChartGestures, ThePushoverDiagramZoomsAndTheProceduresDiagramGrows) {
     EXPECT_GT(adrs->width(), before.width() + 100);
     test::expect_labels_inside_strips(*platform.view_of(nsp));
     test::expect_tables_whole(*platform.view_of(nsp));
+    test::save_shot(*frame, "nsp_window_maximised");
     const auto [heading, lines] = saved(*adrs);
     EXPECT_EQ(heading.rfind("Capacity Sd (cm),Capacity Sa (g),Coefficient method demand Sd (cm),", 0), 0u) << heading;
     EXPECT_GT(lines, 6);
