@@ -56,7 +56,8 @@ bool inside(const QWidget& inner, const QWidget& outer);
 /// A window of a work area of 1280 x 800 holds the view whole.
 void expect_fits_work_area(const QWidget& view);
 
-/// Every label of the view's axis strips is painted whole inside its strip, and there is one.
+/// Every label of the view's axis strips, and of the charts drawn whole by their windows, is
+/// painted whole inside its picture, and there is one.
 void expect_labels_inside_strips(const QWidget& view);
 
 /// No table of the view cuts a heading or a number: each column is as wide as both.

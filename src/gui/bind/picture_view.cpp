@@ -140,7 +140,8 @@ QPointF strip_label_at(const forms::PictureBox& pic, std::size_t i, QPointF at, 
             nearest = d;
         }
     }
-    const double w = scale.x(pic.width()), h = scale.y(pic.height());
+    // In whole pixels: the widget is no wider than its picture's width rounded.
+    const double w = std::floor(scale.extent_x(pic.width())), h = std::floor(scale.y(pic.height()));
     // A label of a tick out of sight (the plot runs on past the strip) stays wholly out of sight;
     // a tick within half its label of the edge keeps its label, pushed inside.
     if (tick != nullptr) {
@@ -337,7 +338,9 @@ void PictureView::follow_model() {
     const QSize size = sizeHint();
     if (parentWidget() != nullptr && layout_holds(parentWidget()->layout(), this)) {
         if (grows_) {
-            if (size != minimumSize()) setMinimumSize(size);
+            // Stretched to the room it was given, it may still be made smaller again.
+            const QSize least(twips_to_px(picture_->width(), this), twips_to_px(picture_->height(), this));
+            if (least != minimumSize()) setMinimumSize(least);
         } else if (size != minimumSize() || size != maximumSize()) {
             setFixedSize(size);
         }
@@ -363,6 +366,13 @@ void PictureView::set_stretch(QSizeF content, QSizeF place, QPointF origin) {
     update();
 }
 
+void PictureView::set_x_zoom(double zoom, double shift) {
+    if (zoom == zoom_ && shift == shift_) return;
+    zoom_ = zoom;
+    shift_ = shift;
+    update();
+}
+
 void PictureView::set_grows(bool grows) {
     grows_ = grows;
     if (grows) {
@@ -376,6 +386,8 @@ PaintScale PictureView::screen_scale(double dpi) const {
     PaintScale scale{dpi / kTwipsPerInch, 1.0, strip_, grid_};
     scale.sx = stretch_.width();
     scale.sy = stretch_.height();
+    scale.zoom = zoom_;
+    scale.shift = shift_;
     return scale;
 }
 
@@ -413,7 +425,8 @@ bool PictureView::update_cache(double dpi) {
                        cache_.size() != device || cache_ratio_ != ratio || cache_dpi_ != dpi ||
                        cache_revision_ != picture_->revision() || cache_back_ != picture_->back_color ||
                        cache_fore_ != picture_->fore_color || cache_font_ != picture_->font_name ||
-                       cache_font_size_ != picture_->font_size || cache_stretch_ != stretch_ || count < cache_ops_;
+                       cache_font_size_ != picture_->font_size || cache_stretch_ != stretch_ ||
+                       cache_zoom_ != QPointF(zoom_, shift_) || count < cache_ops_;
     if (!fresh && count == cache_ops_) return true;
     if (fresh) {
         cache_ = QPixmap(device);
@@ -427,6 +440,7 @@ bool PictureView::update_cache(double dpi) {
         cache_font_ = picture_->font_name;
         cache_font_size_ = picture_->font_size;
         cache_stretch_ = stretch_;
+        cache_zoom_ = QPointF(zoom_, shift_);
         cache_grid_ = std::move(grid_lines);
         ++cache_rebuilds_;
     }
@@ -443,7 +457,8 @@ void PictureView::emit_mouse(int kind, QMouseEvent* event) {
     const QPointF pos = event->position();
     // A press or release names the button that changed; a move names the buttons held.
     const int button = kind == 0 ? old_button(event->buttons()) : old_button(event->button());
-    emit mouse(kind, button, old_shift(event->modifiers()), px_to_twips(pos.x() / stretch_.width(), dpi),
+    emit mouse(kind, button, old_shift(event->modifiers()),
+               px_to_twips((pos.x() + shift_) / (stretch_.width() * zoom_), dpi),
                px_to_twips(pos.y() / stretch_.height(), dpi));
 }
 

@@ -43,7 +43,12 @@ struct PaintScale {
     /// keep their size.
     double sx = 1.0;
     double sy = 1.0;
-    double x(double twips) const { return twips * per_twip * sx; }
+    /// A plot zoomed along X on the screen: drawn `zoom` times wider, `shift` device units to the left.
+    double zoom = 1.0;
+    double shift = 0.0;
+    double x(double twips) const { return twips * per_twip * sx * zoom - shift; }
+    /// The width the picture takes, whatever its zoom.
+    double extent_x(double twips) const { return twips * per_twip * sx; }
     double y(double twips) const { return twips * per_twip * sy; }
 };
 
@@ -99,6 +104,11 @@ public:
     /// mouse reads in the model's twips still.
     void set_stretch(QSizeF content, QSizeF place, QPointF origin = {});
     QSizeF stretch() const { return stretch_; }
+    /// Drawn `zoom` times wider along X inside the same size, `shift` pixels to the left; the
+    /// mouse reads in the model's twips still.
+    void set_x_zoom(double zoom, double shift);
+    double x_zoom() const { return zoom_; }
+    double x_shift() const { return shift_; }
     /// In a layout: the model's size is the least, the widget takes what room it is given.
     void set_grows(bool grows);
 
@@ -131,6 +141,8 @@ private:
     QSizeF stretch_{1, 1};
     QSizeF place_{1, 1};
     QPointF origin_{0, 0};
+    double zoom_ = 1;
+    double shift_ = 0;
     bool grows_ = false;
 
     // The recorded operations painted once; the overlays (cross-hairs) go on top at each paint.
@@ -144,6 +156,7 @@ private:
     double cache_font_size_ = 0;
     int cache_rebuilds_ = 0;
     QSizeF cache_stretch_{1, 1};
+    QPointF cache_zoom_{1, 0};
 };
 
 }  // namespace tv::gui

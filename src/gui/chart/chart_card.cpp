@@ -16,6 +16,7 @@
 #include <QSvgGenerator>
 #include <QWheelEvent>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 
 #include "forms/app.h"
@@ -52,7 +53,10 @@ public:
 
 private:
     PictureView* view(const char* name) const {
-        return name == nullptr ? nullptr : container_.findChild<PictureView*>(QString::fromLatin1(name));
+        if (name == nullptr) return nullptr;
+        // A chart drawn whole on one picture is its own frame.
+        if (container_.objectName() == QLatin1String(name)) return &container_;
+        return container_.findChild<PictureView*>(QString::fromLatin1(name));
     }
 
     void grow() {
@@ -99,14 +103,11 @@ void stretch_towards(QLayout* layout, QWidget& w) {
     }
 }
 
-// The wheel zooms the plot's X scale about the pointer, a drag with the left button pans, a
-// double-click goes back to 1X. The mouse goes on to the plot's own handlers as before.
-class ChartMouse : public QObject {
+// The gestures over a plot: whole notches of the wheel, a drag with the left button and a
+// double-click. The mouse goes on to the plot's own handlers as before.
+class PlotGestures : public QObject {
 public:
-    ChartMouse(PictureView& plot, QWidget& viewport, windows::Chart& chart, forms::App& app)
-        : QObject(&plot), plot_(plot), viewport_(viewport), chart_(chart), app_(app) {
-        plot.installEventFilter(this);
-    }
+    explicit PlotGestures(QWidget& plot) : QObject(&plot), plot_(plot) { plot.installEventFilter(this); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched != &plot_) return QObject::eventFilter(watched, event);
@@ -116,39 +117,70 @@ public:
                 wheel_ += we->angleDelta().y();
                 const int steps = wheel_ / 120;
                 wheel_ %= 120;
-                const double x = twips_at(we->position());
-                if (steps != 0) run_on_model(plot_, app_, [this, steps, x] { chart_.zoom(steps, x); });
+                if (steps != 0) zoom(steps, we->position());
                 return true;
             }
             case QEvent::MouseButtonPress: {
                 auto* me = static_cast<QMouseEvent*>(event);
-                if (me->button() == Qt::LeftButton) drag_from_ = twips_at(me->position());
                 dragging_ = me->button() == Qt::LeftButton;
+                if (dragging_) drag_from(me->position());
                 break;
             }
             case QEvent::MouseMove: {
                 auto* me = static_cast<QMouseEvent*>(event);
-                if (!dragging_ || !(me->buttons() & Qt::LeftButton)) break;
-                // Whole scroll steps of 100 twips; the rest waits for the next move.
-                const double dx = twips_at(me->position()) - drag_from_;
-                const double moved = 100.0 * std::trunc(dx / 100.0);
-                if (moved != 0) {
-                    drag_from_ += moved;
-                    run_on_model(plot_, app_, [this, moved] { chart_.pan(moved); });
-                }
+                if (dragging_ && (me->buttons() & Qt::LeftButton)) drag_to(me->position());
                 break;
             }
             case QEvent::MouseButtonRelease:
                 dragging_ = false;
                 break;
             case QEvent::MouseButtonDblClick:
-                run_on_model(plot_, app_, [this] { chart_.reset_view(); });
+                reset();
                 return true;
+            case QEvent::Resize:
+                resized();
+                break;
             default:
                 break;
         }
         return QObject::eventFilter(watched, event);
     }
+
+protected:
+    virtual void zoom(int steps, QPointF at) = 0;
+    virtual void drag_from(QPointF at) = 0;
+    virtual void drag_to(QPointF at) = 0;
+    virtual void reset() = 0;
+    virtual void resized() {}
+
+private:
+    QWidget& plot_;
+    int wheel_ = 0;
+    bool dragging_ = false;
+};
+
+// The wheel zooms the plot's X scale about the pointer, a drag pans, a double-click goes back to
+// 1X: all through the chart's slider and scroll bar.
+class ChartMouse : public PlotGestures {
+public:
+    ChartMouse(PictureView& plot, QWidget& viewport, windows::Chart& chart, forms::App& app)
+        : PlotGestures(plot), plot_(plot), viewport_(viewport), chart_(chart), app_(app) {}
+
+protected:
+    void zoom(int steps, QPointF at) override {
+        const double x = twips_at(at);
+        run_on_model(plot_, app_, [this, steps, x] { chart_.zoom(steps, x); });
+    }
+    void drag_from(QPointF at) override { drag_from_ = twips_at(at); }
+    void drag_to(QPointF at) override {
+        // Whole scroll steps of 100 twips; the rest waits for the next move.
+        const double dx = twips_at(at) - drag_from_;
+        const double moved = 100.0 * std::trunc(dx / 100.0);
+        if (moved == 0) return;
+        drag_from_ += moved;
+        run_on_model(plot_, app_, [this, moved] { chart_.pan(moved); });
+    }
+    void reset() override { run_on_model(plot_, app_, [this] { chart_.reset_view(); }); }
 
 private:
     // The pointer in twips of the viewport, which stays put while the plot slides under it.
@@ -161,8 +193,55 @@ private:
     QWidget& viewport_;
     windows::Chart& chart_;
     forms::App& app_;
-    int wheel_ = 0;
-    bool dragging_ = false;
+    double drag_from_ = 0;
+};
+
+// A plot drawn by its window at one scale zooms along X on the screen alone, 1X to 10X as the
+// scale sliders go, about the pointer; a drag pans it; a double-click goes back to 1X. The model,
+// its texts and its pages stay as they are. The strip below follows.
+class PlotZoom : public PlotGestures {
+public:
+    PlotZoom(PictureView& plot, PictureView* below) : PlotGestures(plot), plot_(plot), below_(below) {}
+
+protected:
+    void zoom(int steps, QPointF at) override {
+        // The point under the pointer stays there.
+        const double x = at.x(), w = plot_.width();
+        const double content = (x + shift_ * w) / zoom_;
+        zoom_ = std::clamp(zoom_ + steps, 1, kMostZoom);
+        shift_ = w > 0 ? (content * zoom_ - x) / w : 0;
+        apply();
+    }
+    void drag_from(QPointF at) override { drag_from_ = at.x(); }
+    void drag_to(QPointF at) override {
+        if (plot_.width() <= 0) return;
+        shift_ -= (at.x() - drag_from_) / plot_.width();
+        drag_from_ = at.x();
+        apply();
+    }
+    void reset() override {
+        zoom_ = 1;
+        shift_ = 0;
+        apply();
+    }
+    void resized() override { apply(); }
+
+private:
+    static constexpr int kMostZoom = 10;
+
+    // The shift is kept as a share of the plot's width, so that it holds as the window grows.
+    void apply() {
+        shift_ = std::clamp(shift_, 0.0, static_cast<double>(zoom_ - 1));
+        const double w = plot_.width();
+        plot_.set_x_zoom(zoom_, shift_ * w);
+        // The strip's corner may stand left of the plot's: its own shift keeps the two in line.
+        if (below_ != nullptr) below_->set_x_zoom(zoom_, shift_ * w + (plot_.x() - below_->x()) * (zoom_ - 1));
+    }
+
+    PictureView& plot_;
+    PictureView* below_;
+    int zoom_ = 1;
+    double shift_ = 0;
     double drag_from_ = 0;
 };
 
@@ -204,6 +283,8 @@ void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& c
     stretch_towards(card.layout(), container);
     new ChartGrowth(container, chart, scroll);
 }
+
+void let_plot_zoom(PictureView& plot, PictureView* below) { new PlotZoom(plot, below); }
 
 QByteArray chart_image(QWidget& picture, bool svg) {
     QByteArray bytes;

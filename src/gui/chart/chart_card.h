@@ -48,6 +48,10 @@ struct GrowingChart {
 /// `scroll`, when there is one, stays as wide as the frame.
 void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& chart, QScrollBar* scroll = nullptr);
 
+/// A plot its window draws at one scale zooms on the screen alone: the wheel along X about the
+/// pointer, a drag pans, a double-click goes back; `below`, the strip under it, follows.
+void let_plot_zoom(PictureView& plot, PictureView* below);
+
 /// The context menu of a chart: "Copy Image" and "Save Image..." (PNG or SVG) of `picture`,
 /// "Save Data..." of what `data` gives (greyed while it gives nothing, and always without `data`).
 void add_chart_menu(QWidget& card, QWidget& picture, std::function<std::vector<windows::DataColumn>()> data,

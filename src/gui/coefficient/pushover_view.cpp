@@ -30,6 +30,7 @@ PushoverView::PushoverView(windows::Form6& model, forms::App& app, QWidget* pare
                      QString::fromStdString(model.force_title()));
     add_chart_menu(*ui_.diagramPanel, *ui_.Picture1, [&model] { return model.drawn_data(); }, app);
     let_chart_grow(*ui_.diagramPanel, *ui_.Picture1, {model.picDiagram, "picDiagram", nullptr, "xBar", "yBar"});
+    let_plot_zoom(*ui_.picDiagram, ui_.xBar);
     bind::all(*this, model, app);
     // After the binder's own connection: the model holds the new unit when the titles ask it.
     connect(ui_.cboUnits, &QComboBox::currentIndexChanged, this, [this, &model] {

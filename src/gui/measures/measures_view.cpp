@@ -35,9 +35,6 @@ W* tipped(W* w, const char* tip) {
     return w;
 }
 
-// Pixels of a size given in twips, at the screen's 96 dots per inch.
-int pixels(double twips) { return static_cast<int>(twips * 96.0 / 1440.0 + 0.5); }
-
 }  // namespace
 
 MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWidget* parent) : QWidget(parent) {
@@ -73,14 +70,14 @@ MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWid
     auto* charts = new QVBoxLayout;
     for (const char* name : {"AccelPlot", "VelocityPlot", "DisplacementPlot", "HusidPlot"}) {
         auto* pv = named(new PictureView, name);
-        pv->setFixedSize(pixels(windows::MeasuresWindow::kPlotWidth), pixels(windows::MeasuresWindow::kPlotHeight));
-        // The picture can be copied and saved; Save Data stays greyed.
-        add_chart_menu(*pv, *pv, {}, app);
-        charts->addWidget(pv);
+        const forms::PictureBox& plot = *model.find_as<forms::PictureBox>(name);
+        // Each chart takes its share of the room the window gives; its menu saves what it draws.
+        let_chart_grow(*pv, *pv, {plot, name, nullptr, nullptr, nullptr});
+        add_chart_menu(*pv, *pv, [&model, &plot] { return model.drawn_data(plot); }, app);
+        charts->addWidget(pv, 1);
     }
     charts->addWidget(new QLabel(QStringLiteral("Red: X, blue: Y, grey: before processing")));
-    charts->addStretch(1);
-    root->addLayout(charts);
+    root->addLayout(charts, 1);
 
     bind::all(*this, model, app);
 }

@@ -418,4 +418,27 @@ forms::Page NspWindow::report_page() {
     return compose_page(page, platform());
 }
 
+std::vector<DataColumn> NspWindow::drawn_data() const {
+    std::vector<DataColumn> out;
+    const std::string sd = " Sd (" + txtLength.text() + ")", sa = " Sa (g)";
+    // Each curve as a pair of columns, its points in order; points that cannot be drawn are left out.
+    auto add = [&](const std::string& name, const std::vector<nsp::AdrsPoint>& pts) {
+        DataColumn x{name + sd, {}}, y{name + sa, {}};
+        for (const nsp::AdrsPoint& a : pts)
+            if (finite(a)) {
+                x.values.push_back(a.Sd);
+                y.values.push_back(a.Sa);
+            }
+        out.push_back(std::move(x));
+        out.push_back(std::move(y));
+    };
+    add("Capacity", comparison.capacity);
+    if (out.front().values.empty()) return {};
+    for (const nsp::MethodColumn& m : comparison.columns) {
+        add(legend_name(m.method) + " demand", m.demand);
+        if (m.performance) add(legend_name(m.method) + " performance point", {*m.performance});
+    }
+    return out;
+}
+
 }  // namespace tv::windows

@@ -9,6 +9,7 @@
 
 #include "compute/nsp/nsp_comparison.h"
 #include "forms/page.h"
+#include "windows/chart/chart_data.h"
 #include "windows/program.h"
 
 namespace tv::windows {
@@ -106,6 +107,10 @@ public:
 
     /// Colour of a method in the diagram and its legend, 0xBBGGRR.
     static int colour(compute::nsp::Method m);
+
+    /// The numbers the diagram draws: Sd and Sa of the capacity curve, of each method's demand
+    /// and of its performance point, with their units; empty before a curve is drawn.
+    std::vector<DataColumn> drawn_data() const;
 
 private:
     void fill_table();

@@ -31,8 +31,6 @@ ChartOptions fourier_chart(Form12& f) {
     o.marks.peak = [&f](long p) { return val(f.Grid3.text(static_cast<int>(p), 2)); };
     o.marks.width = [&f] { return text::round_to(text::div(0.5, val(f.Text2.text())), 1); };
     o.replot = [&f] { f.chart.plot(f.state().accelX2, f.deltaOmega, true); };
-    // The window has no scroll handler and no read-out: the bar moves alone.
-    o.follows_scroll = false;
     return o;
 }
 

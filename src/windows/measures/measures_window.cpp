@@ -17,7 +17,7 @@ constexpr int kColourOriginal = 0xB0B0B0; // grey, under the processed curves
 constexpr int kAxisColour = 0x000000;
 
 // Margins of a plot, twips: room for the value labels at the left and the time at the bottom.
-constexpr double kLeft = 800, kRight = 150, kTop = 300, kBottom = 350;
+constexpr double kLeft = 950, kRight = 150, kTop = 300, kBottom = 350;
 // More samples than this are drawn as one vertical stroke per column, so the peaks stay.
 constexpr std::size_t kMaxColumns = 2000;
 
@@ -67,8 +67,10 @@ void draw_chart(forms::PictureBox& p, const std::vector<Curve>& curves, double d
     auto y_of = [&](double v) { return kTop + h * (hi - v) / (hi - lo); };
     p.line(kLeft, y_of(0), kLeft + w, y_of(0), kColourOriginal);
     const double th = p.text_height();
-    print_at(p, kLeft - p.text_width(number(hi)) - 60, kTop - th / 2, number(hi));
-    print_at(p, kLeft - p.text_width(number(lo)) - 60, kTop + h - th / 2, number(lo));
+    // A value label wider than the margin starts at the picture's edge rather than beyond it.
+    auto left_of_frame = [&](const std::string& s) { return std::max(0.0, kLeft - p.text_width(s) - 60); };
+    print_at(p, left_of_frame(number(hi)), kTop - th / 2, number(hi));
+    print_at(p, left_of_frame(number(lo)), kTop + h - th / 2, number(lo));
     print_at(p, kLeft, kTop + h + 40, "0");
     const std::string end = number(t_end) + " s";
     print_at(p, kLeft + w - p.text_width(end), kTop + h + 40, end);
@@ -112,6 +114,21 @@ constexpr std::array<Row, 11> kRows{{
     {"Housner spectrum intensity", "m", &compute::MotionMeasures::housner},
     {"Predominant period Tp", "s", &compute::MotionMeasures::predominant_period},
     {"Mean period Tm", "s", &compute::MotionMeasures::mean_period},
+}};
+
+// The charts, top to bottom: the title above each, the quantity and unit of its saved data, and
+// the history it shows (null: the acceleration).
+struct Panel {
+    const char* title;
+    const char* quantity;
+    const std::vector<double> compute::MotionMeasures::*history;
+};
+
+const std::array<Panel, 4> kPanels{{
+    {"Acceleration (g)", "acceleration (g)", nullptr},
+    {"Velocity (m/s)", "velocity (m/s)", &compute::MotionMeasures::velocity},
+    {"Displacement (m)", "displacement (m)", &compute::MotionMeasures::displacement},
+    {"Husid plot: Arias intensity / total (-)", "Arias intensity / total (-)", &compute::MotionMeasures::husid},
 }};
 
 }  // namespace
@@ -170,29 +187,55 @@ void MeasuresWindow::display(bool against_original) {
     }
     if (!problems.empty()) Message.set_caption(problems);
 
+    against_original_ = against_original;
+    for (std::size_t panel = 0; panel < kPanels.size(); ++panel) {
+        std::vector<Curve> curves;
+        for (const NamedCurve& c : curves_of(panel)) curves.push_back({c.values, c.colour});
+        draw_chart(*plots()[panel], curves, dt_, kPanels[panel].title);
+    }
+}
+
+std::array<forms::PictureBox*, 4> MeasuresWindow::plots() const {
+    return {&AccelPlot, &VelocityPlot, &DisplacementPlot, &HusidPlot};
+}
+
+std::vector<MeasuresWindow::NamedCurve> MeasuresWindow::curves_of(std::size_t panel) const {
     static const std::vector<double> none;
     auto history = [](const compute::MeasuresOutcome& m, const std::vector<double> compute::MotionMeasures::*h)
         -> const std::vector<double>* { return m.ok() ? &(m.measures.*h) : &none; };
-    struct Panel {
-        forms::PictureBox* picture;
-        const char* title;
-        const std::vector<double> compute::MotionMeasures::*history;  // null: the acceleration
-    };
-    const std::array<Panel, 4> charts{{{&AccelPlot, "Acceleration (g)", nullptr},
-                                       {&VelocityPlot, "Velocity (m/s)", &compute::MotionMeasures::velocity},
-                                       {&DisplacementPlot, "Displacement (m)", &compute::MotionMeasures::displacement},
-                                       {&HusidPlot, "Husid plot: Arias intensity / total (-)", &compute::MotionMeasures::husid}}};
-    for (const Panel& ch : charts) {
-        std::vector<Curve> curves;
-        if (against_original)
-            for (const Component& k : components_)
-                curves.push_back({ch.history ? history(k.before, ch.history) : &k.original, kColourOriginal});
+    const Panel& ch = kPanels[panel];
+    // The grey curves first, under the processed ones.
+    std::vector<NamedCurve> curves;
+    if (against_original_)
         for (std::size_t c = 0; c < 2; ++c) {
             const Component& k = components_[c];
-            curves.push_back({ch.history ? history(k.now, ch.history) : &k.shown, c == 0 ? kColourX : kColourY});
+            curves.push_back({ch.history ? history(k.before, ch.history) : &k.original, kColourOriginal,
+                              c == 0 ? "X before processing" : "Y before processing"});
         }
-        draw_chart(*ch.picture, curves, dt_, ch.title);
+    for (std::size_t c = 0; c < 2; ++c) {
+        const Component& k = components_[c];
+        curves.push_back({ch.history ? history(k.now, ch.history) : &k.shown, c == 0 ? kColourX : kColourY,
+                          c == 0 ? "X" : "Y"});
     }
+    return curves;
+}
+
+std::vector<DataColumn> MeasuresWindow::drawn_data(const forms::PictureBox& plot) const {
+    std::vector<DataColumn> out;
+    const auto all = plots();
+    const auto at = std::find(all.begin(), all.end(), &plot);
+    if (at == all.end()) return out;
+    const std::size_t panel = static_cast<std::size_t>(at - all.begin());
+    std::size_t n = 0;
+    for (const NamedCurve& c : curves_of(panel)) n = std::max(n, c.values->size());
+    // A chart with no curve drawn gives nothing.
+    if (n < 2) return out;
+    DataColumn time{"Time (s)", {}};
+    for (std::size_t i = 0; i < n; ++i) time.values.push_back(static_cast<double>(i) * dt_);
+    out.push_back(std::move(time));
+    for (const NamedCurve& c : curves_of(panel))
+        out.push_back({std::string(c.name) + " " + kPanels[panel].quantity, *c.values});
+    return out;
 }
 
 bool MeasuresWindow::read_options(compute::ProcessingOptions& o) {

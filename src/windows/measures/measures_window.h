@@ -11,6 +11,7 @@
 
 #include "compute/measures/ground_motion_measures.h"
 #include "compute/measures/record_processing.h"
+#include "windows/chart/chart_data.h"
 #include "windows/program.h"
 
 namespace tv::windows {
@@ -50,6 +51,10 @@ public:
     /// Measures of what the window shows now, component 'X' or 'Y'; null when they failed.
     const compute::MotionMeasures* shown_measures(char component) const;
 
+    /// The numbers `plot` draws now: the time, then each curve with its heading and unit; empty
+    /// when it draws none.
+    std::vector<DataColumn> drawn_data(const forms::PictureBox& plot) const;
+
     void Preview_Click();
     void Apply_Click();
     void Undo_Click();
@@ -66,6 +71,14 @@ private:
     /// Both components processed into `out`; false (and the message shown) on failure.
     bool process(std::array<std::vector<double>, 2>& out, compute::ProcessingOptions& options);
     void display(bool against_original);
+    /// A chart's curves in the order they are drawn, with their colours and names.
+    struct NamedCurve {
+        const std::vector<double>* values;
+        int colour;
+        const char* name;
+    };
+    std::vector<NamedCurve> curves_of(std::size_t panel) const;
+    std::array<forms::PictureBox*, 4> plots() const;
     void write_to_project(const std::array<std::vector<double>, 2>& samples);
     void set_record_caption(const std::string& note);
 
@@ -73,6 +86,7 @@ private:
     double dt_ = 0;
     std::array<Component, 2> components_;
     bool applied_ = false;
+    bool against_original_ = false;
 };
 
 }  // namespace tv::windows
