@@ -3,6 +3,7 @@
 
 #include "cli/commands.h"
 #include "cli/options.h"
+#include "cli/processing_option.h"
 #include "cli/record_steps.h"
 #include "cli/session.h"
 #include "windows/fourier/fourier_window.h"
@@ -22,23 +23,29 @@ const char* kFourierUsage =
     "  --history-time TEXT      length of the rebuilt history, s (default: the record's)\n"
     "  --history-dt TEXT        step of the rebuilt history, s (default 0.05)\n"
     "  --export-fft FILE        write omega and amplitude\n"
-    "  --export-history FILE    rebuild the history (Accel) and write it\n";
+    "  --export-history FILE    rebuild the history (Accel) and write it\n"
+    "processing of the record before its transform (the exports name it in their first lines):\n";
 
 }  // namespace
 
 int run_fourier(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     OptionSpec known{{"omega-lim", "delta-omega", "picks", "omega-step", "history-time", "history-dt", "export-fft",
                      "export-history"},
-                    {}};
+                    {kZeroPhaseFlag}};
     known.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
-    const std::string usage = std::string(kFourierUsage) + kRecordUsage;
+    known.with_value.insert(kProcessingOptions.begin(), kProcessingOptions.end());
+    const std::string usage = std::string(kFourierUsage) + kProcessingUsage + kRecordUsage;
     ParsedOptions o;
     if (auto done = parse_command(args, known, "fourier", usage, o, out, err)) return *done;
     if (auto problem = record_files_problem(o, 1)) return usage_error(err, "fourier", *problem, usage);
     if (!o.get("omega-lim")) return usage_error(err, "fourier", "--omega-lim is required", usage);
+    compute::ProcessingOptions processing;
+    if (auto why = processing_from(o, processing)) return usage_error(err, "fourier", *why, usage);
     Session s(out, err);
     try {
-        run_record_steps(s, o, o.files, false, false);
+        run_record_steps(s, o, o.files, false, false, [&](std::size_t k) {
+            if (processing.active()) apply_processing(s, o, processing, k);
+        });
         auto& f1 = s.program.form<windows::Form1>();
         s.step([&] { f1.Command1.press(); });
         auto& f12 = s.program.form<windows::Form12>();

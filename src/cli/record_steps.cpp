@@ -59,7 +59,7 @@ std::optional<std::string> record_files_problem(const ParsedOptions& o, std::siz
 }
 
 void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std::string>& files, bool next_at_last,
-                      bool print_peaks) {
+                      bool print_peaks, const std::function<void(std::size_t)>& shown) {
     for (const auto& f : files) require_readable(s, f);
     const std::size_t per_record = files_per_record(o);
     const std::size_t records = files.size() / per_record;
@@ -100,6 +100,7 @@ void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std:
             s.print("peak X " + std::to_string(k + 1), f1.Text1.text());
             s.print("peak Y " + std::to_string(k + 1), f1.Text2.text());
         }
+        if (shown) shown(k + 1);
         if (next_at_last || k + 1 < records) s.step([&] { f1.xnext.press(); });
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The record steps that the spectra and fourier commands share: the menu's Open/Add Record for
 // each file, the record window's boxes, Show Diagram, and Next.
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,9 +23,9 @@ std::size_t files_per_record(const ParsedOptions& o);
 std::optional<std::string> record_files_problem(const ParsedOptions& o, std::size_t max_records);
 
 /// Opens the records of `files` (X and Y of each, or one file of several components each) and shows each one; with `print_peaks` prints
-/// `records`, then `peak X k` and `peak Y k`. Next is pressed after every record but, when
-/// `next_at_last` is false, the last.
+/// `records`, then `peak X k` and `peak Y k`. `shown(k)` runs after record k's Show Diagram.
+/// Next is pressed after every record but, when `next_at_last` is false, the last.
 void run_record_steps(Session& s, const ParsedOptions& o, const std::vector<std::string>& files, bool next_at_last,
-                      bool print_peaks = true);
+                      bool print_peaks = true, const std::function<void(std::size_t)>& shown = {});
 
 }  // namespace tv::cli

@@ -5,17 +5,17 @@
 
 #include "cli/commands.h"
 #include "cli/options.h"
+#include "cli/processing_option.h"
 #include "cli/record_steps.h"
 #include "cli/report_option.h"
 #include "cli/session.h"
-#include "compute/measures/rotd_spectra.h"
-#include "compute/spectra/period_grid.h"
 #include "text/number_text.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
 #include "windows/spectra/comparison_window.h"
 #include "windows/spectra/design_spectrum_window.h"
 #include "windows/spectra/response_spectrum_window.h"
+#include "windows/spectra/rotated_run.h"
 
 namespace tv::cli {
 
@@ -32,39 +32,31 @@ const char* kSpectraUsage =
     "  --damping TEXT           damping ratio (default 0.05)\n"
     "  --measure psa|sd|psv|sv  spectral measure (default psa)\n"
     "  --measure rotd50|rotd100 orientation-independent PSA of each record's pair, every period printed\n"
-    "  --export-spectra FILE    write the twelve-column export\n"
+    "  --export-spectra FILE    write the twelve-column export (with rotd50|rotd100: and that measure\n"
+    "                           of each record, beside the components' PSA)\n"
     "  --compare                go on to the comparison and find the scale factor\n"
     "  --rule srss|max          combination of the components (default srss)\n"
     "  --sa-scale TEXT          factor on the design spectrum (default: the rule's)\n"
     "  --band-start, --band-end TEXT   period band of the search (default 0.01, the grid's end)\n"
-    "  --export-comparison FILE write the sixteen-column export\n";
+    "  --export-comparison FILE write the sixteen-column export\n"
+    "processing of each record before its spectra (the exports name it in their first lines):\n";
 
 // RotD50 or RotD100 of each record's pair over the design spectrum window's period grid, with
 // the response spectrum window's damping: "RotD50 K: PERIOD VALUE" per period, in g.
-int print_rotated(Session& s, bool hundred, double zeta) {
-    auto& state = s.program.state;
-    const compute::PeriodGrid grid{state.tStart, state.tEnd, state.periodStep, state.specCount};
-    std::vector<double> periods;
-    // The grid's indices end at specCount, which also ends a step that does not move.
-    for (double T = grid.tStart; grid.holds(T) && static_cast<long>(periods.size()) < grid.specCount; T = grid.next(T))
-        periods.push_back(T);
+int print_rotated(Session& s, bool hundred, const windows::RotatedRun& run) {
     const std::string name = hundred ? "RotD100" : "RotD50";
     s.print("measure", name + " (g)");
-    for (std::int32_t k = 1; k <= state.recordCount; ++k) {
-        const compute::RotDOutcome r =
-            compute::rotd_spectra(state.samples(k, 'X'), state.samples(k, 'Y'), state.recordDt(k), zeta, periods);
-        if (!r.ok()) {
-            s.err << "RotD: record " << k << ": " << r.error << '\n';
-            return kFailed;
-        }
-        const std::vector<double>& v = hundred ? r.spectra.rotd100 : r.spectra.rotd50;
-        for (std::size_t j = 0; j < periods.size(); ++j) {
+    for (std::size_t k = 0; k < run.records.size(); ++k) {
+        const std::vector<double>& v = hundred ? run.records[k].rotd100 : run.records[k].rotd50;
+        for (std::size_t j = 0; j < run.periods.size(); ++j) {
             char value[32];
             std::snprintf(value, sizeof value, "%.6g", v[j]);
-            s.print(name + " " + std::to_string(k), text::to_text(periods[j]) + " " + value);
+            s.print(name + " " + std::to_string(k + 1), text::to_text(run.periods[j]) + " " + value);
         }
     }
-    return kDone;
+    if (run.ok()) return kDone;
+    s.err << "RotD: " << run.error << '\n';
+    return kFailed;
 }
 
 }  // namespace
@@ -72,10 +64,11 @@ int print_rotated(Session& s, bool hundred, double zeta) {
 int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     OptionSpec known{{"hazard", "soil", "design-scale", "tstart", "tend", "step", "design-file", "damping", "measure",
                      "export-spectra", "rule", "sa-scale", "band-start", "band-end", "export-comparison"},
-                    {"compare"}};
+                    {"compare", kZeroPhaseFlag}};
     known.with_value.insert(kRecordOptions.begin(), kRecordOptions.end());
     known.with_value.insert(kReportOptions.begin(), kReportOptions.end());
-    const std::string usage = std::string(kSpectraUsage) + kReportUsage + kRecordUsage;
+    known.with_value.insert(kProcessingOptions.begin(), kProcessingOptions.end());
+    const std::string usage = std::string(kSpectraUsage) + kProcessingUsage + kReportUsage + kRecordUsage;
     ParsedOptions o;
     if (auto done = parse_command(args, known, "spectra", usage, o, out, err)) return *done;
     if (auto problem = record_files_problem(o, 3)) return usage_error(err, "spectra", *problem, usage);
@@ -102,12 +95,15 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
     if (!one_of(hazard, hazards, "hazard") || !one_of(soil, soils, "soil") || !one_of(measure, measures, "measure") ||
         !one_of(rule, {"srss", "max"}, "rule"))
         return kUsage;
-    if (rotated && (o.has("compare") || o.get("export-spectra")))
-        return usage_error(err, "spectra", "--compare and --export-spectra take psa, sd, psv or sv", usage);
+    if (rotated && o.has("compare")) return usage_error(err, "spectra", "--compare takes psa, sd, psv or sv", usage);
+    compute::ProcessingOptions processing;
+    if (auto why = processing_from(o, processing)) return usage_error(err, "spectra", *why, usage);
     Session s(out, err);
     try {
         if (auto f = o.get("design-file")) require_readable(s, *f);
-        run_record_steps(s, o, o.files, true);
+        run_record_steps(s, o, o.files, true, true, [&](std::size_t k) {
+            if (processing.active()) apply_processing(s, o, processing, k);
+        });
 
         auto& f2 = s.program.form<windows::Form2>();
         forms::OptionButton* hazard_options[] = {&f2.Option5, &f2.Option7, &f2.Option6, &f2.Option8};
@@ -139,10 +135,18 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
 
         auto& f3 = s.program.form<windows::Form3>();
         if (rotated) {
+            const bool hundred = measure == "rotd100";
             s.step([&] {
                 if (auto v = o.get("damping")) f3.xbeta.set_text(*v);
             });
-            return print_rotated(s, measure == "rotd100", text::val(f3.xbeta.text()));
+            const auto file = o.get("export-spectra");
+            if (!file) return print_rotated(s, hundred, windows::rotated_spectra(s.program.state, text::val(f3.xbeta.text())));
+            // The export goes through the window: the components' PSA beside the RotD spectrum.
+            s.step([&] { (hundred ? f3.CheckRotD100 : f3.CheckRotD50).user_click(); });
+            s.step([&] { f3.Command1.press(); });
+            s.platform.file_answers.push_back(*file);
+            s.step([&] { f3.Command5.press(); });
+            return print_rotated(s, hundred, f3.rotated);
         }
         s.step([&] {
             if (auto v = o.get("damping")) f3.xbeta.set_text(*v);

@@ -51,4 +51,17 @@ std::vector<double> ProjectState::samples(long record, char component, long firs
     return out;
 }
 
+void ProjectState::put_samples(long record, long first, const std::array<std::vector<double>, 2>& xy) {
+    for (std::size_t c = 0; c < 2; ++c) {
+        const char letter = c == 0 ? 'X' : 'Y';
+        text::DoubleArray& a = accel(record, letter);
+        text::DoubleArray& b = baseAccel(record, letter);
+        for (std::size_t i = 0; i < xy[c].size(); ++i) {
+            const long line = std::max<long>(first, 0) + static_cast<long>(i);
+            a(line) = xy[c][i];
+            b(line) = xy[c][i];
+        }
+    }
+}
+
 }  // namespace tv::windows

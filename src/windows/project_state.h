@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "compute/measures/record_processing.h"
 #include "text/checked.h"
 
 namespace tv::windows {
@@ -51,8 +52,10 @@ struct ProjectState {
     /// The time step is typed by whoever drives the window (the batch's --dt): the step a file
     /// declares is not offered.
     bool stepTyped = false;
-    /// Processing applied to a record's arrays ("" none), for its caption.
+    /// Processing applied to a record's arrays ("" none), for its caption and export headers.
     RecordSlots<std::string> recordProcessing;
+    /// The same as options, for Show Diagram to apply again to the record it reads anew.
+    RecordSlots<compute::ProcessingOptions> recordProcessingOptions;
 
     text::DoubleArray accelX1, accelY1, accelX2, accelY2, accelX3, accelY3;
     text::DoubleArray baseAccelX1, baseAccelY1, baseAccelX2, baseAccelY2, baseAccelX3, baseAccelY3;
@@ -65,6 +68,7 @@ struct ProjectState {
         recordCount = 0;
         componentLetter = "X";
         recordProcessing = {};
+        recordProcessingOptions = {};
     }
 
     /// Record lookup: record 1..3, component 'X' or 'Y'; anything else raises 9.
@@ -76,6 +80,9 @@ struct ProjectState {
     std::vector<double> samples(long record, char component);
     /// The same over lines first .. last (the record in work, before its settings are stored).
     std::vector<double> samples(long record, char component, long first, long last);
+    /// Writes X and Y of a record into its arrays (accel and baseAccel) from line `first`; the
+    /// samples came from those lines, so they fit.
+    void put_samples(long record, long first, const std::array<std::vector<double>, 2>& xy);
 };
 
 }  // namespace tv::windows

@@ -87,7 +87,8 @@ void Chart::plot(const text::DoubleArray& values, double dt, bool rescale, int c
             auto [mx, my] = options_.peak_fields ? options_.peak_fields() : std::pair<double, double>{0, 0};
             range_ = cc::peak_field_range(mx, my);
         } else {
-            range_ = cc::element_range(amax, options_.range);
+            range_ = cc::element_range(options_.range_holds ? std::max(amax, options_.range_holds()) : amax,
+                                       options_.range);
         }
         picNemodar.cls();
     }

@@ -47,6 +47,9 @@ struct ChartOptions {
     int colour = 0x0000FF;
     /// Several curves on one chart: only a curve of colour 255 sets the range and clears.
     bool only_red_sets_range = false;
+    /// The largest value the other curves will draw, so that the red curve's range holds them
+    /// too; empty or 0: the red curve's own.
+    std::function<double()> range_holds;
     ChartMarks marks;
 
     compute::chart::TimeLabels time_labels = compute::chart::TimeLabels::Spaced;

@@ -1,5 +1,6 @@
 #include "windows/files/work_files.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "compute/files/text_file.h"
@@ -36,9 +37,23 @@ std::string save_txt_dialog(forms::Platform& platform, const std::string& captio
     return name == "*.txt" ? name : text::with_txt_extension(name);
 }
 
-void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines) {
-    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), lines);
+void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines,
+                  const std::vector<std::string>& notes) {
+    std::vector<std::string> noted;
+    if (!notes.empty()) {
+        noted = notes;
+        noted.insert(noted.end(), lines.begin(), lines.end());
+    }
+    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), notes.empty() ? lines : noted);
     if (!written.ok()) throw text::FileError(written.error, written.description, name, written.reason);
+}
+
+std::vector<std::string> processing_notes(const ProjectState& state, long first, long last) {
+    std::vector<std::string> notes;
+    for (long k = std::max(first, 1L); k <= std::min(last, 3L); ++k)
+        if (!state.recordProcessing(k).empty())
+            notes.push_back("Record " + std::to_string(k) + " processed: " + state.recordProcessing(k));
+    return notes;
 }
 
 std::string resolve_in_workdir(const ProjectState& state, const std::string& name) {

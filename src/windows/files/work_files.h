@@ -22,8 +22,14 @@ std::string open_record_dialog(forms::Platform& platform, const std::string& cap
 /// name holds no ".TXT", or "*.txt" when cancelled.
 std::string save_txt_dialog(forms::Platform& platform, const std::string& caption);
 
-/// Writes an export whole or not at all; a failure is the run-time error with the file's name.
-void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines);
+/// Writes an export whole or not at all, `notes` (processing_notes) before its lines; a failure
+/// is the run-time error with the file's name.
+void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines,
+                  const std::vector<std::string>& notes = {});
+
+/// An export's first lines when it holds processed records: "Record K processed: " and what
+/// was applied, for each of records first..last that is; none when none is.
+std::vector<std::string> processing_notes(const ProjectState& state, long first, long last);
 
 /// Path of a file name as the program opens it: relative names are taken in workDir.
 std::string resolve_in_workdir(const ProjectState& state, const std::string& name);

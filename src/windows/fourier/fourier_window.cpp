@@ -127,11 +127,14 @@ void Form12::Command1_Click() {
     pbar.set_max(static_cast<float>(n));
     Busy busy(*this);
 
-    // The source is record 1's X table as scaled, whatever is drawn.
+    // The source is record 1's X table as scaled, whatever is drawn; once processing is applied
+    // to record 1, its processed samples (the Fourier sums overwrite the record arrays, not these).
     compute::FourierSamples samples;
+    sourceNotes = processing_notes(s, 1, 1);
     if (n >= 1) {
-        samples = compute::fourier_samples(val(f1.Xfline.text()), val(f1.xeline.text()), [&f1](double j) {
-            return val(f1.Grid1.text(static_cast<int>(text::index_of(j)), 1));
+        const bool processed = !sourceNotes.empty();
+        samples = compute::fourier_samples(val(f1.Xfline.text()), val(f1.xeline.text()), [&f1, &s, processed](double j) {
+            return processed ? s.baseAccelX1(text::index_of(j)) : val(f1.Grid1.text(static_cast<int>(text::index_of(j)), 1));
         });
     }
     compute::FourierSpectrum spectrum;
@@ -303,7 +306,7 @@ void Form12::export_lines(const std::string& caption, std::string_view heading, 
         Text7.set_text(compute::export_line(first(k), second(k)));
         lines.push_back(Text7.text());
     }
-    write_export(s, s.fileName, lines);
+    write_export(s, s.fileName, lines, sourceNotes);
     platform().message_box("Done", forms::MsgButtons::Ok, "Information", forms::MsgIcon::Information);
 }
 

@@ -3,7 +3,9 @@
 // grid, its amplitude spectrum and peak, the strongest omegas, and a history rebuilt from them.
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "windows/chart/chart.h"
 #include "windows/program.h"
@@ -46,6 +48,8 @@ public:
     std::int32_t n = 0;
     /// Set once a history was rebuilt.
     double inverted = 0;
+    /// The processing of the record that GO--! last summed, for the exports' first lines.
+    std::vector<std::string> sourceNotes;
 
     void Form_Load() override;
     /// A close while a loop of the window runs is refused.

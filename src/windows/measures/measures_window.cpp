@@ -153,21 +153,23 @@ MeasuresWindow::MeasuresWindow(forms::App& app) : Window(app, "frmMeasures", "Gr
     Undo.Click = [this] { Undo_Click(); };
 }
 
-void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt) {
+void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt,
+                                 std::array<std::vector<double>, 2> read) {
     record_ = record;
     first_ = first;
     dt_ = dt;
-    applied_ = false;
-    Undo.set_enabled(false);
+    applied_ = state().recordProcessingOptions(record).active();
+    Undo.set_enabled(applied_);
     set_caption("Ground-motion measures (" + std::to_string(record) + ")");
     for (std::size_t c = 0; c < 2; ++c) {
         Component& k = components_[c];
-        k.original = state().samples(record, c == 0 ? 'X' : 'Y', first, last);
-        k.shown = k.original;
+        std::vector<double> held = state().samples(record, c == 0 ? 'X' : 'Y', first, last);
+        k.original = applied_ ? std::move(read[c]) : held;
+        k.shown = std::move(held);
         k.before = compute::ground_motion_measures(k.original, dt);
     }
-    Message.set_caption("");
-    display(false);
+    Message.set_caption(applied_ ? "Applied: " + state().recordProcessing(record) : "");
+    display(applied_);
 }
 
 const compute::MotionMeasures* MeasuresWindow::shown_measures(char component) const {
@@ -265,21 +267,25 @@ bool MeasuresWindow::read_options(compute::ProcessingOptions& o) {
     return true;
 }
 
+std::string process_pair(const std::array<std::vector<double>, 2>& in, double dt, const compute::ProcessingOptions& options,
+                         std::array<std::vector<double>, 2>& out) {
+    for (std::size_t c = 0; c < 2; ++c) {
+        compute::ProcessingOutcome p = compute::process_record(in[c], dt, options);
+        if (!p.ok()) return std::string(c == 0 ? "X: " : "Y: ") + p.error;
+        out[c] = std::move(p.samples);
+    }
+    return "";
+}
+
 bool MeasuresWindow::process(std::array<std::vector<double>, 2>& out, compute::ProcessingOptions& options) {
     if (!read_options(options)) return false;
     if (!options.active()) {
         Message.set_caption("Processing is off: choose a baseline correction or a filter");
         return false;
     }
-    for (std::size_t c = 0; c < 2; ++c) {
-        compute::ProcessingOutcome p = compute::process_record(components_[c].original, dt_, options);
-        if (!p.ok()) {
-            Message.set_caption(std::string(c == 0 ? "X: " : "Y: ") + p.error);
-            return false;
-        }
-        out[c] = std::move(p.samples);
-    }
-    return true;
+    const std::string error = process_pair({components_[0].original, components_[1].original}, dt_, options, out);
+    if (!error.empty()) Message.set_caption(error);
+    return error.empty();
 }
 
 void MeasuresWindow::Preview_Click() {
@@ -295,44 +301,30 @@ void MeasuresWindow::Apply_Click() {
     std::array<std::vector<double>, 2> processed;
     compute::ProcessingOptions options;
     if (!process(processed, options)) return;
-    write_to_project(processed);
+    write_to_project(processed, options);
     for (std::size_t c = 0; c < 2; ++c) components_[c].shown = std::move(processed[c]);
     applied_ = true;
     Undo.set_enabled(true);
-    const std::string summary = compute::processing_summary(options);
-    set_record_caption(summary);
-    Message.set_caption("Applied: " + summary);
+    Message.set_caption("Applied: " + compute::processing_summary(options));
     display(true);
 }
 
 void MeasuresWindow::Undo_Click() {
     if (!applied_) return;
-    write_to_project({components_[0].original, components_[1].original});
+    write_to_project({components_[0].original, components_[1].original}, {});
     for (Component& k : components_) k.shown = k.original;
     applied_ = false;
     Undo.set_enabled(false);
-    set_record_caption("");
     Message.set_caption("Processing undone: the record is as it was read");
     display(false);
 }
 
-void MeasuresWindow::write_to_project(const std::array<std::vector<double>, 2>& samples) {
+void MeasuresWindow::write_to_project(const std::array<std::vector<double>, 2>& samples,
+                                      const compute::ProcessingOptions& options) {
     ProjectState& s = state();
-    for (std::size_t c = 0; c < 2; ++c) {
-        const char letter = c == 0 ? 'X' : 'Y';
-        text::DoubleArray& a = s.accel(record_, letter);
-        text::DoubleArray& b = s.baseAccel(record_, letter);
-        // The samples came from these lines, so they fit the arrays.
-        for (std::size_t i = 0; i < samples[c].size(); ++i) {
-            const long line = std::max<long>(first_, 0) + static_cast<long>(i);
-            a(line) = samples[c][i];
-            b(line) = samples[c][i];
-        }
-    }
-}
-
-void MeasuresWindow::set_record_caption(const std::string& note) {
-    state().recordProcessing(record_) = note;
+    s.put_samples(record_, first_, samples);
+    s.recordProcessingOptions(record_) = options;
+    s.recordProcessing(record_) = options.active() ? compute::processing_summary(options) : "";
     if (record_changed) record_changed();
 }
 

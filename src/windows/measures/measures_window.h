@@ -44,7 +44,10 @@ public:
     static constexpr double kPlotHeight = 2200;
 
     /// Takes the record in work: record r of the project, its lines first..last, step dt (s).
-    void open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt);
+    /// A record processed before shows processed against `read` (X and Y of those lines as read
+    /// from the tables), and Undo gives those back.
+    void open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt,
+                     std::array<std::vector<double>, 2> read = {});
     /// Called when processing changed the project's record, for the window that shows it.
     std::function<void()> record_changed;
 
@@ -79,8 +82,8 @@ private:
     };
     std::vector<NamedCurve> curves_of(std::size_t panel) const;
     std::array<forms::PictureBox*, 4> plots() const;
-    void write_to_project(const std::array<std::vector<double>, 2>& samples);
-    void set_record_caption(const std::string& note);
+    /// Writes the samples into the record's arrays and notes the processing (none: off).
+    void write_to_project(const std::array<std::vector<double>, 2>& samples, const compute::ProcessingOptions& options);
 
     std::int32_t record_ = 0, first_ = 0;
     double dt_ = 0;
@@ -88,5 +91,9 @@ private:
     bool applied_ = false;
     bool against_original_ = false;
 };
+
+/// X and Y (`in`) processed by `options` into `out`; the message ("X: why") on failure, "" when done.
+std::string process_pair(const std::array<std::vector<double>, 2>& in, double dt, const compute::ProcessingOptions& options,
+                         std::array<std::vector<double>, 2>& out);
 
 }  // namespace tv::windows

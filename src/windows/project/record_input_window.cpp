@@ -305,12 +305,9 @@ void Form1::Command2_Click() {
         }
         gx.set_redraw(true);
         gy.set_redraw(true);
-        // The arrays are read from the tables again: processing applied before is gone.
+        // The arrays are read from the tables again: processing applied before is applied anew.
         program().unload<MeasuresWindow>();
-        if (!s.recordProcessing(r).empty()) {
-            s.recordProcessing(r).clear();
-            set_caption_for_record();
-        }
+        apply_processing_again();
         plot_selected();
     }
     savedMaxX.at(static_cast<std::size_t>(r)) = rawMaxX;
@@ -328,6 +325,32 @@ void Form1::Command2_Click() {
     if (curMaxX != 0) Text1.set_text(to_text(text::round_to(curMaxX, 8)));
     if (curMaxY != 0) Text2.set_text(to_text(text::round_to(curMaxY, 8)));
     Command2.set_enabled(true);
+}
+
+void Form1::apply_processing_again() {
+    ProjectState& s = state();
+    const std::int32_t r = s.currentRecord;
+    const compute::ProcessingOptions options = s.recordProcessingOptions(r);
+    if (!options.active()) return;
+    std::array<std::vector<double>, 2> processed;
+    const std::string error = process_pair(read_samples(), val(xstep.text()), options, processed);
+    if (error.empty()) {
+        s.put_samples(r, firstLine, processed);
+        return;
+    }
+    s.recordProcessingOptions(r) = {};
+    s.recordProcessing(r).clear();
+    set_caption_for_record();
+    platform().message_box("The processing applied before does not fit the record now, so it is undone. " + error,
+                           forms::MsgButtons::Ok, "Processing", forms::MsgIcon::Exclamation);
+}
+
+std::array<std::vector<double>, 2> Form1::read_samples() {
+    std::array<std::vector<double>, 2> xy;
+    forms::Grid* grids[2] = {&gridX(state().currentRecord), &gridY(state().currentRecord)};
+    for (std::size_t c = 0; c < 2; ++c)
+        for (std::int32_t i = firstLine; i <= lastLine; ++i) xy[c].push_back(val(grids[c]->text(i, 1)));
+    return xy;
 }
 
 text::DoubleArray& Form1::component_array(char component) {
@@ -425,7 +448,9 @@ void Form1::cmdMeasures_Click() {
         set_caption_for_record();
         plot_selected();
     };
-    m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()));
+    const bool processed = state().recordProcessingOptions(state().currentRecord).active();
+    m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()),
+                  processed ? read_samples() : std::array<std::vector<double>, 2>{});
     m.show();
 }
 

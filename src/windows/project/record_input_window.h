@@ -83,6 +83,9 @@ public:
     void set_caption_for_record();
     /// Draws the component chosen under Draw again.
     void plot_selected();
+    /// X and Y of the record in work as Show Diagram read them from the tables (lines
+    /// firstLine..lastLine of the scaled column), before any processing.
+    std::array<std::vector<double>, 2> read_samples();
 
 private:
     /// The component whose lines fillgrid takes: its peak is that of its samples.
@@ -93,6 +96,9 @@ private:
     /// box holds another and nobody typed it.
     void offer_declared_step(double step, const std::string& source, bool forX);
     void store_record_settings();
+    /// After Show Diagram: the processing applied to the record in work, on the record as read
+    /// now; when it no longer fits, a message, and the record stays as read.
+    void apply_processing_again();
 };
 
 }  // namespace tv::windows

@@ -230,7 +230,7 @@ void Form4::Command3_Click() {
             if (lines.size() > 1) Text1.set_text(lines.back());
             throw;
         }
-        write_export(s, s.fileName, lines);
+        write_export(s, s.fileName, lines, processing_notes(s, 1, s.recordCount));
         for (auto* a : columns) a->redim_preserve(N);
         if (lines.size() > 1) Text1.set_text(lines.back());
         platform().set_busy(false);

@@ -98,12 +98,18 @@ TEST_F(MeasuresWindowTest, ApplyReplacesTheRecordAndUndoRestoresIt) {
     EXPECT_EQ(samples('Y'), before);
     EXPECT_EQ(form1().caption(), "Input file parameters (1)");
 
-    // Show Diagram reads the tables again: the processing goes, and so does the window.
+    // Show Diagram reads the tables again and applies the processing anew; the window goes.
     press(m.Apply);
+    const std::vector<double> processed = samples('Y');
     press(form1().Command2);
+    EXPECT_EQ(samples('Y'), processed);
+    EXPECT_EQ(form1().caption(), "Input file parameters (1) - processed: " + summary);
+    EXPECT_FALSE(program.is_loaded<windows::MeasuresWindow>());
+    // Opened again, the window still undoes it.
+    press(form1().cmdMeasures);
+    press(program.form<windows::MeasuresWindow>().Undo);
     EXPECT_EQ(samples('Y'), before);
     EXPECT_EQ(form1().caption(), "Input file parameters (1)");
-    EXPECT_FALSE(program.is_loaded<windows::MeasuresWindow>());
 }
 
 TEST_F(MeasuresWindowTest, BadProcessingIsRefusedWithoutTouchingTheRecord) {
