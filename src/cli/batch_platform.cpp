@@ -21,6 +21,14 @@ forms::MsgResult BatchPlatform::message_box(const std::string& text, forms::MsgB
     }
 }
 
+forms::MsgResult BatchPlatform::message_box_detailed(const std::string& text, const std::string& detail,
+                                                     forms::MsgButtons buttons, const std::string& title,
+                                                     forms::MsgIcon icon) {
+    const forms::MsgResult result = message_box(text, buttons, title, icon);
+    if (!detail.empty()) err_ << "  " << detail << '\n';
+    return result;
+}
+
 std::optional<std::string> BatchPlatform::input_box(const std::string&, const std::string&, const std::string&) {
     if (input_answers.empty()) return std::nullopt;
     std::string a = input_answers.front();

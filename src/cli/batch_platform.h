@@ -30,6 +30,10 @@ public:
 
     forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
                                  forms::MsgIcon icon) override;
+    /// The particulars go on the next line, indented.
+    forms::MsgResult message_box_detailed(const std::string& text, const std::string& detail,
+                                          forms::MsgButtons buttons, const std::string& title,
+                                          forms::MsgIcon icon) override;
     std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;

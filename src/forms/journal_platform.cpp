@@ -76,14 +76,22 @@ const Answer* JournalPlatform::next_answer(AnswerKind kind, const std::string& a
 
 MsgResult JournalPlatform::message_box(const std::string& text, MsgButtons buttons, const std::string& title,
                                        MsgIcon icon) {
+    return message_box_detailed(text, {}, buttons, title, icon);
+}
+
+// The particulars are not kept: a replay matches the message by its text alone.
+MsgResult JournalPlatform::message_box_detailed(const std::string& text, const std::string& detail,
+                                                MsgButtons buttons, const std::string& title, MsgIcon icon) {
     if (quiet) return buttons == MsgButtons::YesNo || buttons == MsgButtons::YesNoCancel ? MsgResult::Yes : MsgResult::Ok;
     Answer a;
     a.kind = AnswerKind::Message;
     if (replaying()) {
         const Answer* kept = next_answer(AnswerKind::Message, text);
         a.result = kept ? kept->result : MsgResult::Ok;
-    } else {
+    } else if (detail.empty()) {
         a.result = inner_->message_box(text, buttons, title, icon);
+    } else {
+        a.result = inner_->message_box_detailed(text, detail, buttons, title, icon);
     }
     keep(a);
     return a.result;

@@ -44,6 +44,8 @@ public:
     bool quiet = false;
 
     MsgResult message_box(const std::string& text, MsgButtons buttons, const std::string& title, MsgIcon icon) override;
+    MsgResult message_box_detailed(const std::string& text, const std::string& detail, MsgButtons buttons,
+                                   const std::string& title, MsgIcon icon) override;
     std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const FileDialogRequest& request) override;

@@ -30,6 +30,13 @@ public:
 
     virtual MsgResult message_box(const std::string& text, MsgButtons buttons, const std::string& title,
                                   MsgIcon icon) = 0;
+    /// The same message with its particulars under it (which file, what was wrong with it); a
+    /// platform with no place for them shows the message alone.
+    virtual MsgResult message_box_detailed(const std::string& text, const std::string& detail, MsgButtons buttons,
+                                           const std::string& title, MsgIcon icon) {
+        (void)detail;
+        return message_box(text, buttons, title, icon);
+    }
     /// InputBox: nullopt when cancelled (the old box then gave an empty text).
     virtual std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                                  const std::string& default_text) = 0;

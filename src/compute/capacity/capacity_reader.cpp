@@ -71,8 +71,10 @@ CapacityPoint capacity_point(const CapacityFields& f) {
 CapacityTable parse_capacity_lines(const std::vector<std::string>& lines) {
     CapacityTable table;
     bool found = false;
+    std::size_t number = 0;
     try {
         for (const auto& line : lines) {
+            ++number;
             if (!found) {
                 found = line.find("Teff") != std::string::npos;
                 continue;
@@ -84,8 +86,7 @@ CapacityTable parse_capacity_lines(const std::vector<std::string>& lines) {
             table.rows.push_back({std::move(*fields), point});
         }
     } catch (const text::RuntimeError& e) {
-        table.error = e.number();
-        table.description = e.description();
+        step_table_stopped(table, number, e.number(), e.description());
     }
     return table;
 }

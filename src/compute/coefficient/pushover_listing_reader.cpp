@@ -36,8 +36,7 @@ PushoverTable parse_pushover_listing(const std::vector<std::string>& lines) {
             detail::add_row(table, f[0], [&f](int column) { return f[static_cast<std::size_t>(column - 1)]; });
         }
     } catch (const text::RuntimeError& e) {
-        table.error = e.number();
-        table.description = e.description();
+        step_table_stopped(table, i + 1, e.number(), e.description());
     }
     return table;
 }

@@ -36,6 +36,9 @@ public:
 
     forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
                                  forms::MsgIcon icon) override;
+    forms::MsgResult message_box_detailed(const std::string& text, const std::string& detail,
+                                          forms::MsgButtons buttons, const std::string& title,
+                                          forms::MsgIcon icon) override;
     std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                          const std::string& default_text) override;
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
@@ -107,6 +110,7 @@ private:
     bool ended_ = false;
     QString last_dir_;
     std::optional<std::string> next_open_;
+    std::string message_detail_;
 };
 
 }  // namespace tv::gui

@@ -1,6 +1,8 @@
 // The message, input and file dialogs of the desktop program.
 #include "gui/platform/qt_platform.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
@@ -63,9 +65,20 @@ forms::MsgResult QtPlatform::result_of(int standard_button) {
     }
 }
 
+// Through message_box, so that whatever stands in for the box (a test's answers) stands in here too.
+forms::MsgResult QtPlatform::message_box_detailed(const std::string& text, const std::string& detail,
+                                                  forms::MsgButtons buttons, const std::string& title,
+                                                  forms::MsgIcon icon) {
+    message_detail_ = detail;
+    const forms::MsgResult result = message_box(text, buttons, title, icon);
+    message_detail_.clear();
+    return result;
+}
+
 forms::MsgResult QtPlatform::message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
                                          forms::MsgIcon icon) {
     auto box = make_message_box(text, buttons, title, icon, dialog_parent());
+    if (!message_detail_.empty()) box->setInformativeText(qs(std::exchange(message_detail_, {})));
     box->exec();
     const auto clicked = box->standardButton(box->clickedButton());
     if (clicked != QMessageBox::NoButton) return result_of(clicked);

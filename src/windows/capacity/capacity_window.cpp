@@ -161,8 +161,8 @@ void Form9::ReadCapacityTable(const compute::CapacityTable& table) {
         Command5.set_enabled(false);
         pageIndex = 0;
         Fg.set_redraw(true);
-        platform().message_box("Error Reading Pushover file!", forms::MsgButtons::Ok, "Error",
-                               forms::MsgIcon::Critical);
+        platform().message_box_detailed("Error Reading Pushover file!", compute::failure_detail(table, resolve_in_workdir(state(), Text1.text())),
+                                        forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
         return;
     }
     Command3.set_enabled(true);

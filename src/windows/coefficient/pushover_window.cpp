@@ -202,7 +202,8 @@ bool Form6::fill_from(const compute::PushoverTable& table) {
     }
     if (table.ok()) return true;
     Fg.set_redraw(true);
-    show_error("Error Reading Pushover file!");
+    platform().message_box_detailed("Error Reading Pushover file!", compute::failure_detail(table, Text1.text()),
+                                    forms::MsgButtons::Ok, "Error", forms::MsgIcon::Critical);
     return false;
 }
 
