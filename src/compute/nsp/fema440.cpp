@@ -1,5 +1,5 @@
 // FEMA 440 chapter 6: equivalent linearisation with the general-form coefficients, the damping
-// reduction B, the modified ADRS and the performance point by procedure B (the locus of
+// reduction B, the modified ADRS and the performance point by procedure C (the locus of
 // possible performance points met with the capacity curve).
 #include <cmath>
 
@@ -103,14 +103,14 @@ void fema440_column(const NspInputs& in, const std::vector<AdrsPoint>& capacity,
         out.notes.push_back("the performance point lies on the elastic branch");
         if (!t.a_cap) throw NoResult{"the elastic demand lies beyond the capacity curve's last point"};
     }
-    f.add("μ", "", kCh6 + "§6.4 procedure B: ductility at the performance point", t.mu);
+    f.add("μ", "", kCh6 + "§6.4.3 procedure C: ductility at the performance point", t.mu);
     f.add("βeff", "%", kCh6 + "§6.2.1: effective damping, general form", t.beta);
     f.add("Teff", "s", kCh6 + "§6.2.2: effective period, general form", t.Teff);
     const double B = f.add("B", "", kCh6 + "§6.3: B = 4 / (5.6 - ln βeff(%))", t.B);
     const double M = f.add("M", "", kCh6 + "§6.2.3: M = (Teff / T0)^2 (1 + α(μ - 1)) / μ", t.M);
     f.add("Sa(Teff)/B", "g", kCh6 + "§6.3: demand at Teff reduced for βeff", t.Sa);
-    const double dp = f.add("dp", in.length_unit, kCh6 + "§6.4 procedure B: spectral displacement at the performance point", t.d);
-    const double ap = f.add("ap", "g", kCh6 + "§6.4 procedure B: capacity at dp", *t.a_cap);
+    const double dp = f.add("dp", in.length_unit, kCh6 + "§6.4.3 procedure C: spectral displacement at the performance point", t.d);
+    const double ap = f.add("ap", "g", kCh6 + "§6.4.3 procedure C: capacity at dp", *t.a_cap);
     out.target = f.add("δ roof", in.length_unit, kCh6 + "§6.4: dp Γ1 φ1,roof", dp * in.gamma_phi);
     out.performance = AdrsPoint{dp, ap};
     out.demand = demand_curve(in.demand, in.g, [&](double T, double Sa) {
