@@ -161,11 +161,16 @@ void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::i
     applied_ = state().recordProcessingOptions(record).active();
     Undo.set_enabled(applied_);
     set_caption("Ground-motion measures (" + std::to_string(record) + ")");
+    // From the tables, never from the project's arrays: the Fourier window uses record 1's
+    // arrays as its scratch space.
+    std::array<std::vector<double>, 2> processed;
+    const compute::ProcessingOptions options = state().recordProcessingOptions(record);
+    const bool redone = applied_ && process_pair(read, dt, options, processed).empty();
     for (std::size_t c = 0; c < 2; ++c) {
         Component& k = components_[c];
-        std::vector<double> held = state().samples(record, c == 0 ? 'X' : 'Y', first, last);
-        k.original = applied_ ? std::move(read[c]) : held;
-        k.shown = std::move(held);
+        k.shown = redone ? std::move(processed[c])
+                         : applied_ ? state().samples(record, c == 0 ? 'X' : 'Y', first, last) : read[c];
+        k.original = std::move(read[c]);
         k.before = compute::ground_motion_measures(k.original, dt);
     }
     Message.set_caption(applied_ ? "Applied: " + state().recordProcessing(record) : "");

@@ -448,9 +448,7 @@ void Form1::cmdMeasures_Click() {
         set_caption_for_record();
         plot_selected();
     };
-    const bool processed = state().recordProcessingOptions(state().currentRecord).active();
-    m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()),
-                  processed ? read_samples() : std::array<std::vector<double>, 2>{});
+    m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()), read_samples());
     m.show();
 }
 

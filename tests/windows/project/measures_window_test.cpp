@@ -58,7 +58,7 @@ protected:
 TEST_F(MeasuresWindowTest, AComponentOfZerosIsNamedAndTheOtherStillShown) {
     open_record();
     press(form1().Command2);
-    for (long i = 0; i <= state().accelY1.ubound(); ++i) state().accelY1(i) = 0;
+    for (int i = form1().firstLine; i <= form1().lastLine; ++i) form1().gridY(1).set_text(i, 1, "0");
     press(form1().cmdMeasures);
     windows::MeasuresWindow& m = program.form<windows::MeasuresWindow>();
     ASSERT_TRUE(platform.runtime_errors.empty());
