@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 
 #include "support/files.h"
+#include "text/runtime_error.h"
 
 namespace tv::test {
 
@@ -55,6 +59,36 @@ double number(const std::string& word) {
     const double x = std::strtod(word.c_str(), &end);
     EXPECT_TRUE(!word.empty() && *end == '\0') << "not a number: " << word;
     return x;
+}
+
+void run_table(const std::string& name, const TableCalls& calls) {
+    static const std::map<std::string, int> errors{{"!invalid", text::kInvalidCall}, {"!overflow", text::kOverflow},
+                                                   {"!subscript", text::kSubscript}, {"!div0", text::kDivisionByZero},
+                                                   {"!type", text::kTypeMismatch}};
+    for (const TableRow& row : table_rows(name)) {
+        SCOPED_TRACE(row.where);
+        ASSERT_FALSE(row.expected.empty());
+        const std::string& want = row.expected[0];
+        const auto call = calls.find(row.args[0]);
+        ASSERT_NE(call, calls.end()) << row.args[0];
+        TableResult got;
+        try {
+            got = call->second(row.args);
+        } catch (const text::RuntimeError& e) {
+            EXPECT_TRUE(errors.contains(want) && errors.at(want) == e.number()) << "raised " << e.number();
+            continue;
+        }
+        if (const double* x = std::get_if<double>(&got)) {
+            if (row.expected.size() > 1)
+                EXPECT_NEAR(*x, number(want), number(row.expected[1]));
+            else
+                EXPECT_EQ(std::bit_cast<std::uint64_t>(*x), std::bit_cast<std::uint64_t>(number(want))) << *x;
+        } else if (const std::string* s = std::get_if<std::string>(&got)) {
+            EXPECT_EQ(*s, want);
+        } else {
+            EXPECT_EQ("none", want);
+        }
+    }
 }
 
 }  // namespace tv::test

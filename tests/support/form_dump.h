@@ -1,0 +1,21 @@
+#pragma once
+// A window's state as text, for expected states kept as data under tests/golden/windows: a line
+// a control with what it shows (text, caption, value, lines of a table, the number of drawing
+// operations of a picture), marked "off" when disabled and "hidden" when not visible.
+#include <string>
+
+#include "forms/form.h"
+
+namespace tv::test {
+
+class FakePlatform;
+
+std::string dump(const forms::Form& form);
+/// The messages, prompts and run-time errors the platform was shown, in order of kind.
+std::string dump(const FakePlatform& platform);
+
+/// Compares text with tests/golden/windows/<name>.txt, after putting @TMP@ for `scratch` (a
+/// test's own folder); TV_GOLDEN_UPDATE=1 writes the file instead.
+void expect_state(std::string text, const std::string& name, const std::string& scratch = {});
+
+}  // namespace tv::test
