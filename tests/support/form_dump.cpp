@@ -58,10 +58,13 @@ std::string state_of(const forms::Control& c) {
 
 }  // namespace
 
-std::string dump(const forms::Form& form) {
+std::string dump(const forms::Form& form) { return dump(form, {}); }
+
+std::string dump(const forms::Form& form, const std::set<std::string>& names) {
     std::string out = form.name() + "\n";
     for (const auto& c : form.controls())
-        out += c->name() + " " + state_of(*c) + (c->enabled() ? "" : " off") + (c->visible() ? "" : " hidden") + "\n";
+        if (names.empty() || names.contains(c->name()))
+            out += c->name() + " " + state_of(*c) + (c->enabled() ? "" : " off") + (c->visible() ? "" : " hidden") + "\n";
     return out;
 }
 

@@ -2,6 +2,7 @@
 // A window's state as text, for expected states kept as data under tests/golden/windows: a line
 // a control with what it shows (text, caption, value, lines of a table, the number of drawing
 // operations of a picture), marked "off" when disabled and "hidden" when not visible.
+#include <set>
 #include <string>
 
 #include "forms/form.h"
@@ -11,6 +12,8 @@ namespace tv::test {
 class FakePlatform;
 
 std::string dump(const forms::Form& form);
+/// Only the named controls: for a window that other work is still adding to.
+std::string dump(const forms::Form& form, const std::set<std::string>& names);
 /// The messages, prompts and run-time errors the platform was shown, in order of kind.
 std::string dump(const FakePlatform& platform);
 
