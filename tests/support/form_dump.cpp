@@ -36,7 +36,12 @@ std::string state_of(const forms::Control& c) {
     if (auto* l = dynamic_cast<const LineShape*>(&c))
         return "line " + n(l->x1()) + " " + n(l->y1()) + " " + n(l->x2()) + " " + n(l->y2());
     if (dynamic_cast<const Shape*>(&c)) return "shape";
-    if (auto* p = dynamic_cast<const PictureBox*>(&c)) return "picture " + n(double(p->ops().size())) + " ops";
+    if (auto* p = dynamic_cast<const PictureBox*>(&c)) {
+        std::string s = "picture " + n(double(p->ops().size())) + " ops";
+        for (const DrawOp& op : p->ops())
+            if (op.kind == DrawOp::Kind::Text) s += " " + quoted(op.text);
+        return s;
+    }
     if (auto* c2 = dynamic_cast<const ComboBox*>(&c)) {
         std::string s = "combo " + quoted(c2->text()) + " " + n(c2->list_index()) + " of";
         for (const std::string& item : c2->items()) s += " " + quoted(item);

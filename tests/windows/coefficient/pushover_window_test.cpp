@@ -19,7 +19,7 @@ protected:
             "Fg", "Check1", "Text4", "txtKi", "txtZarib", "txtTolerance", "txtXC2", "txtYC2", "Text2", "Text3",
             "Text11", "Label10", "Label19", "ProgressBar1", "Command3", "Command4", "Command5", "Command8", "txtTI",
             "txtTEF", "txtKE", "lblArea", "lblArea2", "Text5", "Text6", "Text7", "Text8", "Text9", "Text10", "Text13",
-            "Text14", "Line3", "Line5", "Line6", "xprinter", "Text1"};
+            "Text14", "Line3", "Line5", "Line6", "xprinter", "Text1", "xBar", "yBar"};
         expect_state(dump(f6(), kShown) + dump(platform), "pushover_" + name, dir.string());
     }
 };
