@@ -42,6 +42,13 @@ TEST_F(RecordWindowTest, ShowDiagramScalesIntoTheArraysAndHidesTheOtherRows) {
     EXPECT_TRUE(f.Command2.enabled());
 }
 
+TEST_F(RecordWindowTest, ThePeaksShownAreRoundedToEightDecimals) {
+    platform.input_answers = {"1", "2"};
+    open_record(write("x.txt", "head\n0.1\n-0.987654321\n"), write("y.txt", "head\n0.123456789\n0.1\n"));
+    press(form1().Command2);
+    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");
+}
+
 TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
     open_simple();
     windows::Form1& f = form1();
