@@ -1,9 +1,10 @@
-// The coefficient method's formulas, worked by hand: the cases are data in
-// tests/golden/tables/coefficient.txt.
+// The coefficient method's formulas and the yield scan's small rules, worked by hand: the cases
+// are data in tests/golden/tables/coefficient.txt.
 #include "compute/coefficient/target_displacement.h"
 
 #include <gtest/gtest.h>
 
+#include "compute/coefficient/bilinear_fit.h"
 #include "compute/coefficient/effective_period.h"
 #include "support/tables.h"
 
@@ -34,6 +35,11 @@ TEST(CoefficientTables, EveryCaseGivesItsResult) {
          [](const Args& a) -> Result { return target_displacement(arg(a, 1), arg(a, 2), arg(a, 3), arg(a, 4), arg(a, 5)); }},
         {"governing_displacement", [](const Args& a) -> Result { return governing_displacement(arg(a, 1), arg(a, 2)); }},
         {"rmax_exponent", [](const Args& a) -> Result { return rmax_exponent(arg(a, 1)); }},
+        {"slope_step", [](const Args& a) -> Result { return slope_step(arg(a, 1)); }},
+        {"scan_progress_maximum",
+         [](const Args& a) -> Result { return double(scan_progress_maximum(arg(a, 1), arg(a, 2), arg(a, 3))); }},
+        {"between_rounded", [](const Args& a) -> Result { return IsBetweenRounded(arg(a, 1), arg(a, 2), arg(a, 3)) ? 1.0 : 0.0; }},
+        {"area_matches", [](const Args& a) -> Result { return area_matches(arg(a, 1), arg(a, 2), arg(a, 3)) ? 1.0 : 0.0; }},
         {"rmax_ratio",
          [](const Args& a) -> Result { return rmax_ratio(arg(a, 1), arg(a, 2), arg(a, 3) != 0, arg(a, 4), arg(a, 5)); }},
     });
