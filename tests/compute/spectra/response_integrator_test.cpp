@@ -362,5 +362,23 @@ TEST(ResponseIntegrator, ARecordCutBetweenPeriodsFailsAtTheNextPeriod) {
     EXPECT_EQ(s.x(7), 0);
 }
 
+// The lanes give each period the peak of its own oscillator, for any count of periods and for a
+// record of two samples (one step).
+TEST(PeakDisplacements, EachPeriodAsItsOwnOscillator) {
+    for (const std::vector<double> a : {std::vector<double>{0.1, -0.3, 0.25, 0.05, -0.2, 0.15}, {0.0, 0.4}}) {
+        std::vector<double> periods, peaks(11);
+        for (int j = 1; j <= 11; ++j) periods.push_back(0.05 * j);
+        peak_displacements(a, 0.01, 0.05, periods, peaks);
+        for (std::size_t j = 0; j < periods.size(); ++j) {
+            std::vector<double> x(a.size());
+            oscillator_displacements(exact_oscillator_coefficients(periods[j], 0.05, 0.01), a, x);
+            double peak = 0;
+            for (double v : x) peak = std::max(peak, std::fabs(v));
+            EXPECT_EQ(peaks[j], peak) << "T = " << periods[j];
+            EXPECT_GT(peak, 0);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tv::compute
