@@ -4,10 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QAction>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <QMainWindow>
 #include <QStandardPaths>
 #include <QTimer>
@@ -17,13 +14,7 @@
 #include "gui/project/project_keeper.h"
 #include "gui/views.h"
 #include "gui_fixture.h"
-#include "support/fake_platform.h"
-#include "support/files.h"
 #include "windows/capacity/capacity_window.h"
-#include "windows/project/project_file.h"
-#include "windows/project/record_input_window.h"
-#include "windows/spectra/design_spectrum_window.h"
-#include "windows/spectra/response_spectrum_window.h"
 #include "windows/project/main_frame_window.h"
 
 namespace tv::gui {
@@ -38,13 +29,6 @@ protected:
         program.run([this] { windows::start(program); });
     }
     ~KeptProject() override { platform.release_views(); }
-
-    void click(const forms::Form& form, const char* name) {
-        auto* b = platform.view_of(form)->findChild<QPushButton*>(name);
-        ASSERT_NE(b, nullptr) << name;
-        QTest::mouseClick(b, Qt::LeftButton);
-        test::settle();
-    }
 
     ViewRegistry views;
     test::ScriptedPlatform platform;
