@@ -34,7 +34,7 @@ std::string state_of(const forms::Control& c) {
     if (auto* p = dynamic_cast<const ProgressBar*>(&c)) return "progress " + n(p->value()) + " of " + n(p->max());
     if (auto* t = dynamic_cast<const Timer*>(&c)) return "timer " + n(t->interval());
     if (auto* l = dynamic_cast<const LineShape*>(&c))
-        return "line " + n(l->x1()) + " " + n(l->y1()) + " " + n(l->x2()) + " " + n(l->y2());
+        return "line " + n(l->x1()) + " " + n(l->y1()) + " " + n(l->x2()) + " " + n(l->y2()) + " colour " + n(l->color);
     if (dynamic_cast<const Shape*>(&c)) return "shape";
     if (auto* p = dynamic_cast<const PictureBox*>(&c)) {
         std::string s = "picture " + n(double(p->ops().size())) + " ops";
