@@ -1,8 +1,8 @@
 #pragma once
 // A window's state as text, for expected states kept as data under tests/golden/windows: a line
-// a control with what it shows (text, caption, value, lines of a table, the number of drawing
-// operations of a picture and its texts), marked "off" when disabled and "hidden" when not
-// visible.
+// a control with what it shows (text, caption, value, lines of a table, a line's ends and colour,
+// the number of drawing operations of a picture and its texts), marked "off" when disabled and
+// "hidden" when not visible.
 #include <set>
 #include <string>
 

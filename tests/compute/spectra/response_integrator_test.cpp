@@ -363,8 +363,8 @@ TEST(ResponseIntegrator, ARecordCutBetweenPeriodsFailsAtTheNextPeriod) {
     EXPECT_EQ(s.x(7), 0);
 }
 
-// The lanes give each period the peak of its own oscillator, for any count of periods and for a
-// record of two samples (one step).
+// The lanes give each period the peak of its own oscillator, for any count of periods, for a
+// record of two samples (one step) and of one.
 TEST(PeakDisplacements, EachPeriodAsItsOwnOscillator) {
     for (const std::vector<double> a : {std::vector<double>{0.1, -0.3, 0.25, 0.05, -0.2, 0.15}, {0.0, 0.4}}) {
         std::vector<double> periods(16), peaks(16, -1.0);
@@ -382,6 +382,10 @@ TEST(PeakDisplacements, EachPeriodAsItsOwnOscillator) {
             EXPECT_GT(peak, 0);
         }
     }
+    // One sample is no step: every peak is 0.
+    std::vector<double> peaks(3, -1.0);
+    peak_displacements(std::vector<double>{0.3}, 0.01, 0.05, std::vector<double>{0.1, 0.2, 0.3}, peaks);
+    EXPECT_EQ(peaks, std::vector<double>(3, 0.0));
 }
 
 }  // namespace
