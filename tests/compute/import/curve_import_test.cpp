@@ -198,6 +198,9 @@ TEST(CurveImportText, BadFilesNameRowAndWhatWasExpected) {
     o.force_unit = "stone";
     EXPECT_EQ(from_text("0 0\n1 2\n", o).error->message(),
               "curve.txt: unknown force unit \"stone\": expected N, kN, kgf, tonf, lb or kip");
+    o.force_unit = "kN";
+    EXPECT_EQ(from_text("0 0\n1 1e308\n", o).error->message(),
+              "curve.txt: point 2 is beyond the range of numbers once converted");
 }
 
 TEST(CurveImportPushover, StepsAreNumberedInRowOrderAsAListingWouldHoldThem) {
