@@ -60,6 +60,14 @@ TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
     EXPECT_EQ(f.Text2.text(), "0.6");
 }
 
+TEST_F(RecordWindowTest, APeakOfOneTypedForTheLargerYComponentIsShown) {
+    platform.input_answers = {"1", "2"};
+    open_record(write("x.txt", "head\n0.2\n-0.1\n"), write("y.txt", "head\n0.5\n0.1\n"));
+    program.run([&] { form1().xvalue.set_text("1"); });
+    press(form1().Command2);
+    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.4 1");
+}
+
 TEST_F(RecordWindowTest, APeakEqualToTheSmallerComponentCountsAsUnchanged) {
     open_simple();
     windows::Form1& f = form1();
