@@ -201,6 +201,8 @@ TEST(CurveImportText, BadFilesNameRowAndWhatWasExpected) {
     o.force_unit = "kN";
     EXPECT_EQ(from_text("0 0\n1 1e308\n", o).error->message(),
               "curve.txt: point 2 is beyond the range of numbers once converted");
+    EXPECT_EQ(import_curve("/nonexistent/curve.txt", CurveKind::pushover).error->message(),
+              "/nonexistent/curve.txt: no such file");
 }
 
 TEST(CurveImportPushover, StepsAreNumberedInRowOrderAsAListingWouldHoldThem) {
