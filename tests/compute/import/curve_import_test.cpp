@@ -132,7 +132,7 @@ TEST(CurveImportDetector, OwnLayoutsKeepTheirReadersAndExportsDoNot) {
     EXPECT_TRUE(capacity_file_has_own_layout(sample("capacity_sample.txt")));
     // A listing whose row holds no number is an export for the import, not the listing reader's.
     test::TempDir dir;
-    EXPECT_FALSE(pushover_file_has_own_layout(dir.write("l.txt", "Step Displacement BaseForce\n0 0 0\n1 x 5\n"), false));
+    EXPECT_FALSE(pushover_file_has_own_layout(dir.write("l.txt", "Step Displacement BaseForce Hinges\n 0 0 0 0\n 1 x 5 0\n"), false));
     if (data("pushover/README.md").empty()) return;
     for (const char* f : {"PDcurve.xlsx", "PDcurve_Xdir.xlsx", "PDcurve_XNdir.xlsx"})
         EXPECT_FALSE(pushover_file_has_own_layout(data(std::string("pushover/") + f), true)) << f;
