@@ -45,6 +45,7 @@ TEST_F(RecordWindowTest, ShowDiagramScalesIntoTheArraysAndHidesTheOtherRows) {
 TEST_F(RecordWindowTest, ThePeaksShownAreRoundedToEightDecimals) {
     platform.input_answers = {"1", "2"};
     open_record(write("x.txt", "head\n0.1\n-0.987654321\n"), write("y.txt", "head\n0.123456789\n0.1\n"));
+    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");  // as read
     press(form1().Command2);
     EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");
 }
