@@ -51,7 +51,6 @@ class CapacityViewsTest : public test::MultiViewTest {
 protected:
     CapacityViewsTest() { platform.printer_names = {"Office Laser"}; }
 
-    static bool shown(QWidget& view, const char* name) { return !child<QWidget>(view, name).isHidden(); }
 
     /// The shipped sample read, its demand spectrum made and swept on the last page, by the
     /// wizard's widgets.
@@ -94,12 +93,6 @@ TEST_F(CapacityViewsTest, TheWizardAtLoad) {
     windows::Form9& f9 = program.form<windows::Form9>();
     QWidget& w = open<windows::Form9>();
     expect_all_bound(w, f9);
-    EXPECT_TRUE(shown(w, "Frame1"));
-    EXPECT_FALSE(shown(w, "Frame2"));
-    EXPECT_FALSE(shown(w, "Frame3"));
-    EXPECT_FALSE(child<QPushButton>(w, "Command3").isEnabled());
-    EXPECT_FALSE(child<QPushButton>(w, "Command5").isEnabled());
-    EXPECT_EQ(child<QLineEdit>(w, "T1").text(), "9810");
     auto& unit = child<QComboBox>(w, "Combo1");
     EXPECT_EQ(unit.count(), 3);
     EXPECT_EQ(unit.currentText(), "mm");

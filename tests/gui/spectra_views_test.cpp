@@ -70,10 +70,6 @@ TEST_F(SpectraViews, DesignSpectrum) {
     auto& f2 = program.form<windows::Form2>();
     auto& w = open<windows::Form2>();
     expect_all_bound(f2, Visibility::Matched);
-    EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0.2");
-    EXPECT_TRUE(find<QRadioButton>("Option1")->isChecked());
-    EXPECT_TRUE(find<QRadioButton>("Option5")->isChecked());
-
     // A hazard puts its scale into the box; "From File" greys the options out.
     tick(find<QRadioButton>("Option6"));
     EXPECT_EQ(find<QLineEdit>("Text1")->text(), "0.3");
@@ -98,8 +94,6 @@ TEST_F(SpectraViews, ResponseSpectrum) {
     auto& f3 = program.form<windows::Form3>();
     auto& w = open<windows::Form3>();
     expect_all_bound(f3, Visibility::Matched);
-    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "0.05");
-    EXPECT_FALSE(find<QPushButton>("Command4")->isEnabled());
 
     // The ticks exclude each other through the model.
     tick(find<QCheckBox>("Check1"));

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "support/files.h"
+#include "support/tables.h"
+#include "text/number_text.h"
 #include "text/runtime_error.h"
 
 namespace tv::compute {
@@ -10,140 +12,43 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-TEST(CleanCapacityLine, DropsTheFirstCharacterAndShrinksRunsOfBlanks) {
-    EXPECT_EQ(clean_capacity_line("   1   0.5  7"), "1 0.5 7");
-    EXPECT_EQ(clean_capacity_line("x1 2"), "1 2");
-    EXPECT_EQ(clean_capacity_line(""), "");
-    EXPECT_EQ(clean_capacity_line("x"), "");
+// A point as "Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi".
+std::string point_text(const CapacityPoint& p) {
+    std::string s = std::to_string(p.Step);
+    for (double v : {p.Teff, p.Betaeff, p.Sd_C, p.Sa_C, p.Sd_d, p.Sa_d, p.ALPHA, p.Pf_fi}) s += " " + text::to_text(v);
+    return s;
 }
 
-TEST(CleanCapacityLine, TabsBecomeOneBlankOrCollapseWithABlank) {
-    EXPECT_EQ(clean_capacity_line(" 1\t2"), "1 2");
-    EXPECT_EQ(clean_capacity_line(" 1\t 2"), "1 2");
-    // Two tabs give two blanks, an empty field.
-    EXPECT_EQ(clean_capacity_line(" 1\t\t2"), "1  2");
-    // A blank before a tab stays, and the tab becomes a second blank.
-    EXPECT_EQ(clean_capacity_line(" 1 \t2"), "1  2");
-    // The last character is kept as it is, even a tab.
-    EXPECT_EQ(clean_capacity_line(" 1 2\t"), "1 2\t");
+std::string joined(const CapacityFields& f) {
+    std::string s = f[0];
+    for (std::size_t i = 1; i < f.size(); ++i) s += "|" + f[i];
+    return s;
 }
 
-const char* const kNine = " 3 0.45 5.1 12.5 0.21 13 0.2 0.9 1.31";
-
-TEST(SplitCapacityLine, CutsNineFieldsKeepingTheirLeadingBlanks) {
-    auto f = split_capacity_line(kNine);
-    ASSERT_TRUE(f);
-    EXPECT_EQ(*f, (CapacityFields{"3", " 0.45", " 5.1", " 12.5", " 0.21", " 13", " 0.2", " 0.9", " 1.31"}));
-    CapacityPoint p = capacity_point(*f);
-    EXPECT_EQ(p.Step, 3);
-    EXPECT_EQ(p.Teff, 0.45);
-    EXPECT_EQ(p.Sd_C, 12.5);
-    EXPECT_EQ(p.Sa_C, 0.21);
-    EXPECT_EQ(p.Pf_fi, 1.31);
-}
-
-TEST(SplitCapacityLine, TabSeparatedLineIsReadLikeBlanks) {
-    auto f = split_capacity_line("\t3\t0.45\t5.1\t 12.5\t0.21\t13\t0.2\t0.9\t1.31");
-    ASSERT_TRUE(f);
-    EXPECT_EQ((*f)[0], "3");
-    EXPECT_EQ((*f)[3], " 12.5");
-    EXPECT_EQ((*f)[8], " 1.31");
-}
-
-TEST(SplitCapacityLine, ATrailingBlankIsOneBlankTooMany) {
-    EXPECT_FALSE(split_capacity_line(std::string(kNine) + " "));
-}
-
-TEST(SplitCapacityLine, TenOrEightColumnsAreDropped) {
-    EXPECT_FALSE(split_capacity_line(std::string(kNine) + " 7"));
-    EXPECT_FALSE(split_capacity_line(" 3 0.45 5.1 12.5 0.21 13 0.2 0.9"));
-    EXPECT_FALSE(split_capacity_line(" 3"));
-    EXPECT_FALSE(split_capacity_line(" 3\t0.45"));
-}
-
-TEST(SplitCapacityLine, TwoTabsMakeAnEmptyFieldThatShiftsTheLine) {
-    EXPECT_FALSE(split_capacity_line(" 3 0.45 5.1 12.5 0.21 13 0.2 0.9\t\t1.31"));
-    // With one field fewer the empty field fills the count: the line is kept, shifted.
-    auto f = split_capacity_line(" 3 0.45 5.1 12.5 0.21 13\t\t0.9 1.31");
-    ASSERT_TRUE(f);
-    EXPECT_EQ((*f)[6], " ");
-    EXPECT_EQ((*f)[7], " 0.9");
-}
-
-TEST(SplitCapacityLine, AStepInTheFirstColumnLosesItsFirstDigit) {
-    auto f = split_capacity_line("12 0.45 5.1 12.5 0.21 13 0.2 0.9 1.31");
-    ASSERT_TRUE(f);
-    EXPECT_EQ((*f)[0], "2");
-    EXPECT_EQ(capacity_point(*f).Step, 2);
-}
-
-TEST(SplitCapacityLine, AOneDigitStepInTheFirstColumnLeavesFieldZeroEmpty) {
-    auto f = split_capacity_line("7 0.45 5.1 12.5 0.21 13 0.2 0.9 1.31");
-    ASSERT_TRUE(f);
-    EXPECT_EQ(*f, (CapacityFields{"", " 0.45", " 5.1", " 12.5", " 0.21", " 13", " 0.2", " 0.9", " 1.31"}));
-    CapacityPoint p = capacity_point(*f);
-    EXPECT_EQ(p.Step, 0);
-    EXPECT_EQ(p.Teff, 0.45);
-    EXPECT_EQ(p.Pf_fi, 1.31);
-}
-
-TEST(CapacityPoint, LeadingNumberRuleAndHalfToEvenStep) {
-    CapacityFields f{"2.5", " 1.5s", " abc", " -0.5", " 1e2", " 0", " 0", " 0", " 1 2"};
-    CapacityPoint p = capacity_point(f);
-    EXPECT_EQ(p.Step, 2);
-    EXPECT_EQ(p.Teff, 1.5);
-    EXPECT_EQ(p.Betaeff, 0.0);
-    EXPECT_EQ(p.Sd_C, -0.5);
-    EXPECT_EQ(p.Sa_C, 100.0);
-    EXPECT_EQ(p.Pf_fi, 12.0);  // blanks inside a number are skipped
-    f[0] = "3.5";
-    EXPECT_EQ(capacity_point(f).Step, 4);
-}
-
-TEST(ParseCapacityLines, SkipsEverythingUpToTheTeffLine) {
-    Lines lines{"Pushover Curve - Capacity Spectrum", " 1 2 3 4 5 6 7 8 9", "  Step  Teff  Betaeff ...", kNine};
-    CapacityTable t = parse_capacity_lines(lines);
-    ASSERT_TRUE(t.ok());
-    ASSERT_EQ(t.rows.size(), 1u);
-    EXPECT_EQ(t.rows[0].point.Step, 3);
-}
-
-TEST(ParseCapacityLines, TeffIsCaseSensitiveAndNoHeaderGivesNoRows) {
-    CapacityTable t = parse_capacity_lines({"step teff", kNine});
-    EXPECT_TRUE(t.ok());
-    EXPECT_TRUE(t.rows.empty());
-}
-
-TEST(ParseCapacityLines, BlankLinesDoNotEndTheTable) {
-    Lines lines{"Teff", kNine, "", "   ", " 4 0.5 5.2 13 0.22 14 0.21 0.9 1.31"};
-    CapacityTable t = parse_capacity_lines(lines);
-    ASSERT_EQ(t.rows.size(), 2u);
-    EXPECT_EQ(t.rows[1].point.Step, 4);
-}
-
-TEST(ParseCapacityLines, MalformedLinesAreDroppedSilently) {
-    Lines lines{"Teff", kNine, std::string(kNine) + " ", " 3 0.45", "\t\t", std::string(kNine) + " 10"};
-    CapacityTable t = parse_capacity_lines(lines);
-    EXPECT_TRUE(t.ok());
-    EXPECT_EQ(t.rows.size(), 1u);
-}
-
-TEST(ParseCapacityLines, ASecondTeffLineIsData) {
-    Lines lines{" Step Teff", " Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi", " Step Teff"};
-    CapacityTable t = parse_capacity_lines(lines);
-    ASSERT_EQ(t.rows.size(), 1u);
-    EXPECT_EQ(t.rows[0].fields[1], " Teff");
-    EXPECT_EQ(t.rows[0].point.Step, 0);
-    EXPECT_EQ(t.rows[0].point.Pf_fi, 0.0);
-}
-
-TEST(ParseCapacityLines, AStepBeyondSixteenBitsStopsWithTheRowsSoFar) {
-    Lines lines{"Teff", kNine, " 32768 0.5 5.2 13 0.22 14 0.21 0.9 1.31", kNine};
-    CapacityTable t = parse_capacity_lines(lines);
-    EXPECT_EQ(t.error, text::kOverflow);
-    EXPECT_EQ(t.description, "Overflow");
-    EXPECT_EQ(t.rows.size(), 1u);
-    EXPECT_EQ(parse_capacity_lines({"Teff", " -32768 0 0 0 0 0 0 0 0"}).rows.at(0).point.Step, -32768);
+// The capacity table's lines cleaned, cut and read: the cases are data in
+// tests/golden/tables/capacity_lines.txt.
+TEST(CapacityLines, EveryCaseGivesItsResult) {
+    using Args = test::TableArgs;
+    using Result = test::TableResult;
+    test::run_table("capacity_lines.txt", {
+        {"clean", [](const Args& a) -> Result { return clean_capacity_line(a.at(1)); }},
+        {"split", [](const Args& a) -> Result {
+             const auto f = split_capacity_line(a.at(1));
+             return f ? Result(joined(*f)) : Result(std::monostate());
+         }},
+        {"point", [](const Args& a) -> Result {
+             CapacityFields f;
+             for (std::size_t i = 0; i < f.size(); ++i) f[i] = a.at(i + 1);
+             return point_text(capacity_point(f));
+         }},
+        // The lines of a file, each a word: the error, then each row's fields and point.
+        {"parse", [](const Args& a) -> Result {
+             const CapacityTable t = parse_capacity_lines(Lines(a.begin() + 1, a.end()));
+             std::string s = t.ok() ? "ok" : "error " + std::to_string(t.error) + " " + t.description;
+             for (const CapacityRow& r : t.rows) s += "; " + joined(r.fields) + " = " + point_text(r.point);
+             return s;
+         }},
+    });
 }
 
 TEST(ReadCapacityFile, MissingFileIsError53) {

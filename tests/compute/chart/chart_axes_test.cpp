@@ -89,16 +89,6 @@ TEST(TimeAxis, Failures) {
     EXPECT_TRUE(cc::time_ticks(3500, 9165, -0.01, 0, cc::TimeLabels::Spaced, hundred_per_char).empty());
 }
 
-TEST(ValueAxis, PeakRuleStep) {
-    EXPECT_EQ(cc::value_label_step(1.5, 1), 4);    // Int(4.29)
-    EXPECT_EQ(cc::value_label_step(0, 1), 1);      // xvalue empty
-    EXPECT_EQ(cc::value_label_step(0.7, 1), 2);
-    EXPECT_EQ(cc::value_label_step(0.69, 1), 1);
-    EXPECT_EQ(cc::value_label_step(1.5, 2), 8);    // Int(8.57)
-    EXPECT_EQ(cc::value_label_step(-3, 1), 1);
-    EXPECT_EQ(error_of([] { cc::value_label_step(1.5, 0); }), 11);
-}
-
 std::vector<std::string> labels(const std::vector<cc::ValueTick>& ticks) {
     std::vector<std::string> out;
     for (const auto& t : ticks) out.push_back(t.label);

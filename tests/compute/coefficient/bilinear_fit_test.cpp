@@ -37,17 +37,6 @@ TEST(PushoverArea, Trapezoids) {
     EXPECT_EQ(error_of([] { pushover_area(softening(), 6); }), text::kSubscript);
 }
 
-TEST(SlopeStep, FromTheDigitsOfKi) {
-    EXPECT_EQ(slope_step(12345.6), 10.0);  // "12346"
-    EXPECT_EQ(slope_step(1000), 1.0);
-    EXPECT_EQ(slope_step(999.5), 1.0);   // "1000", the tie to even
-    EXPECT_EQ(slope_step(9999.5), 10.0);  // "10000"
-    EXPECT_EQ(slope_step(123456789), 100000.0);
-    EXPECT_EQ(slope_step(-1234), 10.0);  // the sign counts
-    EXPECT_EQ(error_of([] { slope_step(999); }), text::kInvalidCall);
-    EXPECT_EQ(error_of([] { slope_step(0.5); }), text::kInvalidCall);
-}
-
 TEST(StartSlope, FirstSecantAboveTheTargetSecant) {
     // kSelected = 3300 / 8 = 412.5; point 1 has 1500.
     StartSlope s = start_slope(softening(), 5, 412.5, 0);
@@ -63,23 +52,6 @@ TEST(StartSlope, FirstSecantAboveTheTargetSecant) {
     EXPECT_EQ(s.k_initial, 77.0);
     // A point at displacement 0 in the walk is a failure.
     EXPECT_EQ(error_of([] { start_slope(curve({{0, 0}, {0, 5}}), 1, 1, 0); }), text::kDivisionByZero);
-}
-
-TEST(ScanProgressMaximum, IntegerDivisionOfRoundedOperands) {
-    EXPECT_EQ(scan_progress_maximum(1500, 412.5, 1), 1088.0f);  // 1087.5 rounds to 1088
-    EXPECT_EQ(scan_progress_maximum(12345.6, 20000, 10), 765.0f);  // 7654 \ 10
-}
-
-TEST(IsBetweenRounded, EitherOrderAndFourDecimals) {
-    EXPECT_TRUE(IsBetweenRounded(1, 2, 1.5));
-    EXPECT_TRUE(IsBetweenRounded(2, 1, 1.5));
-    EXPECT_TRUE(IsBetweenRounded(1, 2, 2));
-    EXPECT_FALSE(IsBetweenRounded(1, 2, 2.0001));
-    EXPECT_TRUE(IsBetweenRounded(1, 2, 2.00004));    // noise in the fifth decimal
-    EXPECT_TRUE(IsBetweenRounded(1.00004, 2, 1.0));
-    EXPECT_FALSE(IsBetweenRounded(1.00006, 2, 1.0));
-    EXPECT_TRUE(IsBetweenRounded(3, 3, 3.00001));
-    EXPECT_FALSE(IsBetweenRounded(3, 3, 3.0001));
 }
 
 TEST(EvaluateCrossing, TheFirstSegmentIsNeverExamined) {
@@ -135,13 +107,6 @@ TEST(BilinearArea, TriangleAndTrapezoid) {
     // (2, 3000) then to point 5 (8, 3300): 2 x 3000 / 2 + 6300 / 2 x 6 = 3000 + 18900.
     EXPECT_EQ(bilinear_area(softening(), 5, 2, 3000), 21900.0);
     EXPECT_EQ(error_of([] { bilinear_area(softening(), 9, 2, 3000); }), text::kSubscript);
-}
-
-TEST(AreaMatches, BothEndsIncluded) {
-    EXPECT_TRUE(area_matches(99, 100, 0.01));
-    EXPECT_TRUE(area_matches(100, 100, 0));
-    EXPECT_FALSE(area_matches(98.9, 100, 0.01));
-    EXPECT_FALSE(area_matches(101.1, 100, 0.01));
 }
 
 // The whole scan as the window runs it, on the softening curve with Ratio 0.6 and tolerance

@@ -97,6 +97,13 @@ TEST(ReadPushoverXlsx, CellsWithoutReferencesFollowTheOneBefore) {
     EXPECT_EQ(t.rows[1].force_text, "900");
 }
 
+TEST(ReadPushoverXlsx, RowsWithoutReferencesCountFromOne) {
+    TempDir dir;
+    PushoverTable t = read_xlsx(dir, "<row><c t=\"s\"><v>0</v></c><c t=\"s\"><v>1</v></c><c t=\"s\"><v>2</v></c></row>"
+                                     "<row><c><v>0</v></c><c><v>0</v></c><c><v>x</v></c></row>");
+    EXPECT_EQ(t.description, "Type mismatch in cell C2");
+}
+
 TEST(ReadPushoverXlsx, AnErrorValueStopsTheReadInsideTheRow) {
     TempDir dir;
     PushoverTable t = read_xlsx(dir, heading_row() + row(2, num("A2", "0") + num("B2", "0") + num("C2", "0")) +

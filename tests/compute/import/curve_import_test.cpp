@@ -130,6 +130,9 @@ TEST(CurveImportDetector, OwnLayoutsKeepTheirReadersAndExportsDoNot) {
     EXPECT_TRUE(pushover_file_has_own_layout(sample("pushover.xlsx"), true));
     EXPECT_TRUE(pushover_file_has_own_layout(sample("pushover_listing.txt"), false));
     EXPECT_TRUE(capacity_file_has_own_layout(sample("capacity_sample.txt")));
+    // A listing whose row holds no number is an export for the import, not the listing reader's.
+    test::TempDir dir;
+    EXPECT_FALSE(pushover_file_has_own_layout(dir.write("l.txt", "Step Displacement BaseForce Hinges\n 0 0 0 0\n 1 x 5 0\n"), false));
     if (data("pushover/README.md").empty()) return;
     for (const char* f : {"PDcurve.xlsx", "PDcurve_Xdir.xlsx", "PDcurve_XNdir.xlsx"})
         EXPECT_FALSE(pushover_file_has_own_layout(data(std::string("pushover/") + f), true)) << f;
@@ -195,6 +198,11 @@ TEST(CurveImportText, BadFilesNameRowAndWhatWasExpected) {
     o.force_unit = "stone";
     EXPECT_EQ(from_text("0 0\n1 2\n", o).error->message(),
               "curve.txt: unknown force unit \"stone\": expected N, kN, kgf, tonf, lb or kip");
+    o.force_unit = "kN";
+    EXPECT_EQ(from_text("0 0\n1 1e308\n", o).error->message(),
+              "curve.txt: point 2 is beyond the range of numbers once converted");
+    EXPECT_EQ(import_curve("/nonexistent/curve.txt", CurveKind::pushover).error->message(),
+              "/nonexistent/curve.txt: no such file");
 }
 
 TEST(CurveImportPushover, StepsAreNumberedInRowOrderAsAListingWouldHoldThem) {

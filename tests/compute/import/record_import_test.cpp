@@ -13,6 +13,7 @@
 #include "compute/files/text_file.h"
 #include "support/fake_platform.h"
 #include "support/files.h"
+#include "support/tables.h"
 #include "text/number_text.h"
 
 namespace tv::compute {
@@ -175,49 +176,36 @@ TEST(PeerHeaderForms, EachGivesPointsAndStep) {
 }
 
 // The header keys of every layout (any case, every character of the key) and their counts.
-TEST(RecordText, KeysMatchInAnyCaseAndWhole) {
+// The header texts' rules (keys, numbers after keys, the time step a line declares, a number
+// divided by ten as text): the cases are data in tests/golden/tables/record_text.txt.
+TEST(RecordText, EveryCaseGivesItsResult) {
     using namespace import_detail;
-    EXPECT_TRUE(starts_with_key("  comp 1", "COMP"));
-    EXPECT_FALSE(starts_with_key("XOMP", "COMP"));
-    EXPECT_FALSE(contains("Sta Chan", "Xta"));
-    EXPECT_EQ(number_after("Sampling interval: 0.005 s", "INTERVAL"), "0.005");
-    EXPECT_TRUE(is_integer_text("-13056"));
-    EXPECT_FALSE(is_integer_text("13056."));
-    EXPECT_FALSE(is_integer_text("-"));
-}
-
-TEST(DeclaredTimeStep, HeaderLinesOfPlainRecords) {
-    struct Case {
-        const char* line;
-        double dt;  // 0: none declared
-        std::int64_t points;
-        const char* text;
-    };
-    const Case cases[] = {
-        {"NPTS=  2676, DT=   .0200 SEC                         ", 0.02, 2676, "DT=   .0200 SEC"},
-        {"NPTS=   5600, dt=  .00500", 0.005, 5600, "dt=  .00500"},
-        {"  2000 0.0200 NPTS, DT", 0.02, 2000, "2000 0.0200 NPTS, DT"},
-        {"NPTS=   1991, DT=   .0100 SEC,   0 POLE @    30.00000 HZ", 0.01, 1991, "DT=   .0100 SEC"},
-        {"DT = 0.005", 0.005, -1, "DT = 0.005"},
-        {"1559 points at equal spacing of 0.02 sec", 0, 0, nullptr},
-        {"BANDWIDT= 5", 0, 0, nullptr},
-        {"NPTS= 100, DT= 0", 0, 0, nullptr},
-    };
-    for (const Case& c : cases) {
-        const auto d = parse_time_step_declaration(c.line);
-        ASSERT_EQ(d.has_value(), c.dt != 0) << c.line;
-        if (!d) continue;
-        EXPECT_EQ(d->time_step, c.dt) << c.line;
-        EXPECT_EQ(d->points, c.points) << c.line;
-        EXPECT_EQ(d->text, c.text);
-    }
-    const std::vector<std::string> lines = {"Title", "Units: g", "NPTS= 2000, DT= 0.01 SEC", "0.1", "0.2"};
-    const auto found = find_declared_time_step(lines, 4);
-    ASSERT_TRUE(found);
-    EXPECT_EQ(found->line, 3);
-    EXPECT_EQ(found->time_step, 0.01);
-    // Lines from the first data line on are data, not header.
-    EXPECT_FALSE(find_declared_time_step(lines, 3));
+    using Args = test::TableArgs;
+    using Result = test::TableResult;
+    auto yes_no = [](bool b) -> Result { return std::string(b ? "yes" : "no"); };
+    test::run_table("record_text.txt", {
+        {"starts_with_key", [&](const Args& a) { return yes_no(starts_with_key(a.at(1), a.at(2))); }},
+        {"contains", [&](const Args& a) { return yes_no(contains(a.at(1), a.at(2))); }},
+        {"is_integer_text", [&](const Args& a) { return yes_no(is_integer_text(a.at(1))); }},
+        {"number_after", [](const Args& a) -> Result {
+             const auto n = number_after(a.at(1), a.at(2));
+             return n ? Result(std::string(*n)) : Result(std::monostate());
+         }},
+        {"divided_by_ten", [](const Args& a) -> Result { return divided_by_ten(a.at(1)); }},
+        // The step, the points and the text a line declares.
+        {"declared", [](const Args& a) -> Result {
+             const auto d = parse_time_step_declaration(a.at(1));
+             if (!d) return std::monostate();
+             return text::to_text(d->time_step) + " " + std::to_string(d->points) + " " + d->text;
+         }},
+        // The line of the first step declared above the first data line, and the step.
+        {"find_declared", [](const Args& a) -> Result {
+             const auto d = find_declared_time_step(std::vector<std::string>(a.begin() + 2, a.end()),
+                                                    static_cast<std::int32_t>(test::arg(a, 1)));
+             if (!d) return std::monostate();
+             return std::to_string(d->line) + " " + text::to_text(d->time_step);
+         }},
+    });
 }
 
 TEST(TwoColumnText, SeparatorsAndDecimalCommas) {

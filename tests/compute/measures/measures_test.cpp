@@ -147,5 +147,14 @@ TEST(RotD, WhittierPairAgreesWithBooresProgram) {
     }
 }
 
+TEST(RotD, AComponentWithAProblemIsRefusedByItsPlaceAndAQuietOneBesideAnotherIsNot) {
+    const std::vector<double> fine{0.1, -0.2, 0.3, 0}, zeros(4, 0.0), one{0.1}, T{0.1};
+    EXPECT_EQ(rotd_spectra(one, fine, 0.01, 0.05, T).error, "first component: the record has fewer than two samples");
+    EXPECT_EQ(rotd_spectra(fine, one, 0.01, 0.05, T).error, "second component: the record has fewer than two samples");
+    EXPECT_EQ(rotd_spectra(zeros, zeros, 0.01, 0.05, T).error, "first component: the record is all zeros");
+    EXPECT_TRUE(rotd_spectra(zeros, fine, 0.01, 0.05, T).ok());
+    EXPECT_TRUE(rotd_spectra(fine, zeros, 0.01, 0.05, T).ok());
+}
+
 }  // namespace
 }  // namespace tv::compute

@@ -5,10 +5,12 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "text/runtime_error.h"
 #include "support/errors.h"
 #include "support/files.h"
+#include "support/tables.h"
 
 namespace tv::compute {
 namespace {
@@ -18,42 +20,15 @@ using text::RuntimeError;
 
 using tv::test::error_of;
 
-TEST(DesignSpectrum, WorkedValues) {
-    // Soil II, High, A = 0.3, T = 1: B1 = 2.5 * 0.3 * 0.5 / 1 = 0.375, N = 1 + 0.7 * 0.5 / 3.5 = 1.1.
-    const auto high = HazardGroup::HighVeryHigh;
-    EXPECT_NEAR(design_spectrum(1, 0.3, spectrum_constants(Soil::II, high), high), 0.4125, 1e-15);
-
-    // Soil IV, Low, A = 0.2: 0.2 * 1.3 at T = 0, 3.25 * 0.2 on the plateau 0.15 .. 1.
-    const auto low = HazardGroup::LowModerate;
-    const auto iv = spectrum_constants(Soil::IV, low);
-    EXPECT_DOUBLE_EQ(design_spectrum(0, 0.2, iv, low), 0.26);
-    for (double T : {0.15, 0.3, 0.5, 0.99, 1.0}) EXPECT_DOUBLE_EQ(design_spectrum(T, 0.2, iv, low), 0.65) << T;
-}
-
-TEST(DesignSpectrum, BranchEdges) {
-    const auto low = HazardGroup::LowModerate;
-    const auto k = spectrum_constants(Soil::I, low);  // T0 0.1, Ts 0.4, S 1.5, S0 1
-    // T0 itself is on the plateau; just below it the rising branch is almost there.
-    EXPECT_DOUBLE_EQ(design_spectrum(0.1, 0.2, k, low), 2.5 * 0.2);
-    EXPECT_NEAR(design_spectrum(0.1 - 1e-12, 0.2, k, low), 0.5, 1e-11);
-    EXPECT_LT(design_spectrum(0.1 - 1e-12, 0.2, k, low), 0.5);
-    // Ts itself: plateau and N = 1; just above, N already exceeds 1 and B1 falls as Ts / T.
-    EXPECT_DOUBLE_EQ(design_spectrum(0.4, 0.2, k, low), 0.5);
-    const double above = 0.4 + 1e-9;
-    EXPECT_DOUBLE_EQ(design_spectrum(above, 0.2, k, low),
-                     2.5 * 0.2 * 0.4 / above * (1 + 0.4 * (above - 0.4) / 3.6));
-    // From 4 s on N is the ceiling: 1.4 for Low/Moderate, 1.7 for High/Very High.
-    EXPECT_DOUBLE_EQ(design_spectrum(4, 0.2, k, low), 2.5 * 0.2 * 0.4 / 4 * 1.4);
-    EXPECT_DOUBLE_EQ(design_spectrum(5, 0.2, k, low), 2.5 * 0.2 * 0.4 / 5 * 1.4);
-    const auto high = HazardGroup::HighVeryHigh;
-    EXPECT_DOUBLE_EQ(design_spectrum(4, 0.3, spectrum_constants(Soil::I, high), high), 2.5 * 0.3 * 0.4 / 4 * 1.7);
-    // Just below 4 the linear rise nearly meets the ceiling.
-    EXPECT_NEAR(design_spectrum(4 - 1e-9, 0.2, k, low), 2.5 * 0.2 * 0.4 / 4 * 1.4, 1e-9);
-    // Soils I and II share S: they differ by Ts only.
-    EXPECT_EQ(design_spectrum(0.45, 0.2, spectrum_constants(Soil::II, low), low), 0.5);
-    EXPECT_LT(design_spectrum(0.45, 0.2, k, low), 0.5);
-    // No branch for a negative period.
-    EXPECT_EQ(design_spectrum(-0.01, 0.2, k, low), 0);
+// design_spectrum(T, A) of a soil and a hazard group: the cases are data in
+// tests/golden/tables/design_spectrum.txt.
+TEST(DesignSpectrum, WorkedValuesAndBranchEdges) {
+    test::run_table("design_spectrum.txt", {{"sa", [](const test::TableArgs& a) -> test::TableResult {
+        const Soil soil = std::map<std::string, Soil>{{"I", Soil::I}, {"II", Soil::II}, {"III", Soil::III},
+                                                      {"IV", Soil::IV}}.at(a.at(1));
+        const HazardGroup g = a.at(2) == "high" ? HazardGroup::HighVeryHigh : HazardGroup::LowModerate;
+        return design_spectrum(test::arg(a, 3), test::arg(a, 4), spectrum_constants(soil, g), g);
+    }}});
 }
 
 TEST(DesignSpectrum, ScaleIsAPlainMultiplier) {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <fstream>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -360,6 +361,31 @@ TEST(ResponseIntegrator, ARecordCutBetweenPeriodsFailsAtTheNextPeriod) {
     for (long j = 1; j <= 5; ++j) EXPECT_EQ(s.y(j), plain.y(j)) << j;
     EXPECT_EQ(s.y(6), 0);
     EXPECT_EQ(s.x(7), 0);
+}
+
+// The lanes give each period the peak of its own oscillator, for any count of periods, for a
+// record of two samples (one step) and of one.
+TEST(PeakDisplacements, EachPeriodAsItsOwnOscillator) {
+    for (const std::vector<double> a : {std::vector<double>{0.1, -0.3, 0.25, 0.05, -0.2, 0.15}, {0.0, 0.4}}) {
+        std::vector<double> periods(16), peaks(16, -1.0);
+        for (int j = 1; j <= 16; ++j) periods[j - 1] = 0.05 * j;
+        // Eleven periods: the second pass of the lanes is partly empty, and the rest stays.
+        peak_displacements(a, 0.01, 0.05, std::span(periods).first(11), peaks);
+        EXPECT_EQ(peaks[11], -1.0);
+        periods.resize(11);
+        for (std::size_t j = 0; j < periods.size(); ++j) {
+            std::vector<double> x(a.size());
+            oscillator_displacements(exact_oscillator_coefficients(periods[j], 0.05, 0.01), a, x);
+            double peak = 0;
+            for (double v : x) peak = std::max(peak, std::fabs(v));
+            EXPECT_EQ(peaks[j], peak) << "T = " << periods[j];
+            EXPECT_GT(peak, 0);
+        }
+    }
+    // One sample is no step: every peak is 0.
+    std::vector<double> peaks(3, -1.0);
+    peak_displacements(std::vector<double>{0.3}, 0.01, 0.05, std::vector<double>{0.1, 0.2, 0.3}, peaks);
+    EXPECT_EQ(peaks, std::vector<double>(3, 0.0));
 }
 
 }  // namespace

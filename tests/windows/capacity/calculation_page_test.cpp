@@ -2,6 +2,7 @@
 #include "capacity_fixture.h"
 
 #include "windows/capacity/text_table.h"
+#include "windows/road_reports.h"
 
 namespace tv::test {
 namespace {
@@ -14,6 +15,19 @@ TEST_F(CapacityTest, AFailingSweepKeepsTheRowsItWroteAndNextStaysOff) {
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_FALSE(f.Command3.enabled());
     EXPECT_EQ(f.Re1.text(), "");
+}
+
+TEST_F(CapacityTest, TheReportsDiagramDrawsEverySeriesOfTheSweep) {
+    sweep_hand_case();
+    int curves = 0, dots = 0;
+    for (const forms::Page& page : windows::capacity_report(program, {}))
+        for (const forms::PageOp& op : page.ops) {
+            curves += op.kind == forms::PageOp::Kind::Polyline;
+            dots += op.kind == forms::PageOp::Kind::Dot;
+        }
+    // Demand, reduced demand, capacity and the bilinear form as lines, the sweep's points as dots.
+    EXPECT_EQ(curves, 4);
+    EXPECT_GT(dots, 0);
 }
 
 TEST_F(CapacityTest, TheClipboardStartsWithTheThirtyVisibleHeadings) {

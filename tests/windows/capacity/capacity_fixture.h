@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "support/fake_platform.h"
+#include "support/form_dump.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
@@ -57,6 +58,10 @@ protected:
     void press(forms::CommandButton& b) { run([&] { b.press(); }); }
 
     windows::Form9& form9() { return program.form<windows::Form9>(); }
+    /// Form9 and what the platform was shown, against tests/golden/windows/capacity_<name>.txt.
+    void expect_shown(const std::string& name) {
+        expect_state(dump(form9()) + dump(platform), "capacity_" + name, dir.string());
+    }
 
     /// Start on a capacity file typed into Text1.
     void read_capacity(const std::string& content) {

@@ -86,6 +86,17 @@ TEST_F(PrintingTest, ThePictureStandsAtItsSizeThenTheHeadingAndTheLines) {
     EXPECT_DOUBLE_EQ(texts[3]->x1, 42);
 }
 
+TEST_F(PrintingTest, AWindowsImageComesFirstWithThePictureBelowIt) {
+    windows::PageContent content;
+    content.window = &app.form<Sheet>();
+    content.picture = &app.form<Sheet>().plot;
+    const forms::Page p = windows::compose_page(content, platform);
+    ASSERT_FALSE(p.ops.empty());
+    const forms::PageRect picture = p.ops.back().clip;
+    EXPECT_EQ(picture.w, 200);
+    EXPECT_GT(picture.y, 42 + 14);  // below the image and a line's room
+}
+
 TEST_F(PrintingTest, APdfThatCannotBeMadeLeavesTheFileAsItWas) {
     std::ofstream(dir / "report.pdf", std::ios::binary) << "earlier";
     platform.pdf_fails = true;

@@ -52,5 +52,17 @@ TEST(ReportComposerTest, PlotsAreClippedToTheirFrameAndLeftOutWithoutPoints) {
     EXPECT_EQ(polylines, 1);
 }
 
+TEST(ReportComposerTest, EachCaseOfAFormulaStandsOnALineOfItsOwn) {
+    windows::ReportComposer c = composer(windows::Paper::a4);
+    c.formula("C1, by the period", "C1 = 1 for Te >= 1 s;  C1 = 1 + (R - 1) / (a Te^2)");
+    const std::vector<forms::Page> pages = c.finish();
+    std::vector<std::string> texts;
+    for (const PageOp& op : pages.front().ops)
+        if (op.kind == PageOp::Kind::Text) texts.push_back(op.text);
+    ASSERT_GE(texts.size(), 3u);
+    EXPECT_EQ(std::vector<std::string>(texts.end() - 4, texts.end() - 1),
+              (std::vector<std::string>{"C1, by the period", "C1 = 1 for Te >= 1 s", "C1 = 1 + (R - 1) / (a Te^2)"}));
+}
+
 }  // namespace
 }  // namespace tv::test

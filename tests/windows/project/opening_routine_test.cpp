@@ -1,5 +1,6 @@
 // The opening routine of the main frame: its prompts and its silent endings.
 #include "project_fixture.h"
+#include "windows/project/inputs_window.h"
 
 namespace tv::test {
 namespace {
@@ -23,6 +24,17 @@ TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
     ASSERT_EQ(platform.file_requests.size(), 1u);
     EXPECT_EQ(platform.file_requests[0].file_name, "*.txt");
     EXPECT_EQ(state().recordCount, 0);
+}
+
+TEST_F(ProjectTest, TheInputsWindowsOpenKeepsTheCountWhenItsDialogIsCancelled) {
+    std::string x = write("x.txt", "0.1\n0.2\n");
+    platform.input_answers = {"1", "1"};
+    platform.file_answers = {x};
+    open();
+    auto& f14 = program.form<windows::Form14>();
+    program.run([&] { f14.Command1.press(); });  // the dialog cancelled
+    EXPECT_EQ(platform.file_requests.size(), 2u);
+    EXPECT_EQ(state().recordCount, 1);
 }
 
 TEST_F(ProjectTest, CancelledPromptsEndTheRoutineSilently) {

@@ -42,6 +42,14 @@ TEST_F(RecordWindowTest, ShowDiagramScalesIntoTheArraysAndHidesTheOtherRows) {
     EXPECT_TRUE(f.Command2.enabled());
 }
 
+TEST_F(RecordWindowTest, ThePeaksShownAreRoundedToEightDecimals) {
+    platform.input_answers = {"1", "2"};
+    open_record(write("x.txt", "head\n0.1\n-0.987654321\n"), write("y.txt", "head\n0.123456789\n0.1\n"));
+    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");  // as read
+    press(form1().Command2);
+    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");
+}
+
 TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
     open_simple();
     windows::Form1& f = form1();
@@ -51,6 +59,14 @@ TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
     EXPECT_EQ(f.Grid2.text(2, 1), "0.6");
     EXPECT_EQ(f.Text1.text(), "0.8");
     EXPECT_EQ(f.Text2.text(), "0.6");
+}
+
+TEST_F(RecordWindowTest, APeakOfOneTypedForTheLargerYComponentIsShown) {
+    platform.input_answers = {"1", "2"};
+    open_record(write("x.txt", "head\n0.2\n-0.1\n"), write("y.txt", "head\n0.5\n0.1\n"));
+    program.run([&] { form1().xvalue.set_text("1"); });
+    press(form1().Command2);
+    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.4 1");
 }
 
 TEST_F(RecordWindowTest, APeakEqualToTheSmallerComponentCountsAsUnchanged) {

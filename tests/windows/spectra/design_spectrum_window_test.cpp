@@ -10,6 +10,7 @@ TEST_F(SpectraTest, NextOfTheLastRecordOpensForm2WithTheSixPeaks) {
     to_design(2);
     windows::Form2& f = form2();
     EXPECT_TRUE(f.visible());
+    EXPECT_FALSE(f.maximised);
     EXPECT_EQ(f.Text2.text(), "0.4");
     EXPECT_EQ(f.Text3.text(), "0.35");
     EXPECT_EQ(f.Text4.text(), "0.4");

@@ -10,6 +10,7 @@
 
 #include "text/format.h"
 #include "text/number_text.h"
+#include "windows/road_reports.h"
 #include "windows/spectra/comparison_window.h"
 
 namespace tv::test {
@@ -44,6 +45,16 @@ TEST_F(SpectraEdgeTest, AGridTooLargeForMemoryIsReportedByTheIntegratorsTrap) {
     EXPECT_EQ(platform.messages[0].icon, forms::MsgIcon::Critical);
     EXPECT_FALSE(f.Command4.enabled());
     EXPECT_TRUE(f.Picbar.visible());
+}
+
+TEST_F(SpectraEdgeTest, TheReportsSpectraHoldEveryOrdinateOfTheGrid) {
+    to_comparison();
+    press(form4().Command1);
+    std::size_t longest = 0;
+    for (const forms::Page& page : windows::ground_motion_report(program, {}))
+        for (const forms::PageOp& op : page.ops)
+            if (op.kind == forms::PageOp::Kind::Polyline) longest = std::max(longest, op.points.size());
+    EXPECT_EQ(longest, 2u * static_cast<std::size_t>(state().specCount));
 }
 
 TEST_F(SpectraEdgeTest, ClosingForm2AsksARefusingForm4Again) {
