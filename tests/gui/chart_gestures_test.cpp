@@ -81,6 +81,20 @@ TEST_F(ChartGestures, TheMeasuresChartsGrowAndSaveWhatTheyDraw) {
     EXPECT_EQ(data.substr(0, data.find('\r')), "Time (s),X velocity (m/s),Y velocity (m/s)");
     const auto& f1 = program.form<windows::Form1>();
     EXPECT_EQ(std::count(data.begin(), data.end(), '\n'), 1 + f1.lastLine - f1.firstLine + 1);
+
+    // The wheel at the frame's middle zooms the time of all four charts about it, a drag to the
+    // right goes back in time, a double-click shows the whole record again.
+    const QPointF middle(plot->width() * (950 + (m.VelocityPlot.width() - 1100) / 2) / m.VelocityPlot.width(),
+                         plot->height() / 2.0);
+    wheel_in(plot, middle);
+    EXPECT_DOUBLE_EQ(m.time_view_span(), 0.8);
+    EXPECT_NEAR(m.time_view_from(), 0.1, 1e-9);
+    drag(in<PictureView>(m, "HusidPlot"), middle, 40);
+    EXPECT_LT(m.time_view_from(), 0.1);
+    test::expect_labels_inside_strips(*platform.view_of(m));
+    test::save_shot(*frame, "frmMeasures_zoomed");
+    QTest::mouseDClick(plot, Qt::LeftButton, Qt::NoModifier, middle.toPoint());
+    EXPECT_EQ(m.time_view_span(), 1);
 }
 
 TEST_F(ChartGestures, TheFourierChartZoomsAboutThePointerAndPans) {

@@ -18,6 +18,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "forms/app.h"
 #include "gui/bind/binder.h"
@@ -245,6 +246,24 @@ private:
     double drag_from_ = 0;
 };
 
+// The gestures handed to the window's model: it zooms and pans its own drawing.
+class ModelGestures : public PlotGestures {
+public:
+    ModelGestures(QWidget& plot, std::function<void(int, QPointF)> zoom, std::function<void()> reset)
+        : PlotGestures(plot), zoom_(std::move(zoom)), reset_(std::move(reset)) {}
+
+protected:
+    void zoom(int steps, QPointF at) override { zoom_(steps, at); }
+    // The model reads the drag from the plot's own mouse events.
+    void drag_from(QPointF) override {}
+    void drag_to(QPointF) override {}
+    void reset() override { reset_(); }
+
+private:
+    std::function<void(int, QPointF)> zoom_;
+    std::function<void()> reset_;
+};
+
 }  // namespace
 
 void fit_chart_card(QWidget& card, QSpacerItem& indent, QScrollBar& scroll, windows::Chart& chart,
@@ -285,6 +304,10 @@ void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& c
 }
 
 void let_plot_zoom(PictureView& plot, PictureView* below) { new PlotZoom(plot, below); }
+
+void let_model_zoom(QWidget& plot, std::function<void(int steps, QPointF at)> zoom, std::function<void()> reset) {
+    new ModelGestures(plot, std::move(zoom), std::move(reset));
+}
 
 QByteArray chart_image(QWidget& picture, bool svg) {
     QByteArray bytes;

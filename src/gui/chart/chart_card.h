@@ -3,6 +3,7 @@
 // plot's viewport and the scale slider, on one white card; and what the screen lays over a plot
 // so that it reads at a glance: axis titles, a legend, gridlines.
 #include <QColor>
+#include <QPointF>
 #include <QString>
 #include <functional>
 #include <vector>
@@ -51,6 +52,10 @@ void let_chart_grow(QWidget& card, PictureView& container, const GrowingChart& c
 /// A plot its window draws at one scale zooms on the screen alone: the wheel along X about the
 /// pointer, a drag pans, a double-click goes back; `below`, the strip under it, follows.
 void let_plot_zoom(PictureView& plot, PictureView* below);
+
+/// A plot whose window zooms its own drawing: whole wheel notches (up: in) go to `zoom` with the
+/// pointer's place, a double-click to `reset`; a drag reaches the model as the plot's mouse.
+void let_model_zoom(QWidget& plot, std::function<void(int steps, QPointF at)> zoom, std::function<void()> reset);
 
 /// The context menu of a chart: "Copy Image" and "Save Image..." (PNG or SVG) of `picture`,
 /// "Save Data..." of what `data` gives (greyed while it gives nothing, and always without `data`).

@@ -1,5 +1,8 @@
 #include "gui/measures/measures_view.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
@@ -74,6 +77,14 @@ MeasuresView::MeasuresView(windows::MeasuresWindow& model, forms::App& app, QWid
         // Each chart takes its share of the room the window gives; its menu saves what it draws.
         let_chart_grow(*pv, *pv, {plot, name, nullptr, nullptr, nullptr});
         add_chart_menu(*pv, *pv, [&model, &plot] { return model.drawn_data(plot); }, app);
+        // The wheel zooms all four charts' time about the pointer; a double-click shows it whole.
+        let_model_zoom(
+            *pv,
+            [&model, &app, &plot, pv](int steps, QPointF at) {
+                const double x = at.x() * plot.width() / std::max(1, pv->width());
+                app.run([&model, x, steps] { model.zoom_time(x, std::pow(1.25, steps)); });
+            },
+            [&model, &app] { app.run([&model] { model.set_time_view(0, 1); }); });
         charts->addWidget(pv, 1);
     }
     charts->addWidget(new QLabel(QStringLiteral("Red: X, blue: Y, grey: before processing")));

@@ -40,18 +40,24 @@ void print_at(forms::PictureBox& p, double x, double y, const std::string& s) {
 
 // One chart: the curves against time, a frame, the zero line, the value range and time end
 // labelled, the title with its unit above and the time unit below.
-void draw_chart(forms::PictureBox& p, const std::vector<Curve>& curves, double dt, const std::string& title) {
+// `from` and `span` are the part of the record in sight, as fractions of its length.
+void draw_chart(forms::PictureBox& p, const std::vector<Curve>& curves, double dt, const std::string& title,
+                double from = 0, double span = 1) {
     p.cls();
     p.scale_reset();
     std::size_t n = 0;
+    for (const Curve& c : curves) n = std::max(n, c.values->size());
+    // The samples in sight: i0 to i1, the first and last reaching the frame's edges.
+    const double last = n > 1 ? static_cast<double>(n - 1) : 0;
+    const double first_x = from * last;
+    const auto i0 = static_cast<std::size_t>(std::floor(first_x));
+    const auto i1 = std::min(n > 0 ? n - 1 : 0, static_cast<std::size_t>(std::ceil((from + span) * last)));
     double lo = 0, hi = 0;
-    for (const Curve& c : curves) {
-        n = std::max(n, c.values->size());
-        for (double v : *c.values) {
-            lo = std::min(lo, v);
-            hi = std::max(hi, v);
+    for (const Curve& c : curves)
+        for (std::size_t i = i0; i <= i1 && i < c.values->size(); ++i) {
+            lo = std::min(lo, (*c.values)[i]);
+            hi = std::max(hi, (*c.values)[i]);
         }
-    }
     const double w = p.width() - kLeft - kRight, h = p.height() - kTop - kBottom;
     print_at(p, 60, 30, title);
     p.line(kLeft, kTop, kLeft + w, kTop, kAxisColour);
@@ -63,7 +69,7 @@ void draw_chart(forms::PictureBox& p, const std::vector<Curve>& curves, double d
         return;
     }
     const double t_end = static_cast<double>(n - 1) * dt;
-    auto x_of = [&](double i) { return kLeft + w * i / static_cast<double>(n - 1); };
+    auto x_of = [&](double i) { return kLeft + w * (i - first_x) / (last * span); };
     auto y_of = [&](double v) { return kTop + h * (hi - v) / (hi - lo); };
     p.line(kLeft, y_of(0), kLeft + w, y_of(0), kColourOriginal);
     const double th = p.text_height();
@@ -71,26 +77,27 @@ void draw_chart(forms::PictureBox& p, const std::vector<Curve>& curves, double d
     auto left_of_frame = [&](const std::string& s) { return std::max(0.0, kLeft - p.text_width(s) - 60); };
     print_at(p, left_of_frame(number(hi)), kTop - th / 2, number(hi));
     print_at(p, left_of_frame(number(lo)), kTop + h - th / 2, number(lo));
-    print_at(p, kLeft, kTop + h + 40, "0");
-    const std::string end = number(t_end) + " s";
+    print_at(p, kLeft, kTop + h + 40, number(from * t_end));
+    const std::string end = number((from + span) * t_end) + " s";
     print_at(p, kLeft + w - p.text_width(end), kTop + h + 40, end);
     print_at(p, kLeft + w / 2 - p.text_width("Time (s)") / 2, kTop + h + 40, "Time (s)");
     for (const Curve& c : curves) {
         const std::vector<double>& v = *c.values;
-        if (v.size() < 2) continue;
-        if (v.size() <= kMaxColumns) {
-            for (std::size_t i = 1; i < v.size(); ++i)
+        if (v.size() < 2 || i0 >= v.size()) continue;
+        const std::size_t end_i = std::min(v.size(), i1 + 1);
+        if (end_i - i0 <= kMaxColumns) {
+            for (std::size_t i = i0 + 1; i < end_i; ++i)
                 p.line(x_of(static_cast<double>(i - 1)), y_of(v[i - 1]), x_of(static_cast<double>(i)), y_of(v[i]),
                        c.colour);
             continue;
         }
-        const std::size_t per = (v.size() + kMaxColumns - 1) / kMaxColumns;
-        for (std::size_t start = 0; start < v.size(); start += per) {
-            const std::size_t stop = std::min(v.size(), start + per);
+        const std::size_t per = (end_i - i0 + kMaxColumns - 1) / kMaxColumns;
+        for (std::size_t start = i0; start < end_i; start += per) {
+            const std::size_t stop = std::min(end_i, start + per);
             const auto [mn, mx] = std::minmax_element(v.begin() + static_cast<long>(start), v.begin() + static_cast<long>(stop));
             const double x = x_of(static_cast<double>(start));
             p.line(x, y_of(*mn), x, y_of(*mx), c.colour);
-            if (start > 0) p.line(x_of(static_cast<double>(start - 1)), y_of(v[start - 1]), x, y_of(v[start]), c.colour);
+            if (start > i0) p.line(x_of(static_cast<double>(start - 1)), y_of(v[start - 1]), x, y_of(v[start]), c.colour);
         }
     }
     p.refresh();
@@ -151,6 +158,12 @@ MeasuresWindow::MeasuresWindow(forms::App& app) : Window(app, "frmMeasures", "Gr
     Preview.Click = [this] { Preview_Click(); };
     Apply.Click = [this] { Apply_Click(); };
     Undo.Click = [this] { Undo_Click(); };
+    // A drag along a chart pans all four through the record.
+    for (forms::PictureBox* p : plots()) {
+        p->MouseDown = [this](int button, int, double x, double) { plot_mouse(0, button, x); };
+        p->MouseMove = [this](int button, int, double x, double) { plot_mouse(1, button, x); };
+        p->MouseUp = [this](int button, int, double x, double) { plot_mouse(2, button, x); };
+    }
 }
 
 void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt,
@@ -158,6 +171,8 @@ void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::i
     record_ = record;
     first_ = first;
     dt_ = dt;
+    view_from_ = 0;
+    view_span_ = 1;
     applied_ = state().recordProcessingOptions(record).active();
     Undo.set_enabled(applied_);
     set_caption("Ground-motion measures (" + std::to_string(record) + ")");
@@ -195,11 +210,46 @@ void MeasuresWindow::display(bool against_original) {
     if (!problems.empty()) Message.set_caption(problems);
 
     against_original_ = against_original;
+    draw_charts();
+}
+
+void MeasuresWindow::draw_charts() {
     for (std::size_t panel = 0; panel < kPanels.size(); ++panel) {
         std::vector<Curve> curves;
         for (const NamedCurve& c : curves_of(panel)) curves.push_back({c.values, c.colour});
-        draw_chart(*plots()[panel], curves, dt_, kPanels[panel].title);
+        draw_chart(*plots()[panel], curves, dt_, kPanels[panel].title, view_from_, view_span_);
     }
+}
+
+void MeasuresWindow::set_time_view(double from, double span) {
+    span = std::clamp(span, kLeastSpan, 1.0);
+    from = std::clamp(from, 0.0, 1.0 - span);
+    if (from == view_from_ && span == view_span_) return;
+    view_from_ = from;
+    view_span_ = span;
+    draw_charts();
+}
+
+double MeasuresWindow::frame_fraction(double x) const {
+    const double w = AccelPlot.width() - kLeft - kRight;
+    return std::clamp((x - kLeft) / w, 0.0, 1.0);
+}
+
+void MeasuresWindow::zoom_time(double x, double factor) {
+    const double at = frame_fraction(x);
+    const double t = view_from_ + at * view_span_;
+    const double span = std::clamp(view_span_ / factor, kLeastSpan, 1.0);
+    set_time_view(t - at * span, span);
+}
+
+void MeasuresWindow::plot_mouse(int kind, int button, double x) {
+    if (kind == 0 && button == 1) drag_x_ = x;
+    if (kind == 1 && button == 1 && drag_x_) {
+        const double moved = (x - *drag_x_) / (AccelPlot.width() - kLeft - kRight) * view_span_;
+        drag_x_ = x;
+        set_time_view(view_from_ - moved, view_span_);
+    }
+    if (kind == 2) drag_x_.reset();
 }
 
 std::array<forms::PictureBox*, 4> MeasuresWindow::plots() const {

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,15 @@ public:
     void Apply_Click();
     void Undo_Click();
 
+    /// The four charts show the part of the record from `from` for `span`, fractions of its
+    /// length (0 and 1: the whole; at most kLeastSpan close); their time labels follow.
+    void set_time_view(double from, double span);
+    /// Zooms the charts' time `factor` times about the point of a chart at `x` (twips).
+    void zoom_time(double x, double factor);
+    double time_view_from() const { return view_from_; }
+    double time_view_span() const { return view_span_; }
+    static constexpr double kLeastSpan = 0.01;
+
 private:
     struct Component {
         std::vector<double> original;   // as the project held it when the window opened
@@ -74,6 +84,11 @@ private:
     /// Both components processed into `out`; false (and the message shown) on failure.
     bool process(std::array<std::vector<double>, 2>& out, compute::ProcessingOptions& options);
     void display(bool against_original);
+    void draw_charts();
+    /// Where `x` (twips) falls across a chart's frame, 0 to 1.
+    double frame_fraction(double x) const;
+    /// A chart's mouse: kind 0 down, 1 move, 2 up.
+    void plot_mouse(int kind, int button, double x);
     /// A chart's curves in the order they are drawn, with their colours and names.
     struct NamedCurve {
         const std::vector<double>* values;
@@ -90,6 +105,8 @@ private:
     std::array<Component, 2> components_;
     bool applied_ = false;
     bool against_original_ = false;
+    double view_from_ = 0, view_span_ = 1;
+    std::optional<double> drag_x_;
 };
 
 /// X and Y (`in`) processed by `options` into `out`; the message ("X: why") on failure, "" when done.
