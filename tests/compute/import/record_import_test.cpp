@@ -2,6 +2,7 @@
 // real files of ../shared/data/records, small made-up files for header forms, and bad files.
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -39,64 +40,60 @@ void expect_plain_road_gives_samples(const RecordComponent& c) {
         ASSERT_EQ(text::val(c.lines[static_cast<std::size_t>(c.header_lines) + k]), c.samples[k]) << "sample " << k;
 }
 
-struct RealFile {
-    const char* path;  // under records/
-    RecordLayout layout;
-    std::size_t components;
-    std::size_t pick;  // the component checked
-    const char* name;
-    std::int64_t points;
-    double dt;
-    const char* first;  // first sample's text, or the file's raw first value when divisor != 1
-    double divisor;
-    double peak_g;  // as the header states it (converted), or the largest sample's value
-    double peak_tolerance;
-};
+// A number as its shortest exact text.
+std::string exact(double x) {
+    char buf[32];
+    return std::string(buf, std::to_chars(buf, buf + sizeof buf, x).ptr);
+}
 
-// Peaks of converted files come from their own headers: K-NET "Max. Acc. (gal)", CDMG "PEAK
-// ACCELERATION", COSMOS "Max =", ESM "PGA_CM/S^2", SMC "pk mtn" (cm/s² scaled from g by 981).
-const RealFile kRealFiles[] = {
-    {"original/RSN140_TABAS_FER-L1.AT2", RecordLayout::peer_at2, 1, 0, "L", 2000, 0.02, "-.4821567E-03", 1, 0.09309877, 0},
-    {"original/RSN1633_MANJIL_ABBAR--L.AT2", RecordLayout::peer_at2, 1, 0, "L", 2676, 0.02, ".1647381E-02", 1, 0.5145641, 0},
-    {"original/elCentro.AT2", RecordLayout::peer_at2, 1, 0, "", 1559, 0.02, "0.00630", 1, 0.31882, 0},
-    {"original/RSN1512_CHICHI_TCU078-N.AT2", RecordLayout::peer_at2, 1, 0, "N", 18000, 0.005, ".2117034E-05", 1, 0.3069615, 0},
-    {"formats/RSN8883_14383980_13849090.AT2", RecordLayout::peer_at2, 1, 0, "90", 16396, 0.005, "8.6900441E-08", 1, 9.5678815E-02, 0},
-    {"formats/5523-1.V1", RecordLayout::bhrc_v1, 3, 0, "L1 (177\u00B0)", 13056, 0.005, ".457339E-04", 1, 0.0229147, 0},
-    {"formats/5523-1.V1", RecordLayout::bhrc_v1, 3, 2, "T3 (267\u00B0)", 13056, 0.005, "-.159439E-03", 1, 0.0148103, 0},
-    {"formats/5529-1.V1", RecordLayout::bhrc_v1, 3, 1, "V2", 9472, 0.005, ".436214E-03", 1, 0.00287762, 0},
-    {"formats/AOM0011801241951.NS", RecordLayout::knet, 1, 0, "N-S", 10200, 0.01, nullptr, 1, 4.954 / 980.665, 1e-6},
-    {"formats/AICH040010061330.EW2", RecordLayout::knet, 1, 0, "5 (E-W, surface)", 28600, 0.005, nullptr, 1, 3.896 / 980.665, 1e-6},
-    {"formats/HI.ARS1..HNN.D.20190728.160908.C.ACC.ASC", RecordLayout::esm, 1, 0, "HNN", 19128, 0.005, "0.000000", 980.665, 0.359017 / 980.665, 1e-9},
-    {"formats/ce36456p_CE36456.V2", RecordLayout::cdmg_v2, 3, 0, "CHAN 1: 90 DEG", 3251, 0.02, "-3.038", 980.665, 267.957 / 980.665, 1e-9},
-    {"formats/ce36456p_CE36456.V2", RecordLayout::cdmg_v2, 3, 1, "CHAN 2: UP", 3250, 0.02, nullptr, 1, 94.805 / 980.665, 1e-9},
-    {"formats/us1000hyfh_akbmrp_AKBMR--n.1000hyfh.BNZ.--.acc.V2c", RecordLayout::cosmos_v2, 1, 0, "BNZ", 42000, 0.005, "3.437285e-04", 980.665, 6.852 / 980.665, 1e-6},
-    {"formats/A-CAT180.AT2.smc", RecordLayout::usgs_smc, 1, 0, "", 1646, 0.02, "4.1843182E-03", 981, 58.01 / 981, 1e-5},
-};
+// Reads a table row's record: "read" a file under ../shared/data and a component, "made" a text
+// and the name it is read under. Starts `out` with the layout and the number of components.
+const RecordComponent* read_record(const test::TableArgs& a, RecordImport& r, std::string& out) {
+    const bool made = a.at(0).starts_with("made");
+    const std::string path = made ? a.at(2) : test::data_path(a.at(1));
+    const std::string content = made ? a.at(1) : bytes_of(path);
+    r = parse_record(content, path);
+    const RecordLayout detected = detect_record_layout(content);
+    if (detected != r.layout) out = "detected as " + std::string(record_layout_name(detected)) + ", ";
+    if (!r.ok()) return out += r.error->message(), nullptr;
+    out += std::string(record_layout_name(r.layout)) + " | " + std::to_string(r.components.size());
+    const std::size_t pick = made ? 0 : static_cast<std::size_t>(test::arg(a, 2));
+    if (pick >= r.components.size()) return nullptr;
+    return &r.components[pick];
+}
 
-TEST(RealRecordFiles, ReadAsTheirHeadersSay) {
-    for (const RealFile& f : kRealFiles) {
-        SCOPED_TRACE(f.path);
-        const std::string path = test::data_path(std::string("records/") + f.path);
-        if (path.empty()) GTEST_SKIP() << "records data missing";
-        const std::string content = bytes_of(path);
-        EXPECT_EQ(detect_record_layout(content), f.layout);
-        const RecordImport r = parse_record(content, path);
-        ASSERT_TRUE(r.ok()) << r.error->message();
-        ASSERT_EQ(r.layout, f.layout);
-        ASSERT_EQ(r.components.size(), f.components);
-        const RecordComponent& c = r.components[f.pick];
-        EXPECT_EQ(c.name, f.name);
-        EXPECT_EQ(static_cast<std::int64_t>(c.samples.size()), f.points);
-        EXPECT_EQ(c.declared_points, f.points);
-        EXPECT_EQ(c.time_step, f.dt);
-        if (f.first && f.divisor == 1) {
-            EXPECT_EQ(c.lines[static_cast<std::size_t>(c.header_lines)], f.first);
-        } else if (f.first) {
-            EXPECT_NEAR(c.samples[0], text::val(f.first) / f.divisor, 1e-15);
-        }
-        EXPECT_NEAR(peak_of(c), f.peak_g, f.peak_tolerance);
-        expect_plain_road_gives_samples(c);
-    }
+// Layouts, names, counts, steps and first lines of the real files and of made-up header forms
+// and column texts; the peaks that the converted files' headers state (K-NET "Max. Acc. (gal)",
+// CDMG "PEAK ACCELERATION", COSMOS "Max =", ESM "PGA_CM/S^2", SMC "pk mtn", cm/s² to g).
+TEST(RecordFiles, ReadAsTheirHeadersSay) {
+    if (test::data_path("records").empty()) GTEST_SKIP() << "records data missing";
+    using Args = test::TableArgs;
+    using Result = test::TableResult;
+    auto component = [](const Args& a) -> Result {
+        RecordImport r;
+        std::string out;
+        const RecordComponent* c = read_record(a, r, out);
+        if (!c) return out;
+        out += " | " + c->name + " | " + std::to_string(c->samples.size()) + "/" + std::to_string(c->declared_points) +
+               " | " + exact(c->time_step) + " | " + c->lines[static_cast<std::size_t>(c->header_lines)];
+        if (c->samples.size() <= 8)
+            for (double v : c->samples) out += " " + exact(v);
+        expect_plain_road_gives_samples(*c);
+        return out;
+    };
+    auto value = [](const Args& a, auto of) -> Result {
+        RecordImport r;
+        std::string out;
+        const RecordComponent* c = read_record(a, r, out);
+        return c ? Result(of(*c)) : Result(out);
+    };
+    test::run_table("records_read.txt",
+                    {{"read", component},
+                     {"made", component},
+                     {"peak", [&](const Args& a) { return value(a, peak_of); }},
+                     {"first_sample", [&](const Args& a) {
+                          return value(a, [](const RecordComponent& c) { return c.samples.at(0); });
+                      }}});
 }
 
 TEST(RealRecordFiles, SayWhereTheStepCameFromAndWhatWasConverted) {
@@ -149,32 +146,6 @@ TEST(PlainRecords, OneNumberPerLineStaysOnTheWindowsRoad) {
         EXPECT_EQ(detect_record_layout(made), RecordLayout::plain) << made;
 }
 
-// The header line of each PEER database generation, over the same data.
-TEST(PeerHeaderForms, EachGivesPointsAndStep) {
-    const std::string data = "  .1000000E-01  .2000000E-01  .3000000E-01\n  .4000000E-01  .5000000E-01\n";
-    const std::pair<const char*, double> forms[] = {
-        {"PEER NGA STRONG MOTION DATABASE RECORD\nX, 1/1/2000, S, 90\nACCELERATION TIME SERIES IN UNITS OF G\n"
-         "NPTS=      5, DT=   0.005 SEC      \n",
-         0.005},
-        {"PEER STRONG MOTION DATABASE RECORD. PROCESSING BY PACIFIC ENGINEERING.\nX\nACCELERATION TIME HISTORY IN "
-         "UNITS OF G\nNPTS=   5, dt=  .00500\n",
-         0.005},
-        {"PACIFIC ENGINEERING AND ANALYSIS STRONG-MOTION DATA\n IMPERIAL VALLEY 10/15/79 2319, EL CENTRO ARRAY 6, 230\n"
-         " ACCELERATION TIME HISTORY IN UNITS OF G\n NPTS=  5, DT= .01000 SEC\n",
-         0.01},
-        {"PACIFIC ENGINEERING AND ANALYSIS STRONG-MOTION DATA\n IMPERIAL VALLEY 10/15/79 2319, EL CENTRO ARRAY 6, 230\n"
-         " ACCELERATION TIME HISTORY IN UNITS OF G\n    5   0.02000   NPTS, DT\n",
-         0.02},
-    };
-    for (const auto& [header, dt] : forms) {
-        const RecordImport r = parse_record(std::string(header) + data, "made.AT2");
-        ASSERT_TRUE(r.ok()) << header << r.error->message();
-        EXPECT_EQ(r.layout, RecordLayout::peer_at2);
-        EXPECT_EQ(r.components[0].time_step, dt) << header;
-        EXPECT_EQ(r.components[0].samples.back(), 0.05);
-    }
-}
-
 // The header keys of every layout (any case, every character of the key) and their counts.
 // The header texts' rules (keys, numbers after keys, the time step a line declares, a number
 // divided by ten as text): the cases are data in tests/golden/tables/record_text.txt.
@@ -206,30 +177,6 @@ TEST(RecordText, EveryCaseGivesItsResult) {
              return std::to_string(d->line) + " " + text::to_text(d->time_step);
          }},
     });
-}
-
-TEST(TwoColumnText, SeparatorsAndDecimalCommas) {
-    const std::pair<const char*, const char*> files[] = {
-        {"time,acc\n0.000,0.010\n0.005,-0.020\n0.010,0.030\n", "0.010"},
-        {"t;a\n0,000;0,010\n0,005;-0,020\n0,010;0,030\n", "0.010"},
-        {"0.000\t0.010\n0.005\t-0.020\n0.010\t0.030\n", "0.010"},
-        {"0,000 0,010\r\n0,005 -0,020\r\n0,010 0,030\r\n", "0.010"},
-        {"Time (s)  Acc (g)\n  0.000   1.0E-02\n\n  0.005  -2.0E-02\n  0.010   3.0E-02\n", "1.0E-02"},
-    };
-    for (const auto& [content, first] : files) {
-        SCOPED_TRACE(content);
-        EXPECT_EQ(detect_record_layout(content), RecordLayout::two_column);
-        const RecordImport r = parse_record(content, "made.csv");
-        ASSERT_TRUE(r.ok()) << r.error->message();
-        const RecordComponent& c = r.components[0];
-        EXPECT_EQ(c.time_step, 0.005);
-        EXPECT_EQ(c.lines[static_cast<std::size_t>(c.header_lines)], first);
-        EXPECT_EQ(c.samples, (std::vector<double>{0.01, -0.02, 0.03}));
-    }
-    const RecordImport gal = parse_record("t acc (cm/s^2)\n0 98.0665\n0.01 -196.133\n", "made.txt");
-    ASSERT_TRUE(gal.ok());
-    EXPECT_EQ(gal.components[0].samples, (std::vector<double>{0.1, -0.2}));
-    expect_plain_road_gives_samples(gal.components[0]);
 }
 
 // Made-up damage on top of real files and small ones: the message names the line and what was
