@@ -179,60 +179,32 @@ TEST(RecordText, EveryCaseGivesItsResult) {
     });
 }
 
-// Made-up damage on top of real files and small ones: the message names the line and what was
-// expected.
+// Made-up damage on top of real files and small texts: the message names the line and what was
+// expected. The cases are data in tests/golden/tables/records_bad.txt.
 TEST(BadRecordFiles, NameTheLineAndWhatWasExpected) {
-    const std::string peer = "PEER NGA STRONG MOTION DATABASE RECORD\nX, 1/1/2000, S, 90\n"
-                             "ACCELERATION TIME SERIES IN UNITS OF G\nNPTS=      6, DT=   .0100 SEC\n"
-                             "  .1E-01  .2E-01  .3E-01\n  .4E-01  .5E-01  .6E-01\n";
-    std::string bhrc, knet, esm, cosmos;
-    const std::string bhrc_path = test::data_path("records/formats/5523-1.V1");
-    const std::string knet_path = test::data_path("records/formats/AOM0011801241951.NS");
-    const std::string esm_path = test::data_path("records/formats/HI.ARS1..HNN.D.20190728.160908.C.ACC.ASC");
-    if (!bhrc_path.empty()) bhrc = bytes_of(bhrc_path);
-    if (!knet_path.empty()) knet = bytes_of(knet_path);
-    if (!esm_path.empty()) esm = bytes_of(esm_path);
-    const std::string cosmos_path = test::data_path("records/formats/us1000hyfh_akbmrp_AKBMR--n.1000hyfh.BNZ.--.acc.V2c");
-    if (!cosmos_path.empty()) cosmos = bytes_of(cosmos_path);
-    auto replaced = [](std::string s, const std::string& from, const std::string& to) {
-        const std::size_t at = s.find(from);
-        if (s.empty() || at == std::string::npos) {
-            EXPECT_TRUE(s.empty()) << "no \"" << from << "\" to damage";
-            return std::string();
-        }
-        return s.replace(at, from.size(), to);
+    if (test::data_path("records").empty()) GTEST_SKIP() << "records data missing";
+    using Args = test::TableArgs;
+    using Result = test::TableResult;
+    auto message = [](const std::string& content, const std::string& name) -> Result {
+        const RecordImport r = parse_record(content, name);
+        return r.ok() ? std::string("read") : r.error->message();
     };
-    struct Case {
-        std::string content;
-        std::int64_t line;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {replaced(peer, "  .4E-01  .5E-01  .6E-01\n", "  .4E-01  .5E-01\n"), 4,
-         "NPTS declares 6 points, the file holds 5"},
-        {replaced(peer, ".5E-01", "abc"), 6, "\"abc\" is not a number; a sample was expected"},
-        {replaced(peer, "NPTS=      6, DT=   .0100 SEC", "NPTS= six"), 4, "expected the number of points and the time step"},
-        {replaced(peer, "ACCELERATION TIME SERIES IN UNITS OF G", "VELOCITY TIME SERIES IN UNITS OF CM/SEC"), 3,
-         "the file holds velocities"},
-        {bhrc.substr(0, bhrc.size() * 4 / 5), 2679, "component T3: NO. OF POINTS declares 13056 points, the file holds"},
-        {replaced(knet, "Duration Time(s)  102", "Duration Time(s)  103"), 12,
-         "Duration Time(s) x Sampling Freq(Hz) declares 10300 points, the file holds 10200"},
-        {replaced(esm, "NDATA: 19128", "NDATA: 19128.0"), 30, "expected \"NDATA: <points>\""},
-        {replaced(cosmos, "units=cm/sec2(04)", "units=furlongs(99)"), 53, "expected the units"},
-        {replaced(cosmos, "units=cm/sec2(04),", ""), 53, "expected the units"},
-        {"0.0 0.1\n0.01 0.2\n0.03 0.3\n", 3, "expected the time 0.02 (an even step of 0.01 s), found 0.03"},
-    };
-    for (const Case& c : cases) {
-        if (c.content.empty()) continue;  // the real file is missing
-        const RecordImport r = parse_record(c.content, "bad.file");
-        ASSERT_FALSE(r.ok()) << c.reason;
-        EXPECT_EQ(r.error->line, c.line) << c.reason;
-        EXPECT_NE(r.error->reason.find(c.reason), std::string::npos) << r.error->reason;
-    }
-    const RecordImport r = parse_record(cases[1].content, "bad.AT2");
-    EXPECT_EQ(r.error->message(), "bad.AT2, line 6: \"abc\" is not a number; a sample was expected");
-    EXPECT_EQ(import_record_file("/no/such/record.AT2").error->message(),
-              "/no/such/record.AT2: No such file or directory");
+    test::run_table("records_bad.txt",
+                    {{"bad", [&](const Args& a) { return message(a.at(1), a.at(2)); }},
+                     // A real file with its first `from` replaced by `to`.
+                     {"damaged", [&](const Args& a) {
+                          std::string content = bytes_of(test::data_path(a.at(1)));
+                          const std::size_t at = content.find(a.at(2));
+                          if (at == std::string::npos) return Result("no \"" + a.at(2) + "\" to damage");
+                          return message(content.replace(at, a.at(2).size(), a.at(3)), "bad.file");
+                      }},
+                     // A real file cut to its first n/d.
+                     {"cut", [&](const Args& a) {
+                          const std::string content = bytes_of(test::data_path(a.at(1)));
+                          const auto n = static_cast<std::size_t>(test::arg(a, 2)), d = static_cast<std::size_t>(test::arg(a, 3));
+                          return message(content.substr(0, content.size() * n / d), "bad.file");
+                      }},
+                     {"missing", [](const Args& a) -> Result { return import_record_file(a.at(1)).error->message(); }}});
 }
 
 // Content no one would write: no crash, no hang, no allocation from a header's claim.
