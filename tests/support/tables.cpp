@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -59,6 +60,11 @@ double number(const std::string& word) {
     const double x = std::strtod(word.c_str(), &end);
     EXPECT_TRUE(!word.empty() && *end == '\0') << "not a number: " << word;
     return x;
+}
+
+std::string shortest(double x) {
+    char buf[32];
+    return std::string(buf, std::to_chars(buf, buf + sizeof buf, x).ptr);
 }
 
 void run_table(const std::string& name, const TableCalls& calls) {

@@ -33,6 +33,9 @@ using TableCalls = std::map<std::string, std::function<TableResult(const TableAr
 /// error raised.
 void run_table(const std::string& name, const TableCalls& calls);
 
+/// A number as its shortest text that reads back to it exactly.
+std::string shortest(double x);
+
 /// Argument i of a row as a number.
 inline double arg(const TableArgs& a, std::size_t i) { return number(a.at(i)); }
 

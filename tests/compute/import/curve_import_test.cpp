@@ -3,7 +3,6 @@
 // the program's own layouts on their own readers, and the capacity table built from a curve.
 #include <gtest/gtest.h>
 
-#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <numbers>
@@ -29,11 +28,6 @@ std::string sample(const std::string& name) { return (fs::path(TV_SOURCE_DIR) / 
 #define NEED(path) \
     if ((path).empty()) GTEST_SKIP() << "no " << TV_DATA_DIR
 
-std::string exact(double x) {
-    char buf[32];
-    return std::string(buf, std::to_chars(buf, buf + sizeof buf, x).ptr);
-}
-
 std::string joined(const std::vector<std::string>& words, const std::string& between) {
     std::string out;
     for (const std::string& w : words) out += (out.empty() ? "" : between) + w;
@@ -46,14 +40,16 @@ std::string described(const CurveImport& c) {
     if (c.error) return c.error->message();
     if (c.needs_case) return "which case: " + joined(c.cases, ", ");
     if (c.needs_columns) return "which columns: " + joined(c.headings, " / ");
-    auto point = [](const CurvePoint& p) { return " (" + exact(p.displacement) + ", " + exact(p.force) + ")"; };
+    auto point = [](const CurvePoint& p) {
+        return " (" + test::shortest(p.displacement) + ", " + test::shortest(p.force) + ")";
+    };
     std::string out = c.layout + " | " + joined(c.headings, " / ") + " | columns " + std::to_string(c.displacement_column) +
                       " " + std::to_string(c.force_column) + " | " + c.length_unit + " " + c.force_unit + " | " +
                       c.conversion + " | ";
     if (c.first_point_off_origin) out += "first point" + point(c.first_point) + " | ";
     if (c.shifted) out += "shifted | ";
     if (c.vertical_steps) out += std::to_string(c.vertical_steps) + " vertical steps | ";
-    if (c.participation_factor) out += "participation factor " + exact(c.participation_factor) + " | ";
+    if (c.participation_factor) out += "participation factor " + test::shortest(c.participation_factor) + " | ";
     out += std::to_string(c.points.size()) + " points:";
     for (std::size_t k = 0; k < c.points.size(); ++k) {
         if (c.points.size() > 4 && k == 2) out += " ...", k = c.points.size() - 1;

@@ -2,7 +2,6 @@
 // real files of ../shared/data/records, small made-up files for header forms, and bad files.
 #include <gtest/gtest.h>
 
-#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -40,12 +39,6 @@ void expect_plain_road_gives_samples(const RecordComponent& c) {
         ASSERT_EQ(text::val(c.lines[static_cast<std::size_t>(c.header_lines) + k]), c.samples[k]) << "sample " << k;
 }
 
-// A number as its shortest exact text.
-std::string exact(double x) {
-    char buf[32];
-    return std::string(buf, std::to_chars(buf, buf + sizeof buf, x).ptr);
-}
-
 // Reads a table row's record: "read" a file under ../shared/data and a component, "made" a text
 // and the name it is read under. Starts `out` with the layout and the number of components.
 const RecordComponent* read_record(const test::TableArgs& a, RecordImport& r, std::string& out) {
@@ -75,9 +68,9 @@ TEST(RecordFiles, ReadAsTheirHeadersSay) {
         const RecordComponent* c = read_record(a, r, out);
         if (!c) return out;
         out += " | " + c->name + " | " + std::to_string(c->samples.size()) + "/" + std::to_string(c->declared_points) +
-               " | " + exact(c->time_step) + " | " + c->lines[static_cast<std::size_t>(c->header_lines)];
+               " | " + test::shortest(c->time_step) + " | " + c->lines[static_cast<std::size_t>(c->header_lines)];
         if (c->samples.size() <= 8)
-            for (double v : c->samples) out += " " + exact(v);
+            for (double v : c->samples) out += " " + test::shortest(v);
         expect_plain_road_gives_samples(*c);
         return out;
     };
