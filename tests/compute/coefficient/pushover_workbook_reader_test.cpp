@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "pushover_table_dump.h"
 #include "support/fake_platform.h"
 #include "support/workbooks.h"
 
@@ -20,107 +21,19 @@ std::string row(int r, const std::string& cells) { return "<row r=\"" + std::to_
 const std::vector<std::string> kHeadings = {"Step", "Displacement", "Base Force"};
 std::string heading_row() { return row(1, sst("A1", 0) + sst("B1", 1) + sst("C1", 2)); }
 
-PushoverTable read_xlsx(TempDir& dir, const std::string& sheet_data, std::vector<std::string> shared = kHeadings) {
-    std::string path = dir.file("book.xlsx");
-    test::write_zip(path, test::xlsx_parts(sheet_data, shared));
-    return read_pushover_workbook(path);
-}
-
-TEST(ReadPushoverXlsx, NumbersAsTheirValueText) {
+// Sheets of one worksheet (sheet data XML after the heading row of Step, Displacement and Base
+// Force, or "bare" without it, and more shared strings): the cases are data in
+// tests/golden/tables/pushover_workbook.txt.
+TEST(ReadPushoverXlsx, EverySheetGivesItsTable) {
     TempDir dir;
-    PushoverTable t = read_xlsx(dir, heading_row() +
-                                         row(2, num("A2", "0") + num("B2", "-4.1399999999999999E-2") + num("C2", "0")) +
-                                         row(3, num("A3", "1") + num("B3", "1.0386") + num("C3", "73688.56")) +
-                                         row(4, num("A4", "2") + num("B4", "2.1185999999999998") + num("C4", "147377.12")));
-    ASSERT_TRUE(t.ok()) << t.description;
-    ASSERT_EQ(t.rows.size(), 3u);
-    EXPECT_EQ(t.rows[0].displacement_text, "-0.0414");
-    EXPECT_EQ(t.rows[2].displacement_text, "2.1186");
-    EXPECT_EQ(t.rows[2].force_text, "147377.12");
-    EXPECT_EQ(t.rows[2].point.Step, 2);
-    EXPECT_DOUBLE_EQ(t.rows[2].point.Displacement, 2.1186);
-    EXPECT_DOUBLE_EQ(t.rows[1].point.BaseForce, 73688.56);
-    ASSERT_EQ(t.points.ubound(), 2);
-    EXPECT_EQ(t.points(1).Step, 1);
-}
-
-TEST(ReadPushoverXlsx, StringsBooleansAndTextInNumberColumns) {
-    TempDir dir;
-    std::vector<std::string> shared = kHeadings;
-    shared.push_back("3.5");    // 3
-    shared.push_back(" 12 cm");  // 4
-    PushoverTable t = read_xlsx(
-        dir,
-        heading_row() +
-            row(2, num("A2", "2.5") + "<c r=\"B2\" t=\"inlineStr\"><is><t>n/a</t></is></c>" + sst("C2", 4)) +
-            row(3, sst("A3", 3) + "<c r=\"B3\" t=\"b\"><v>1</v></c>" +
-                       "<c r=\"C3\" t=\"inlineStr\"><is><r><t>1</t></r><r><t>5_x0030_</t></r></is></c>"),
-        shared);
-    ASSERT_TRUE(t.ok()) << t.description;
-    ASSERT_EQ(t.rows.size(), 2u);
-    EXPECT_EQ(t.rows[0].point.Step, 2);  // 2.5 to even
-    EXPECT_EQ(t.rows[0].displacement_text, "n/a");
-    EXPECT_EQ(t.rows[0].point.Displacement, 0.0);
-    EXPECT_EQ(t.rows[0].force_text, " 12 cm");
-    EXPECT_EQ(t.rows[0].point.BaseForce, 12.0);
-    EXPECT_EQ(t.rows[1].point.Step, 4);  // "3.5" to even
-    EXPECT_EQ(t.rows[1].displacement_text, "True");
-    EXPECT_EQ(t.rows[1].point.Displacement, 0.0);
-    EXPECT_EQ(t.rows[1].force_text, "150");  // runs joined, _x0030_ is "0"
-}
-
-TEST(ReadPushoverXlsx, EndsAtTheFirstEmptyStepCell) {
-    TempDir dir;
-    PushoverTable t = read_xlsx(dir, heading_row() + row(2, num("A2", "0") + num("B2", "0") + num("C2", "0")) +
-                                         row(3, num("B3", "1") + num("C3", "1000")) +  // gap in column A
-                                         row(4, num("A4", "2") + num("B4", "2") + num("C4", "2000")));
-    ASSERT_TRUE(t.ok());
-    EXPECT_EQ(t.rows.size(), 1u);
-}
-
-TEST(ReadPushoverXlsx, EmptyA2GivesNoRows) {
-    TempDir dir;
-    PushoverTable t = read_xlsx(dir, heading_row() + row(2, "<c r=\"A2\" s=\"3\"/>" + num("B2", "1")) +
-                                         row(3, num("A3", "1") + num("B3", "1") + num("C3", "1")));
-    ASSERT_TRUE(t.ok());
-    EXPECT_TRUE(t.rows.empty());
-    ASSERT_EQ(t.points.ubound(), 0);
-    EXPECT_EQ(t.points(0).BaseForce, 0.0);
-}
-
-TEST(ReadPushoverXlsx, CellsWithoutReferencesFollowTheOneBefore) {
-    TempDir dir;
-    PushoverTable t = read_xlsx(dir, heading_row() + "<row><c><v>0</v></c><c><v>0</v></c><c><v>0</v></c></row>" +
-                                         "<row><c><v>1</v></c><c><v>0.5</v></c><c><v>900</v></c><c><v>77</v></c></row>");
-    ASSERT_TRUE(t.ok()) << t.description;
-    ASSERT_EQ(t.rows.size(), 2u);
-    EXPECT_EQ(t.rows[1].force_text, "900");
-}
-
-TEST(ReadPushoverXlsx, RowsWithoutReferencesCountFromOne) {
-    TempDir dir;
-    PushoverTable t = read_xlsx(dir, "<row><c t=\"s\"><v>0</v></c><c t=\"s\"><v>1</v></c><c t=\"s\"><v>2</v></c></row>"
-                                     "<row><c><v>0</v></c><c><v>0</v></c><c><v>x</v></c></row>");
-    EXPECT_EQ(t.description, "Type mismatch in cell C2");
-}
-
-TEST(ReadPushoverXlsx, AnErrorValueStopsTheReadInsideTheRow) {
-    TempDir dir;
-    PushoverTable t = read_xlsx(dir, heading_row() + row(2, num("A2", "0") + num("B2", "0") + num("C2", "0")) +
-                                         row(3, num("A3", "1") + num("B3", "0.5") + "<c r=\"C3\" t=\"e\"><v>#N/A</v></c>"));
-    EXPECT_EQ(t.error, text::kTypeMismatch);
-    EXPECT_EQ(t.rows.size(), 1u);
-    EXPECT_EQ(t.points.ubound(), 1);  // grown, nothing stored yet
-    EXPECT_EQ(t.points(1).Displacement, 0.0);
-}
-
-TEST(ReadPushoverXlsx, StepBeyondSixteenBits) {
-    TempDir dir;
-    PushoverTable t = read_xlsx(dir, heading_row() + row(2, num("A2", "32768") + num("B2", "1") + num("C2", "2")));
-    EXPECT_EQ(t.error, text::kOverflow);
-    EXPECT_TRUE(t.rows.empty());
-    EXPECT_EQ(t.points(0).BaseForce, 2.0);
-    EXPECT_EQ(t.points(0).Displacement, 1.0);
+    auto read = [&](const test::TableArgs& a) -> test::TableResult {
+        std::vector<std::string> shared = kHeadings;
+        shared.insert(shared.end(), a.begin() + 2, a.end());
+        const std::string path = dir.file("book.xlsx");
+        test::write_zip(path, test::xlsx_parts((a.at(0) == "xlsx" ? heading_row() : "") + a.at(1), shared));
+        return test_dump::dumped(read_pushover_workbook(path));
+    };
+    test::run_table("pushover_workbook.txt", {{"xlsx", read}, {"xlsx_bare", read}});
 }
 
 TEST(ReadPushoverXlsx, FirstWorksheetInWorkbookOrder) {
