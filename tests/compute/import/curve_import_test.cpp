@@ -43,9 +43,9 @@ std::string described(const CurveImport& c) {
     auto point = [](const CurvePoint& p) {
         return " (" + test::shortest(p.displacement) + ", " + test::shortest(p.force) + ")";
     };
-    std::string out = c.layout + " | " + joined(c.headings, " / ") + " | columns " + std::to_string(c.displacement_column) +
-                      " " + std::to_string(c.force_column) + " | " + c.length_unit + " " + c.force_unit + " | " +
-                      c.conversion + " | ";
+    std::string out = c.layout + " | " + joined(c.headings, " / ") + " | columns " +
+                      std::to_string(c.displacement_column) + " " + std::to_string(c.force_column) + " | " +
+                      c.length_unit + " " + c.force_unit + " | " + c.conversion + " | ";
     if (c.first_point_off_origin) out += "first point" + point(c.first_point) + " | ";
     if (c.shifted) out += "shifted | ";
     if (c.vertical_steps) out += std::to_string(c.vertical_steps) + " vertical steps | ";

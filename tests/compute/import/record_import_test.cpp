@@ -194,10 +194,12 @@ TEST(BadRecordFiles, NameTheLineAndWhatWasExpected) {
                      // A real file cut to its first n/d.
                      {"cut", [&](const Args& a) {
                           const std::string content = bytes_of(test::data_path(a.at(1)));
-                          const auto n = static_cast<std::size_t>(test::arg(a, 2)), d = static_cast<std::size_t>(test::arg(a, 3));
+                          const auto n = static_cast<std::size_t>(test::arg(a, 2));
+                          const auto d = static_cast<std::size_t>(test::arg(a, 3));
                           return message(content.substr(0, content.size() * n / d), "bad.file");
                       }},
-                     {"missing", [](const Args& a) -> Result { return import_record_file(a.at(1)).error->message(); }}});
+                     {"missing",
+                      [](const Args& a) -> Result { return import_record_file(a.at(1)).error->message(); }}});
 }
 
 // Content no one would write: no crash, no hang, no allocation from a header's claim.
