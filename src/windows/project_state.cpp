@@ -51,6 +51,11 @@ std::vector<double> ProjectState::samples(long record, char component, long firs
     return out;
 }
 
+std::string ProjectState::recordProcessing(long record) const {
+    const compute::ProcessingOptions& options = recordProcessingOptions(record);
+    return options.active() ? compute::processing_summary(options) : "";
+}
+
 void ProjectState::put_samples(long record, long first, const std::array<std::vector<double>, 2>& xy) {
     for (std::size_t c = 0; c < 2; ++c) {
         const char letter = c == 0 ? 'X' : 'Y';

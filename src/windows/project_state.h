@@ -52,9 +52,8 @@ struct ProjectState {
     /// The time step is typed by whoever drives the window (the batch's --dt): the step a file
     /// declares is not offered.
     bool stepTyped = false;
-    /// Processing applied to a record's arrays ("" none), for its caption and export headers.
-    RecordSlots<std::string> recordProcessing;
-    /// The same as options, for Show Diagram to apply again to the record it reads anew.
+    /// Processing applied to a record's arrays (none: off), for Show Diagram to apply again to
+    /// the record it reads anew.
     RecordSlots<compute::ProcessingOptions> recordProcessingOptions;
 
     text::DoubleArray accelX1, accelY1, accelX2, accelY2, accelX3, accelY3;
@@ -67,7 +66,6 @@ struct ProjectState {
     void reset() {
         recordCount = 0;
         componentLetter = "X";
-        recordProcessing = {};
         recordProcessingOptions = {};
     }
 
@@ -80,6 +78,8 @@ struct ProjectState {
     std::vector<double> samples(long record, char component);
     /// The same over lines first .. last (the record in work, before its settings are stored).
     std::vector<double> samples(long record, char component, long first, long last);
+    /// What was applied to a record's arrays ("" none), for its caption and export headers.
+    std::string recordProcessing(long record) const;
     /// Writes X and Y of a record into its arrays (accel and baseAccel) from line `first`; the
     /// samples came from those lines, so they fit.
     void put_samples(long record, long first, const std::array<std::vector<double>, 2>& xy);

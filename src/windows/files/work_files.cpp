@@ -39,12 +39,9 @@ std::string save_txt_dialog(forms::Platform& platform, const std::string& captio
 
 void write_export(const ProjectState& state, const std::string& name, const std::vector<std::string>& lines,
                   const std::vector<std::string>& notes) {
-    std::vector<std::string> noted;
-    if (!notes.empty()) {
-        noted = notes;
-        noted.insert(noted.end(), lines.begin(), lines.end());
-    }
-    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), notes.empty() ? lines : noted);
+    std::vector<std::string> all(notes);
+    all.insert(all.end(), lines.begin(), lines.end());
+    compute::TextFile written = compute::write_text_file(resolve_in_workdir(state, name), all);
     if (!written.ok()) throw text::FileError(written.error, written.description, name, written.reason);
 }
 

@@ -166,25 +166,23 @@ MeasuresWindow::MeasuresWindow(forms::App& app) : Window(app, "frmMeasures", "Gr
     }
 }
 
-void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt,
+void MeasuresWindow::open_record(std::int32_t record, std::int32_t first, double dt,
                                  std::array<std::vector<double>, 2> read) {
     record_ = record;
     first_ = first;
     dt_ = dt;
     view_from_ = 0;
     view_span_ = 1;
-    applied_ = state().recordProcessingOptions(record).active();
-    Undo.set_enabled(applied_);
     set_caption("Ground-motion measures (" + std::to_string(record) + ")");
     // From the tables, never from the project's arrays: the Fourier window uses record 1's
-    // arrays as its scratch space.
+    // arrays as its scratch space. Show Diagram has dropped processing that no longer fits.
     std::array<std::vector<double>, 2> processed;
-    const compute::ProcessingOptions options = state().recordProcessingOptions(record);
-    const bool redone = applied_ && process_pair(read, dt, options, processed).empty();
+    const compute::ProcessingOptions& options = state().recordProcessingOptions(record);
+    applied_ = options.active() && process_pair(read, dt, options, processed).empty();
+    Undo.set_enabled(applied_);
     for (std::size_t c = 0; c < 2; ++c) {
         Component& k = components_[c];
-        k.shown = redone ? std::move(processed[c])
-                         : applied_ ? state().samples(record, c == 0 ? 'X' : 'Y', first, last) : read[c];
+        k.shown = applied_ ? std::move(processed[c]) : read[c];
         k.original = std::move(read[c]);
         k.before = compute::ground_motion_measures(k.original, dt);
     }
@@ -283,14 +281,15 @@ std::vector<DataColumn> MeasuresWindow::drawn_data(const forms::PictureBox& plot
     const auto at = std::find(all.begin(), all.end(), &plot);
     if (at == all.end()) return out;
     const std::size_t panel = static_cast<std::size_t>(at - all.begin());
+    const std::vector<NamedCurve> curves = curves_of(panel);
     std::size_t n = 0;
-    for (const NamedCurve& c : curves_of(panel)) n = std::max(n, c.values->size());
+    for (const NamedCurve& c : curves) n = std::max(n, c.values->size());
     // A chart with no curve drawn gives nothing.
     if (n < 2) return out;
     DataColumn time{"Time (s)", {}};
     for (std::size_t i = 0; i < n; ++i) time.values.push_back(static_cast<double>(i) * dt_);
     out.push_back(std::move(time));
-    for (const NamedCurve& c : curves_of(panel))
+    for (const NamedCurve& c : curves)
         out.push_back({std::string(c.name) + " " + kPanels[panel].quantity, *c.values});
     return out;
 }
@@ -379,7 +378,6 @@ void MeasuresWindow::write_to_project(const std::array<std::vector<double>, 2>& 
     ProjectState& s = state();
     s.put_samples(record_, first_, samples);
     s.recordProcessingOptions(record_) = options;
-    s.recordProcessing(record_) = options.active() ? compute::processing_summary(options) : "";
     if (record_changed) record_changed();
 }
 

@@ -44,11 +44,10 @@ public:
     static constexpr double kPlotWidth = 6000;
     static constexpr double kPlotHeight = 2200;
 
-    /// Takes the record in work: record r of the project, its lines first..last, step dt (s), and
-    /// `read`, X and Y of those lines as read from the tables. A record processed before shows
-    /// processed against them, and Undo gives them back.
-    void open_record(std::int32_t record, std::int32_t first, std::int32_t last, double dt,
-                     std::array<std::vector<double>, 2> read);
+    /// Takes the record in work: record r of the project, step dt (s), and `read`, X and Y of its
+    /// lines from `first` as read from the tables. A record processed before shows processed
+    /// against them, and Undo gives them back.
+    void open_record(std::int32_t record, std::int32_t first, double dt, std::array<std::vector<double>, 2> read);
     /// Called when processing changed the project's record, for the window that shows it.
     std::function<void()> record_changed;
 

@@ -339,7 +339,6 @@ void Form1::apply_processing_again() {
         return;
     }
     s.recordProcessingOptions(r) = {};
-    s.recordProcessing(r).clear();
     set_caption_for_record();
     platform().message_box("The processing applied before does not fit the record now, so it is undone. " + error,
                            forms::MsgButtons::Ok, "Processing", forms::MsgIcon::Exclamation);
@@ -448,7 +447,7 @@ void Form1::cmdMeasures_Click() {
         set_caption_for_record();
         plot_selected();
     };
-    m.open_record(state().currentRecord, firstLine, lastLine, val(xstep.text()), read_samples());
+    m.open_record(state().currentRecord, firstLine, val(xstep.text()), read_samples());
     m.show();
 }
 
