@@ -188,7 +188,8 @@ int run_nsp(const std::vector<std::string>& args, std::ostream& out, std::ostrea
     std::optional<nsp::Demand> design;
     if (auto v = o.get("design")) {
         const auto p = split_list(*v);
-        const std::vector<std::string> soils{"I", "II", "III", "IV"}, hazards{"low", "moderate", "high", "very-high"};
+        const std::vector<std::string>& soils = kSoilNames;
+        const std::vector<std::string>& hazards = kHazardNames;
         const auto soil = p.empty() ? soils.end() : std::find(soils.begin(), soils.end(), p[0]);
         const auto hazard = p.size() < 2 ? hazards.end() : std::find(hazards.begin(), hazards.end(), p[1]);
         if ((p.size() == 2 || p.size() == 3) && soil != soils.end() && hazard != hazards.end()) {

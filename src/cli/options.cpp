@@ -64,6 +64,9 @@ std::optional<int> parse_command(const std::vector<std::string>& args, const Opt
     return std::nullopt;
 }
 
+const std::vector<std::string> kSoilNames{"I", "II", "III", "IV"};
+const std::vector<std::string> kHazardNames{"low", "moderate", "high", "very-high"};
+
 std::vector<std::string> split_list(const std::string& text) {
     std::vector<std::string> out;
     std::size_t start = 0;

@@ -42,6 +42,11 @@ std::optional<int> parse_command(const std::vector<std::string>& args, const Opt
 /// Prints "tremorvault-cli COMMAND: WHY" and the usage on standard error; returns 2.
 int usage_error(std::ostream& err, const std::string& command, const std::string& why, const std::string& usage);
 
+/// The design spectrum's soils and hazards as the options name them, in the order of the
+/// program's own lists.
+extern const std::vector<std::string> kSoilNames;
+extern const std::vector<std::string> kHazardNames;
+
 /// Splits "T1,T2,T3" into its texts (a value without commas is one text).
 std::vector<std::string> split_list(const std::string& text);
 

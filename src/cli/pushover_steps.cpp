@@ -55,7 +55,8 @@ std::optional<int> parse_pushover_choices(const ParsedOptions& o, const std::str
                                           std::ostream& err, PushoverChoices& c) {
     if (auto v = o.get("sa-code")) {
         c.sa_code = split_list(*v);
-        const std::vector<std::string> soils{"I", "II", "III", "IV"}, hazards{"low", "high"};
+        const std::vector<std::string>& soils = kSoilNames;
+        const std::vector<std::string> hazards{"low", "high"};
         if (c.sa_code.size() != 2 || std::find(soils.begin(), soils.end(), c.sa_code[0]) == soils.end() ||
             std::find(hazards.begin(), hazards.end(), c.sa_code[1]) == hazards.end())
             return usage_error(err, command,

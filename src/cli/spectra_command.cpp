@@ -80,8 +80,8 @@ int run_spectra(const std::vector<std::string>& args, std::ostream& out, std::os
     const std::string hazard = o.get("hazard").value_or("low");
     const std::string soil = o.get("soil").value_or("I");
     const std::string measure = o.get("measure").value_or("psa");
-    const std::vector<std::string> hazards{"low", "moderate", "high", "very-high"};
-    const std::vector<std::string> soils{"I", "II", "III", "IV"};
+    const std::vector<std::string>& hazards = kHazardNames;
+    const std::vector<std::string>& soils = kSoilNames;
     const std::vector<std::string> measures{"psa", "sd", "psv", "sv", "rotd50", "rotd100"};
     const bool rotated = measure == "rotd50" || measure == "rotd100";
     const std::string rule = o.get("rule").value_or("srss");
