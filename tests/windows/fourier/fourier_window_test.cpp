@@ -8,6 +8,7 @@
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "windows/fourier/fourier_window.h"
+#include "windows/measures/measures_window.h"
 #include "windows/project/project_fixture.h"
 
 namespace tv::test {
@@ -157,6 +158,18 @@ TEST_F(FourierTest, ATinyPeriodOverflowsTheCalculator) {
     EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");
     EXPECT_EQ(f13.Text2.text(), "");
     EXPECT_FALSE(f13.Command2.enabled());
+}
+
+// GO--! takes record 1's arrays as scratch space; the measures window still measures the record.
+TEST_F(FourierTest, MeasuresAfterAFourierRunAreTheRecordsOwn) {
+    open_sine();
+    auto measured_pga = [this] {
+        program.run([&] { form1().cmdMeasures.press(); });
+        return program.form<windows::MeasuresWindow>().shown_measures('X')->pga;
+    };
+    const double pga = measured_pga();
+    go("100");
+    EXPECT_EQ(measured_pga(), pga);
 }
 
 }  // namespace
