@@ -80,12 +80,14 @@ NspInputs read_example(const fs::path& file, std::vector<Expectation>& expect) {
             } else {
                 double c, Cv = 0;
                 value >> c;
-                if (kind == "ca_cv") value >> Cv;  // ATC-40 Ca and Cv: min(2.5 Ca, Cv / T), Ts = Cv / 2.5 Ca
+                if (kind == "ca_cv") value >> Cv;
                 value >> in.demand.T_min >> in.demand.T_max;
-                if (kind == "ca_cv") in.csm.T0 = Cv / (2.5 * c);
                 if (kind == "constant") in.demand.Sa = [c](double) { return c; };
                 if (kind == "velocity") in.demand.Sa = [c](double T) { return c / T; };
-                if (kind == "ca_cv") in.demand.Sa = [c, Cv](double T) { return std::min(2.5 * c, Cv / T); };
+                if (kind == "ca_cv") {  // ATC-40's Ca and Cv; the velocity range from Ts = Cv / 2.5 Ca
+                    in.demand.Sa = [c, Cv](double T) { return std::min(2.5 * c, Cv / T); };
+                    in.csm.T0 = Cv / (2.5 * c);
+                }
             }
         } else {
             double v;
