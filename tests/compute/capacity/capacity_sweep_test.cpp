@@ -48,7 +48,9 @@ struct Sweep {
             sweep.row(step, [&] { return test::number(Sa); }, rows.back());
         }
     }
-    const SweepRow& operator[](const std::string& i) const { return rows.at(static_cast<std::size_t>(std::stoi(i) - 1)); }
+    const SweepRow& operator[](const std::string& i) const {
+        return rows.at(static_cast<std::size_t>(std::stoi(i) - 1));
+    }
 };
 
 Result value(double x) { return std::isnan(x) ? Result(std::string("not reached")) : Result(x); }
