@@ -1,12 +1,13 @@
-// The spectra area's small rules, kept as data in tests/golden/tables/spectra.txt: the
-// oscillator's coefficients, the measure the ticks choose, and the comparison's steps on short
-// spectra.
+// The spectra area's small rules, kept as data in tests/golden/tables/spectra.txt: the period
+// grid, the oscillator's coefficients, the measure the ticks choose, and the comparison's steps
+// on short spectra.
 #include <gtest/gtest.h>
 
 #include <map>
 #include <sstream>
 
 #include "compute/spectra/comparison.h"
+#include "compute/spectra/period_grid.h"
 #include "compute/spectra/response_integrator.h"
 #include "support/tables.h"
 #include "text/runtime_error.h"
@@ -62,6 +63,25 @@ const std::map<std::string, double OscillatorCoefficients::*> kCoefficients{
 
 TEST(SpectraTables, EveryCaseGivesItsResult) {
     test::run_table("spectra.txt", {
+        {"period_count", [](const Args& a) -> Result { return double(period_count(arg(a, 1), arg(a, 2))); }},
+        {"period_of_index", [](const Args& a) -> Result { return period_of_index(long(arg(a, 1)), arg(a, 2)); }},
+        {"index_of_period", [](const Args& a) -> Result { return double(index_of_period(arg(a, 1), arg(a, 2))); }},
+        // The passes "k:T ..." of tStart tEnd step, counted or upward; passes_count: their number
+        // and the last.
+        {"passes", [](const Args& a) -> Result {
+             std::string out;
+             PeriodGrid{arg(a, 1), arg(a, 2), arg(a, 3), 0, a.at(4) == "upward"}.each([&](long k, double T) {
+                 out += (out.empty() ? "" : " ") + std::to_string(k) + ":" + test::shortest(T);
+             });
+             return out;
+         }},
+        {"passes_count", [](const Args& a) -> Result {
+             std::string out;
+             PeriodGrid{arg(a, 1), arg(a, 2), arg(a, 3), 0, a.at(4) == "upward"}.each([&](long k, double T) {
+                 out = std::to_string(k) + ", the last " + test::shortest(T);
+             });
+             return out;
+         }},
         {"oscillator", [](const Args& a) -> Result {
              return oscillator_coefficients(arg(a, 1), arg(a, 2), arg(a, 3)).*kCoefficients.at(a.at(4));
          }},
