@@ -5,13 +5,13 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <fstream>
 #include <functional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "text/number_text.h"
 #include "support/errors.h"
 
@@ -31,12 +31,7 @@ struct LoadedRecord {
 
 LoadedRecord load_record(const std::string& path) {
     LoadedRecord r;
-    std::ifstream in(path, std::ios::binary);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        lines.push_back(line);
-    }
+    const std::vector<std::string> lines = test::lines_of(path);
     r.last = static_cast<std::int32_t>(lines.size());
     r.accel.redim(r.last);
     for (std::int32_t i = r.first; i <= r.last; ++i) r.accel(i) = text::val(lines[static_cast<std::size_t>(i - 1)]);
