@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "support/files.h"
+#include "support/arrays.h"
 #include "support/tables.h"
 #include "text/runtime_error.h"
 #include "support/errors.h"
@@ -36,12 +37,6 @@ struct Points {
     }
 };
 
-std::string listed(const text::DoubleArray& a) {
-    std::string out;
-    for (long i = 0; i <= a.ubound(); ++i) out += (i ? " " : "") + test::shortest(a(i));
-    return out;
-}
-
 // Sa found at q on the arrays, or none.
 Result searched(const text::DoubleArray& aux, const text::DoubleArray& sa, double q) {
     std::optional<double> v;
@@ -59,7 +54,7 @@ TEST(DemandSpectrum, EveryCaseGivesItsResult) {
         {"lines", [](const Args& a) -> Result {
              text::DoubleArray aux, sa;
              read_period_sa_lines(std::vector<std::string>(a.begin() + 1, a.end()), aux, sa);
-             return listed(aux) + " / " + listed(sa);
+             return test::listed(aux) + " / " + test::listed(sa);
          }},
         {"search", [](const Args& a) { return searched(Points().aux, Points().sa, arg(a, 1)); }},
         {"search_lines", [](const Args& a) {

@@ -9,6 +9,7 @@
 #include "compute/spectra/comparison.h"
 #include "compute/spectra/period_grid.h"
 #include "compute/spectra/response_integrator.h"
+#include "support/arrays.h"
 #include "support/tables.h"
 #include "text/runtime_error.h"
 
@@ -36,12 +37,6 @@ DoubleArray array(const std::string& word) {
     return a;
 }
 
-std::string listed(const DoubleArray& a) {
-    std::string out;
-    for (long i = 0; a.allocated() && i <= a.ubound(); ++i) out += (i ? " " : "") + test::shortest(a(i));
-    return out;
-}
-
 // What a step leaves in its arrays, and the run-time error it raised on the way.
 template <typename F>
 Result leaves(F&& step, const std::vector<const DoubleArray*>& arrays) {
@@ -52,7 +47,7 @@ Result leaves(F&& step, const std::vector<const DoubleArray*>& arrays) {
         error = " | error " + std::to_string(e.number());
     }
     std::string out;
-    for (const DoubleArray* a : arrays) out += (out.empty() ? "" : " / ") + listed(*a);
+    for (const DoubleArray* a : arrays) out += (out.empty() ? "" : " / ") + test::listed(*a);
     return out + error;
 }
 
