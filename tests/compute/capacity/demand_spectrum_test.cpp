@@ -63,6 +63,21 @@ TEST(DemandSpectrum, EveryCaseGivesItsResult) {
              return searched(aux, sa, arg(a, 1));
          }},
         {"search_never_made", [](const Args& a) { return searched(text::DoubleArray{}, Points().sa, arg(a, 1)); }},
+        // The short spectrum of soil I, A 1, filled from tstart to tend by xstep: the count, then
+        // index, period and ordinate at 0, 1 and the upper bound; the error raised on the way.
+        {"fill", [](const Args& a) -> Result {
+             std::int32_t count = 0;
+             text::DoubleArray sa, aux;
+             const int error = error_of([&] { fill_demand_spectrum(count, sa, aux, arg(a, 1), arg(a, 2), arg(a, 3),
+                                                                   short_of(1.0, kSoilI)); });
+             std::string out = "count " + std::to_string(count);
+             const long last = aux.allocated() ? aux.ubound() : -1;
+             for (long i : {0L, 1L, last}) {
+                 if (i < 0 || i > last) continue;
+                 out += " | " + std::to_string(i) + ": " + test::shortest(aux(i)) + " " + test::shortest(sa(i));
+             }
+             return out + (error ? " | error " + std::to_string(error) : "");
+         }},
         // Sa at period T with tend and xstep, from 9 before.
         {"calculare", [](const Args& a) -> Result {
              double sa = 9.0;
@@ -71,37 +86,6 @@ TEST(DemandSpectrum, EveryCaseGivesItsResult) {
              return sa;
          }},
     });
-}
-
-TEST(FillDemandSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux;
-    fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, short_of(1.0, kSoilI));
-    EXPECT_EQ(specCount, 200);
-    EXPECT_EQ(aux.ubound(), 200);
-    // Pass 1 works at T = 0.01 but stores the period 0.02.
-    EXPECT_EQ(aux(1), 0.02);
-    EXPECT_DOUBLE_EQ(sa(1), 1.0 + 1.5 * 0.01 / 0.1);
-    EXPECT_EQ(aux(200), 4.0);
-    EXPECT_GT(sa(200), 0.0);
-    EXPECT_EQ(aux(0), 0.0);
-}
-
-TEST(FillDemandSpectrum, FailuresOfTheStepAndTheBounds) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux;
-    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.0, short_of(1.0, kSoilI)); }),
-              text::kDivisionByZero);
-    // 0.02 / 0.02: an array 1..1 is taken, 0.005 / 0.02 rounds to 0: an array 1..0 is refused.
-    fill_demand_spectrum(specCount, sa, aux, 0.01, 0.02, 0.02, short_of(1.0, kSoilI));
-    EXPECT_EQ(aux(1), 0.02);
-    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 0.005, 0.02, short_of(1.0, kSoilI)); }),
-              text::kSubscript);
-    // Starting too low runs one pass more than the array holds; the earlier passes stay.
-    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.0, 0.1, 0.02, short_of(1.0, kSoilI)); }),
-              text::kSubscript);
-    EXPECT_EQ(specCount, 5);
-    EXPECT_EQ(aux(5), 0.1);
 }
 
 TEST(ReadPeriodSaFile, MissingFileChangesNothing) {
