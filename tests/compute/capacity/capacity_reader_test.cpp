@@ -5,7 +5,6 @@
 #include "support/files.h"
 #include "support/tables.h"
 #include "text/number_text.h"
-#include "text/runtime_error.h"
 
 namespace tv::compute {
 namespace {

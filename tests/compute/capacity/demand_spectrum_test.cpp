@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 
 #include "support/files.h"
 #include "support/arrays.h"

@@ -6,12 +6,10 @@
 
 #include <bit>
 #include <cmath>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
 
-#include "support/fake_platform.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
