@@ -28,8 +28,8 @@ std::pair<SpectrumConstants, HazardGroup> soil_group(const test::TableArgs& a) {
     return {spectrum_constants(soil, g), g};
 }
 
-// design_spectrum(T, A) of a soil and a hazard group, and Show Diagram's loop: the cases are
-// data in tests/golden/tables/design_spectrum.txt.
+// design_spectrum(T, A) of a soil and a hazard group, Show Diagram's loop and the spectrum file:
+// the cases are data in tests/golden/tables/design_spectrum.txt.
 TEST(DesignSpectrum, WorkedValuesAndBranchEdges) {
     test::run_table("design_spectrum.txt", {
         {"sa", [](const test::TableArgs& a) -> test::TableResult {
@@ -52,6 +52,27 @@ TEST(DesignSpectrum, WorkedValuesAndBranchEdges) {
                  out += " | " + i + ": " + test::shortest(sa(std::stol(i)));
              return out + (error ? " | error " + std::to_string(error) : "");
          }},
+        // A spectrum file of these bytes (or missing, or a folder) read for tEnd and step, from a
+        // count of 2 and an array 0..2 holding 0, 9, 0: the count, the array, the error raised.
+        {"file", [](const test::TableArgs& a) -> test::TableResult {
+             const test::TempDir dir;
+             const std::string path = a.at(1) == "missing" ? dir.file("none.txt")
+                                      : a.at(1) == "folder" ? dir.path().string()
+                                                            : dir.write("spectrum.txt", a.at(1));
+             DoubleArray sa(2);
+             sa(1) = 9;
+             std::int32_t count = 2;
+             std::string error;
+             try {
+                 read_spectrum_file(path, test::arg(a, 2), test::arg(a, 3), sa, count);
+             } catch (const RuntimeError& e) {
+                 error = " | error " + std::to_string(e.number()) + " " + e.description();
+             }
+             std::string out = "count " + std::to_string(count) + " | " + test::listed(sa) + error;
+             for (std::size_t at; (at = out.find(dir.path().string())) != std::string::npos;)
+                 out.replace(at, dir.path().string().size(), "DIR");
+             return out;
+         }},
     });
 }
 
@@ -61,45 +82,6 @@ TEST(DesignSpectrum, ScaleIsAPlainMultiplier) {
     for (double T : {0.0, 0.05, 0.15, 0.5, 0.7, 1.3, 4.0, 6.0})
         EXPECT_DOUBLE_EQ(design_spectrum(T, 0.35, k, g), 0.35 * design_spectrum(T, 1, k, g)) << T;
     EXPECT_EQ(error_of([&] { design_spectrum(1, 1e308, k, g); }), text::kOverflow);
-}
-
-class SpectrumFile : public ::testing::Test {
-protected:
-    std::string write(const std::string& body) { return dir_.write("spectrum.txt", body); }
-    test::TempDir dir_;
-};
-
-TEST_F(SpectrumFile, OneOrdinatePerLineByTheLeadingNumber) {
-    DoubleArray sa;
-    std::int32_t count = 0;
-    read_spectrum_file(write("0.5\r\n 0.75 g\r\nabc\n1E-1\r2.5"), 0.1, 0.01, sa, count);
-    EXPECT_EQ(count, 10);
-    // No number on line 3; a short file leaves the rest 0.
-    EXPECT_EQ(test::listed(sa), "0 0.5 0.75 0 0.1 2.5 0 0 0 0 0");
-}
-
-TEST_F(SpectrumFile, ExtraLinesAreIgnored) {
-    DoubleArray sa;
-    std::int32_t count = 0;
-    read_spectrum_file(write("1\n2\n3\n4\n5\n"), 0.03, 0.01, sa, count);
-    EXPECT_EQ(count, 3);
-    EXPECT_EQ(test::listed(sa), "0 1 2 3");
-}
-
-TEST_F(SpectrumFile, MissingFileChangesNothing) {
-    DoubleArray sa(2);
-    sa(1) = 9;
-    std::int32_t count = 2;
-    try {
-        read_spectrum_file(dir_.file("none.txt"), 4, 0.01, sa, count);
-        FAIL();
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.number(), text::kFileNotFound);
-        EXPECT_EQ(e.description().rfind("File not found: ", 0), 0u);  // with the file's name
-    }
-    EXPECT_EQ(count, 2);
-    EXPECT_EQ(sa(1), 9);
-    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.path().string(), 4, 0.01, sa, count); }), 75);
 }
 
 }  // namespace
