@@ -55,26 +55,17 @@ double binary_fraction(std::mt19937_64& rng) {
     return std::ldexp(k, -j(rng));
 }
 
-// val(to_text(x)), or 0 with overflow set when it raises.
-double read_back(const std::string& s, bool& overflow) {
-    overflow = false;
-    try {
-        return val(s);
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.number(), kOverflow);
-        overflow = true;
-        return 0;
-    }
-}
-
 void check_round_trip(double x) {
     const std::string s = to_text(x);
     if (x != 0) {
         ASSERT_EQ(s, printf_g15(x)) << std::hexfloat << x;
     }
-    bool overflow = false;
-    const double v = read_back(s, overflow);
-    if (overflow) {
+    double v = 0;
+    try {
+        v = val(s);
+    } catch (const RuntimeError& e) {
+        // Next to the largest double the text reads back as an overflow, as the other roads do.
+        ASSERT_EQ(e.number(), kOverflow) << s;
         ASSERT_THROW(round15(x), RuntimeError) << s;
         ASSERT_THROW(to_double(s), RuntimeError) << s;
         return;
