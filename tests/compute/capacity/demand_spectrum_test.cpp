@@ -55,6 +55,15 @@ TEST(DemandSpectrum, EveryCaseGivesItsResult) {
              read_period_sa_lines(std::vector<std::string>(a.begin() + 1, a.end()), aux, sa);
              return test::listed(aux) + " / " + test::listed(sa);
          }},
+        // A file of these bytes, or none, read into periods 0..3 holding 0, 7, 0, 0 and Sa 0..3.
+        {"file", [](const Args& a) -> Result {
+             const test::TempDir dir;
+             const std::string path = a.at(1) == "missing" ? dir.file("none.txt") : dir.write("s.txt", a.at(1));
+             text::DoubleArray aux(3), sa(3);
+             aux(1) = 7.0;
+             const int error = error_of([&] { read_period_sa_file(path, aux, sa); });
+             return test::listed(aux) + " / " + test::listed(sa) + (error ? " | error " + std::to_string(error) : "");
+         }},
         {"search", [](const Args& a) { return searched(Points().aux, Points().sa, arg(a, 1)); }},
         {"search_lines", [](const Args& a) {
              text::DoubleArray aux, sa;
@@ -85,19 +94,6 @@ TEST(DemandSpectrum, EveryCaseGivesItsResult) {
              return sa;
          }},
     });
-}
-
-TEST(ReadPeriodSaFile, MissingFileChangesNothing) {
-    test::TempDir dir;
-    text::DoubleArray aux(3), sa(3);
-    aux(1) = 7.0;
-    EXPECT_EQ(error_of([&] { read_period_sa_file((dir.path() / "no.txt").string(), aux, sa); }),
-              text::kFileNotFound);
-    EXPECT_EQ(aux(1), 7.0);
-    std::string path = dir.write("s.txt", "0.1\t0.5\r\n0.2\t0.6\r\n");
-    read_period_sa_file(path, aux, sa);
-    EXPECT_EQ(aux.ubound(), 3);
-    EXPECT_EQ(sa(2), 0.6);
 }
 
 }  // namespace
