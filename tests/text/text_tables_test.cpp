@@ -18,6 +18,13 @@ using Result = test::TableResult;
 double n(const Args& a, int i) { return number(a.at(i)); }
 int whole(const Args& a, int i) { return static_cast<int>(number(a.at(i))); }
 
+DoubleArray array_0_0_20_30() {
+    DoubleArray a(3);
+    a(2) = 20;
+    a(3) = 30;
+    return a;
+}
+
 TEST(TextTables, EveryCaseGivesItsResult) {
     test::run_table("text.txt", {
         {"to_text", [](const Args& a) -> Result { return to_text(n(a, 1)); }},
@@ -44,6 +51,9 @@ TEST(TextTables, EveryCaseGivesItsResult) {
         {"log", [](const Args& a) -> Result { return log_(n(a, 1)); }},
         {"pow", [](const Args& a) -> Result { return pow_(n(a, 1), n(a, 2)); }},
         {"error_description", [](const Args& a) -> Result { return error_description(whole(a, 1)); }},
+        // Element i of the array 0..3 holding 0, 0, 20, 30; index_at: the index a double rounds to.
+        {"index", [](const Args& a) -> Result { return array_0_0_20_30()(std::stol(a.at(1))); }},
+        {"index_at", [](const Args& a) -> Result { return array_0_0_20_30().at(n(a, 1)); }},
     });
 }
 

@@ -5,7 +5,6 @@
 #include "support/files.h"
 #include "support/tables.h"
 #include "text/number_text.h"
-#include "text/runtime_error.h"
 
 namespace tv::compute {
 namespace {
@@ -25,8 +24,15 @@ std::string joined(const CapacityFields& f) {
     return s;
 }
 
-// The capacity table's lines cleaned, cut and read: the cases are data in
-// tests/golden/tables/capacity_lines.txt.
+// The error, then each row's fields and point.
+std::string table_text(const CapacityTable& t) {
+    std::string s = t.ok() ? "ok" : "error " + std::to_string(t.error) + " " + t.description;
+    for (const CapacityRow& r : t.rows) s += "; " + joined(r.fields) + " = " + point_text(r.point);
+    return s;
+}
+
+// The capacity table's lines cleaned, cut and read, from lines and from files: the cases are
+// data in tests/golden/tables/capacity_lines.txt.
 TEST(CapacityLines, EveryCaseGivesItsResult) {
     using Args = test::TableArgs;
     using Result = test::TableResult;
@@ -43,30 +49,18 @@ TEST(CapacityLines, EveryCaseGivesItsResult) {
          }},
         // The lines of a file, each a word: the error, then each row's fields and point.
         {"parse", [](const Args& a) -> Result {
-             const CapacityTable t = parse_capacity_lines(Lines(a.begin() + 1, a.end()));
-             std::string s = t.ok() ? "ok" : "error " + std::to_string(t.error) + " " + t.description;
-             for (const CapacityRow& r : t.rows) s += "; " + joined(r.fields) + " = " + point_text(r.point);
-             return s;
+             return table_text(parse_capacity_lines(Lines(a.begin() + 1, a.end())));
+         }},
+        // A file of these bytes read, or a file that is not there (DIR/none.txt).
+        {"file", [](const Args& a) -> Result {
+             test::TempDir dir;
+             const bool missing = a.at(1) == "missing";
+             const std::string path = missing ? dir.file("none.txt") : dir.write("c.txt", a.at(1));
+             std::string out = table_text(read_capacity_file(path));
+             if (missing) out.replace(out.find(dir.path().string()), dir.path().string().size(), "DIR");
+             return out;
          }},
     });
-}
-
-TEST(ReadCapacityFile, MissingFileIsError53) {
-    test::TempDir dir;
-    CapacityTable t = read_capacity_file((dir.path() / "none.txt").string());
-    EXPECT_EQ(t.error, text::kFileNotFound);
-    EXPECT_TRUE(t.rows.empty());
-}
-
-TEST(ReadCapacityFile, CrLfLinesAndTheTableCells) {
-    test::TempDir dir;
-    std::string path = dir.write("cap.txt",
-                                 "Demand Capacity\r\n Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi\r\n"
-                                 " 0 0.40 5 0 0 0 0 0 1.3\r\n 1 0.42 5 10.5 0.25 11 0.24 0.9 1.3\r\n");
-    CapacityTable t = read_capacity_file(path);
-    ASSERT_TRUE(t.ok());
-    ASSERT_EQ(t.rows.size(), 2u);
-    EXPECT_EQ(t.rows[1].fields[8], " 1.3");
 }
 
 }  // namespace

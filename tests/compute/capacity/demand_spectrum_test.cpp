@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 
 #include "support/files.h"
+#include "support/arrays.h"
+#include "support/tables.h"
 #include "text/runtime_error.h"
 #include "support/errors.h"
 
@@ -21,142 +22,78 @@ std::function<double(double)> short_of(double A, ShortSpectrumConstants c) {
 }
 
 using tv::test::error_of;
+using Args = test::TableArgs;
+using Result = test::TableResult;
+using test::arg;
 
-TEST(ShortSpectrum, ThreeBranchesWithoutS0AndWithoutN) {
-    // Rising branch from A at T = 0, not from S0 A.
-    EXPECT_DOUBLE_EQ(short_spectrum(0.0, 0.3, kSoilII), 0.3);
-    EXPECT_DOUBLE_EQ(short_spectrum(0.05, 0.3, kSoilII), 0.3 * 1.75);
-    // Both corners belong to the plateau 2.5 A.
-    EXPECT_DOUBLE_EQ(short_spectrum(0.1, 0.3, kSoilII), 0.75);
-    EXPECT_DOUBLE_EQ(short_spectrum(0.5, 0.3, kSoilII), 0.75);
-    // Beyond Ts the two-thirds power: 0.75 * 0.5^(2/3) = 0.47247, where the full code form
-    // with its long-period factor gives 0.4125.
-    EXPECT_NEAR(short_spectrum(1.0, 0.3, kSoilII), 0.4724703937105774, 1e-15);
-    EXPECT_EQ(short_spectrum(1.0, 0.3, kSoilII), 0.75 * std::pow(0.5, 2.0 / 3.0));
-    EXPECT_EQ(short_spectrum(-0.01, 0.3, kSoilII), 0.0);
-}
-
-TEST(FillDemandSpectrum, StoresThePeriodOfTheIndexNotTheLoopPeriod) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux;
-    fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.02, short_of(1.0, kSoilI));
-    EXPECT_EQ(specCount, 200);
-    EXPECT_EQ(aux.ubound(), 200);
-    // Pass 1 works at T = 0.01 but stores the period 0.02.
-    EXPECT_EQ(aux(1), 0.02);
-    EXPECT_DOUBLE_EQ(sa(1), 1.0 + 1.5 * 0.01 / 0.1);
-    EXPECT_EQ(aux(200), 4.0);
-    EXPECT_GT(sa(200), 0.0);
-    EXPECT_EQ(aux(0), 0.0);
-}
-
-TEST(FillDemandSpectrum, FailuresOfTheStepAndTheBounds) {
-    std::int32_t specCount = 0;
-    text::DoubleArray sa, aux;
-    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 4.0, 0.0, short_of(1.0, kSoilI)); }),
-              text::kDivisionByZero);
-    // 0.02 / 0.02: an array 1..1 is taken, 0.005 / 0.02 rounds to 0: an array 1..0 is refused.
-    fill_demand_spectrum(specCount, sa, aux, 0.01, 0.02, 0.02, short_of(1.0, kSoilI));
-    EXPECT_EQ(aux(1), 0.02);
-    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.01, 0.005, 0.02, short_of(1.0, kSoilI)); }),
-              text::kSubscript);
-    // Starting too low runs one pass more than the array holds; the earlier passes stay.
-    EXPECT_EQ(error_of([&] { fill_demand_spectrum(specCount, sa, aux, 0.0, 0.1, 0.02, short_of(1.0, kSoilI)); }),
-              text::kSubscript);
-    EXPECT_EQ(specCount, 5);
-    EXPECT_EQ(aux(5), 0.1);
-}
-
-TEST(ReadPeriodSaLines, OneOrTwoSeparatorsWorkThreeDoNot) {
-    text::DoubleArray aux, sa;
-    read_period_sa_lines({"0.1\t0.5", "0.2  0.6", "0.3   0.7", "0.4 \t0.8"}, aux, sa);
-    ASSERT_EQ(aux.ubound(), 5);
-    EXPECT_EQ(aux(1), 0.1);
-    EXPECT_EQ(sa(1), 0.5);
-    EXPECT_EQ(aux(2), 0.2);
-    EXPECT_EQ(sa(2), 0.6);
-    // The third separator stores a period of 0 over the period.
-    EXPECT_EQ(aux(3), 0.0);
-    EXPECT_EQ(sa(3), 0.7);
-    EXPECT_EQ(aux(4), 0.4);
-    EXPECT_EQ(sa(4), 0.8);
-    // Grown after every line: the last element stays 0.
-    EXPECT_EQ(aux(5), 0.0);
-    EXPECT_EQ(sa(5), 0.0);
-}
-
-TEST(ReadPeriodSaFile, MissingFileChangesNothing) {
-    test::TempDir dir;
-    text::DoubleArray aux(3), sa(3);
-    aux(1) = 7.0;
-    EXPECT_EQ(error_of([&] { read_period_sa_file((dir.path() / "no.txt").string(), aux, sa); }),
-              text::kFileNotFound);
-    EXPECT_EQ(aux(1), 7.0);
-    std::string path = dir.write("s.txt", "0.1\t0.5\r\n0.2\t0.6\r\n");
-    read_period_sa_file(path, aux, sa);
-    EXPECT_EQ(aux.ubound(), 3);
-    EXPECT_EQ(sa(2), 0.6);
-}
-
-// Periods 0.1 .. 0.4 with a repeated 0.2.
+// Periods 0.1 .. 0.4 with a repeated 0.2 (index 0 holds 0, 0).
 struct Points {
     text::DoubleArray aux{5}, sa{5};
     Points() {
         const double x[] = {0, 0.1, 0.2, 0.2, 0.3, 0.4};
         const double y[] = {0, 1.0, 2.0, 5.0, 3.0, 4.0};
-        for (long j = 0; j <= 5; ++j) {
-            aux(j) = x[j];
-            sa(j) = y[j];
-        }
-    }
-    std::optional<double> at(double q) const {
-        std::optional<double> v;
-        search_sa(aux, sa, q, [&](double x) { v = x; });
-        return v;
+        for (long j = 0; j <= 5; ++j) aux(j) = x[j], sa(j) = y[j];
     }
 };
 
-TEST(SearchSa, ExactMatchesAndInterpolationWithoutTolerance) {
-    Points p;
-    EXPECT_EQ(p.at(0.1), 1.0);
-    EXPECT_DOUBLE_EQ(*p.at(0.15), 1.5);
-    // A later matching point overwrites the earlier one.
-    EXPECT_EQ(p.at(0.2), 5.0);
-    EXPECT_DOUBLE_EQ(*p.at(0.25), 4.0);
-    // 0.1 + 0.2 is not the stored 0.3: no match, but a point on the line just after it.
-    EXPECT_EQ(p.at(0.3), 3.0);
-    EXPECT_GT(*p.at(0.1 + 0.2), 3.0);
+// Sa found at q on the arrays, or none.
+Result searched(const text::DoubleArray& aux, const text::DoubleArray& sa, double q) {
+    std::optional<double> v;
+    search_sa(aux, sa, q, [&](double x) { v = x; });
+    return v ? Result(*v) : Result(std::monostate());
 }
 
-TEST(SearchSa, BlindSpotsAndTheZeroPeriod) {
-    Points p;
-    // The last stored point is only the right end of an interval.
-    EXPECT_FALSE(p.at(0.4));
-    EXPECT_FALSE(p.at(0.5));
-    // Between 0 and the first period there is no interval.
-    EXPECT_FALSE(p.at(0.05));
-    EXPECT_EQ(p.at(0.0), 0.0);
-}
-
-TEST(SearchSa, ZeroPeriodAgainstTheZeroTailOfAFileFails) {
-    text::DoubleArray aux, sa;
-    read_period_sa_lines({"0.1 0.5", "0.2 0.6"}, aux, sa);
-    // The line from (0, 0) to the empty last point is 0 / 0.
-    EXPECT_EQ(error_of([&] { search_sa(aux, sa, 0.0, [](double) {}); }), text::kOverflow);
-    EXPECT_EQ(error_of([&] { search_sa(text::DoubleArray{}, sa, 0.1, [](double) {}); }), text::kSubscript);
-}
-
-TEST(CalculareSaPeriod, OnePeriodAndItsBlindSpots) {
-    Points p;
-    double sa = 9.0;
-    calculare_sa_period(sa, p.aux, p.sa, 0.25, 4.0, 0.01);
-    EXPECT_DOUBLE_EQ(sa, 4.0);
-    calculare_sa_period(sa, p.aux, p.sa, 0.4, 4.0, 0.01);
-    EXPECT_EQ(sa, 0.0);
-    // With tend / xstep = 1 the search never runs.
-    calculare_sa_period(sa, p.aux, p.sa, 0.25, 0.01, 0.01);
-    EXPECT_EQ(sa, 0.0);
-    EXPECT_EQ(error_of([&] { calculare_sa_period(sa, p.aux, p.sa, 0.25, 4.0, 0.0); }), text::kDivisionByZero);
+// The short spectrum, the period and Sa lines read, the search on Points or on lines read, and
+// one period's Sa: the cases are data in tests/golden/tables/demand_spectrum.txt.
+TEST(DemandSpectrum, EveryCaseGivesItsResult) {
+    test::run_table("demand_spectrum.txt", {
+        {"short", [](const Args& a) -> Result {
+             return short_spectrum(arg(a, 1), arg(a, 2), a.at(3) == "I" ? kSoilI : kSoilII);
+         }},
+        {"lines", [](const Args& a) -> Result {
+             text::DoubleArray aux, sa;
+             read_period_sa_lines(std::vector<std::string>(a.begin() + 1, a.end()), aux, sa);
+             return test::listed(aux) + " / " + test::listed(sa);
+         }},
+        // A file of these bytes, or none, read into periods 0..3 holding 0, 7, 0, 0 and Sa 0..3.
+        {"file", [](const Args& a) -> Result {
+             const test::TempDir dir;
+             const std::string path = a.at(1) == "missing" ? dir.file("none.txt") : dir.write("s.txt", a.at(1));
+             text::DoubleArray aux(3), sa(3);
+             aux(1) = 7.0;
+             const int error = error_of([&] { read_period_sa_file(path, aux, sa); });
+             return test::listed(aux) + " / " + test::listed(sa) + (error ? " | error " + std::to_string(error) : "");
+         }},
+        {"search", [](const Args& a) { return searched(Points().aux, Points().sa, arg(a, 1)); }},
+        {"search_lines", [](const Args& a) {
+             text::DoubleArray aux, sa;
+             read_period_sa_lines(std::vector<std::string>(a.begin() + 2, a.end()), aux, sa);
+             return searched(aux, sa, arg(a, 1));
+         }},
+        {"search_never_made", [](const Args& a) { return searched(text::DoubleArray{}, Points().sa, arg(a, 1)); }},
+        // The short spectrum of soil I, A 1, filled from tstart to tend by xstep: the count, then
+        // index, period and ordinate at 0, 1 and the upper bound; the error raised on the way.
+        {"fill", [](const Args& a) -> Result {
+             std::int32_t count = 0;
+             text::DoubleArray sa, aux;
+             const int error = error_of([&] { fill_demand_spectrum(count, sa, aux, arg(a, 1), arg(a, 2), arg(a, 3),
+                                                                   short_of(1.0, kSoilI)); });
+             std::string out = "count " + std::to_string(count);
+             const long last = aux.allocated() ? aux.ubound() : -1;
+             for (long i : {0L, 1L, last}) {
+                 if (i < 0 || i > last) continue;
+                 out += " | " + std::to_string(i) + ": " + test::shortest(aux(i)) + " " + test::shortest(sa(i));
+             }
+             return out + (error ? " | error " + std::to_string(error) : "");
+         }},
+        // Sa at period T with tend and xstep, from 9 before.
+        {"calculare", [](const Args& a) -> Result {
+             double sa = 9.0;
+             const Points p;
+             calculare_sa_period(sa, p.aux, p.sa, arg(a, 1), arg(a, 2), arg(a, 3));
+             return sa;
+         }},
+    });
 }
 
 }  // namespace

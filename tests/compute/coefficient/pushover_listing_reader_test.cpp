@@ -10,8 +10,8 @@ namespace {
 
 using test::TempDir;
 
-// Lines split into fields, and listings read from their lines: the cases are data in
-// tests/golden/tables/pushover_listing.txt.
+// Lines split into fields, and listings read from their lines and from files: the cases are
+// data in tests/golden/tables/pushover_listing.txt.
 TEST(ParsePushoverListing, EveryListingGivesItsTable) {
     test::run_table("pushover_listing.txt",
                     {{"split", [](const test::TableArgs& a) -> test::TableResult {
@@ -21,25 +21,16 @@ TEST(ParsePushoverListing, EveryListingGivesItsTable) {
                       }},
                      {"listing", [](const test::TableArgs& a) -> test::TableResult {
                           return test_dump::dumped(parse_pushover_listing({a.begin() + 1, a.end()}));
+                      }},
+                     // A file of these bytes read, or a file that is not there (DIR/none.txt).
+                     {"file", [](const test::TableArgs& a) -> test::TableResult {
+                          TempDir dir;
+                          const bool missing = a.at(1) == "missing";
+                          std::string out = test_dump::dumped(
+                              read_pushover_listing(missing ? dir.file("none.txt") : dir.write("l.txt", a.at(1))));
+                          if (missing) out.replace(out.find(dir.path().string()), dir.path().string().size(), "DIR");
+                          return out;
                       }}});
-}
-
-TEST(ReadPushoverListing, CrLfLinesAndLoneCr) {
-    TempDir dir;
-    test::spill(dir.file("crlf.txt"), "Step Displacement Force X\r\n 0 0 0 a\r\n\r\n 1 0.5 1000 b\r\n");
-    EXPECT_EQ(test_dump::dumped(read_pushover_listing(dir.file("crlf.txt"))),
-              "[0][ 0][ 0] 0 0 0; [1][ 0.5][ 1000] 1 0.5 1000; ubound 1");
-
-    test::spill(dir.file("cr.txt"), "Displacement\r 0 0 0 a\r 1 0.5 1000 b\r");
-    EXPECT_EQ(read_pushover_listing(dir.file("cr.txt")).rows.size(), 2u);
-}
-
-TEST(ReadPushoverListing, MissingFile) {
-    TempDir dir;
-    PushoverTable t = read_pushover_listing(dir.file("none.txt"));
-    EXPECT_EQ(t.error, text::kFileNotFound);
-    EXPECT_TRUE(t.rows.empty());
-    EXPECT_EQ(t.points.ubound(), 0);
 }
 
 }  // namespace

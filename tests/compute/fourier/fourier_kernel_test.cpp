@@ -8,12 +8,12 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <fstream>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "text/number_text.h"
 
 namespace tv::compute {
@@ -121,14 +121,12 @@ struct Case {
 Case record_case(const std::string& path, double dt, double scale) {
     Case c;
     c.dt = dt;
-    std::ifstream in(path, std::ios::binary);
-    std::string line;
-    for (int n = 1; std::getline(in, line); ++n) {
-        if (n < 5) continue;
-        c.j.push_back(n);
-        c.x.push_back(text::round15(text::val(line) * scale));
+    const std::vector<std::string> lines = test::lines_of(path);
+    for (std::size_t n = 5; n <= lines.size(); ++n) {
+        c.j.push_back(static_cast<double>(n));
+        c.x.push_back(text::round15(text::val(lines[n - 1]) * scale));
+        c.dx.push_back(dt * c.x.back());
     }
-    for (double v : c.x) c.dx.push_back(dt * v);
     return c;
 }
 

@@ -6,12 +6,10 @@
 
 #include <bit>
 #include <cmath>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
 
-#include "support/fake_platform.h"
 #include "text/number_text.h"
 #include "text/rounding.h"
 #include "text/runtime_error.h"
@@ -24,20 +22,6 @@ using tv::test::error_of;
 
 FourierSamples sine(double omega0, double dt, int lines, double amplitude = 1) {
     return fourier_samples(1, lines, [&](double j) { return text::round15(amplitude * std::sin(omega0 * j * dt)); });
-}
-
-TEST(FourierSum, StepCountIsTheRoundedQuotientAndTheLimitIs12001) {
-    EXPECT_EQ(omega_steps(100, 0.05), 2000);
-    EXPECT_EQ(omega_steps(600.05, 0.05), 12001);  // 12000.999999999998
-    EXPECT_TRUE(omega_steps_accepted(omega_steps(600.05, 0.05)));
-    EXPECT_EQ(omega_steps(600.1, 0.05), 12002);
-    EXPECT_FALSE(omega_steps_accepted(omega_steps(600.1, 0.05)));
-    EXPECT_EQ(omega_steps(0.25, 0.1), 2);  // 2.5 goes to even
-    EXPECT_EQ(omega_steps(0.45, 0.1), 4);  // 4.5 to even
-    EXPECT_EQ(omega_steps(0.35, 0.1), 3);  // 3.4999999999999996, just below the half
-    EXPECT_EQ(error_of([] { omega_steps(1, 0); }), text::kDivisionByZero);
-    EXPECT_EQ(error_of([] { omega_steps(0, 0); }), text::kOverflow);
-    EXPECT_EQ(error_of([] { omega_steps(1e12, 1e-3); }), text::kOverflow);
 }
 
 TEST(FourierSum, SamplesFollowTheLineLoop) {
@@ -89,27 +73,6 @@ TEST(FourierSum, TheFirstOfEqualPeaksStandsAndThePeakIsKeptAcrossRuns) {
     // A stronger one does.
     fourier_transform(sine(20.0, 0.01, 2000, 3), 0.01, 0.05, 800, out, peak);
     EXPECT_EQ(text::to_text(text::round_to(peak.omega, 2)), "20");
-}
-
-TEST(FourierSum, RowTextsRoundForTheTableOnly) {
-    FourierSpectrum s;
-    s.real = {0, 0.123456789};
-    s.imag = {0, -0.0000025};
-    s.amp = {0, 12.345678};
-    s.omega = {0, 0.15000000000000002};  // 0.05 added three times
-    const FourierRowTexts t = fourier_row_texts(s, 1);
-    EXPECT_EQ(t.real, "0.12346");
-    EXPECT_EQ(t.imag, "0");  // -0.0000025 rounds to 0 (no minus zero)
-    EXPECT_EQ(t.amp, "12.3457");
-    EXPECT_EQ(t.omega, "0.15");
-    EXPECT_EQ(fourier_row_texts(s, 0).real, "0");
-}
-
-TEST(FourierSum, AmplitudeIsThePowerAsWritten) {
-    EXPECT_EQ(fourier_amplitude(3, 4), 5.0);
-    EXPECT_EQ(fourier_amplitude(0, 0), 0.0);
-    EXPECT_EQ(fourier_amplitude(1e-3, 0), std::pow(1e-6, 0.5));
-    EXPECT_EQ(error_of([] { fourier_amplitude(1e200, 0); }), text::kOverflow);
 }
 
 TEST(FourierSum, ThreadedRowsEqualThePlainLoopBitForBit) {

@@ -1,16 +1,19 @@
 // Pushover and capacity curves as other programs export them: the real exports of
 // ../shared/data, small made-up texts for the layouts and the bad files, the detector that keeps
-// the program's own layouts on their own readers, and the capacity table built from a curve.
+// the program's own layouts on their own readers, the first mode's numbers, and the capacity
+// table built from a curve.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
 #include <filesystem>
 #include <numbers>
+#include <sstream>
 
 #include "compute/capacity/capacity_reader.h"
 #include "compute/import/curve_import.h"
 #include "compute/import/first_mode.h"
+#include "support/fake_platform.h"
 #include "support/tables.h"
 #include "support/workbooks.h"
 
@@ -19,15 +22,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A file of the project's samples, or else of ../shared/data (empty when not there).
 std::string data(const std::string& name) {
-    const fs::path p = fs::path(TV_DATA_DIR) / name;
-    return fs::exists(p) ? p.string() : std::string();
+    if (name.starts_with("samples/")) return (fs::path(TV_SOURCE_DIR) / name).string();
+    return test::data_path(name);
 }
-
-std::string sample(const std::string& name) { return (fs::path(TV_SOURCE_DIR) / "samples" / name).string(); }
-
-#define NEED(path) \
-    if ((path).empty()) GTEST_SKIP() << "no " << TV_DATA_DIR
 
 std::string joined(const std::vector<std::string>& words, const std::string& between) {
     std::string out;
@@ -80,7 +79,28 @@ TEST(CurveImport, EveryFileGivesItsCurveOrItsMessage) {
         if (a.at(0) == "text") return described(import_curve_text(a.at(2), "curve.txt", kind, o));
         return described(import_curve(a.at(2).starts_with("/") ? a.at(2) : data(a.at(2)), kind, o));
     };
-    test::run_table("curve_import.txt", {{"file", run}, {"text", run}});
+    // Whether a file is in the program's own layout: a pushover workbook or listing, or a capacity
+    // table; exports are the import's.
+    auto own = [](const test::TableArgs& a) -> test::TableResult {
+        const std::string path = data(a.at(1));
+        const bool own = a.at(0) == "own_capacity" ? capacity_file_has_own_layout(path)
+                                                   : pushover_file_has_own_layout(path, a.at(0) == "own_workbook");
+        return std::string(own ? "yes" : "no");
+    };
+    // The first mode's numbers from storey weights and the mode shape, "-" for none given.
+    auto first_mode = [](const test::TableArgs& a) -> test::TableResult {
+        auto numbers = [&](std::size_t i) {
+            std::vector<double> v;
+            std::stringstream words(a.at(i) == "-" ? "" : a.at(i));
+            for (std::string w; std::getline(words, w, ',');) v.push_back(test::number(w));
+            return v;
+        };
+        const auto m = first_mode_numbers(numbers(1), numbers(2));
+        if (!m) return std::monostate();
+        return a.at(3) == "weight" ? m->weight : a.at(3) == "alpha1" ? m->alpha1 : m->pf_phi;
+    };
+    test::run_table("curve_import.txt", {{"file", run}, {"text", run}, {"own_workbook", own}, {"own_listing", own},
+                                         {"own_capacity", own}, {"first_mode", first_mode}});
 }
 
 TEST(CurveImportWorkbook, XlsExportIsReadByHeadingsInAnyColumn) {
@@ -103,21 +123,11 @@ TEST(CurveImportWorkbook, XlsExportIsReadByHeadingsInAnyColumn) {
               "3 points: (0, 0) (1, 10197.162129779284) (2, 20394.32425955857)");
 }
 
-TEST(CurveImportDetector, OwnLayoutsKeepTheirReadersAndExportsDoNot) {
-    EXPECT_TRUE(pushover_file_has_own_layout(sample("pushover.xlsx"), true));
-    EXPECT_TRUE(pushover_file_has_own_layout(sample("pushover_listing.txt"), false));
-    EXPECT_TRUE(capacity_file_has_own_layout(sample("capacity_sample.txt")));
-    // A listing whose row holds no number is an export for the import, not the listing reader's.
+// A listing whose row holds no number is an export for the import, not the listing reader's.
+TEST(CurveImportDetector, AListingRowWithoutANumberIsAnExport) {
     test::TempDir dir;
-    EXPECT_FALSE(pushover_file_has_own_layout(dir.write("l.txt", "Step Displacement BaseForce Hinges\n 0 0 0 0\n 1 x 5 0\n"), false));
-    if (data("pushover/README.md").empty()) return;
-    for (const char* f : {"PDcurve.xlsx", "PDcurve_Xdir.xlsx", "PDcurve_XNdir.xlsx"})
-        EXPECT_FALSE(pushover_file_has_own_layout(data(std::string("pushover/") + f), true)) << f;
-    for (const char* f : {"PushoverX_sapv16.csv", "PushoverY_sapv16.csv", "capacite_test.csv", "4story_steel.csv",
-                          "4story_concrete.csv", "capacity_curves_Vb-droof.csv"})
-        EXPECT_FALSE(pushover_file_has_own_layout(data(std::string("pushover/") + f), false)) << f;
-    for (const char* f : {"pushover.txt", "capacity_spectrum.txt", "capacity_curves_Sd-Sa.csv"})
-        EXPECT_FALSE(capacity_file_has_own_layout(data(std::string("capacity/") + f))) << f;
+    const std::string listing = dir.write("l.txt", "Step Displacement BaseForce Hinges\n 0 0 0 0\n 1 x 5 0\n");
+    EXPECT_FALSE(pushover_file_has_own_layout(listing, false));
 }
 
 TEST(CurveImportPushover, StepsAreNumberedInRowOrderAsAListingWouldHoldThem) {
@@ -150,35 +160,6 @@ TEST(CurveImportCapacity, PushoverCurveBecomesTheNineColumnTableTheReaderGivesBa
     EXPECT_EQ(back.rows[1].point.Teff, p.Teff);
 
     EXPECT_FALSE(capacity_table_from_pushover({{0, 0}}, {1000.0, 0.0, 1.3}, 981).ok());
-}
-
-}  // namespace
-}  // namespace tv::compute
-
-namespace tv::compute {
-namespace {
-
-TEST(FirstMode, NumbersFromStoreyWeightsAndTheModeShape) {
-    // Two equal storeys, φ = 0.5 and 1: Σwφ = 1.5, Σwφ² = 1.25, PF1 = 1.2, α1 = 2.25 / 2.5.
-    auto m = first_mode_numbers({1, 1}, {0.5, 1});
-    ASSERT_TRUE(m);
-    EXPECT_DOUBLE_EQ(m->weight, 2.0);
-    EXPECT_DOUBLE_EQ(m->alpha1, 0.9);
-    EXPECT_DOUBLE_EQ(m->pf_phi, 1.2);
-    // The scaling of the shape does not matter; the roof is the last storey.
-    auto scaled = first_mode_numbers({1, 1}, {-5, -10});
-    ASSERT_TRUE(scaled);
-    EXPECT_DOUBLE_EQ(scaled->alpha1, 0.9);
-    EXPECT_DOUBLE_EQ(scaled->pf_phi, 1.2);
-    // The SAP2000 model of the shared data (user guide): PF1·φroof = 1.215, α1 = 0.539.
-    auto sap = first_mode_numbers({1239.562, 961.554, 687.12}, {0.00006, 0.61821, 1});
-    ASSERT_TRUE(sap);
-    EXPECT_NEAR(sap->pf_phi, 1.215, 0.0005);
-    EXPECT_NEAR(sap->alpha1, 0.539, 0.0005);
-    EXPECT_FALSE(first_mode_numbers({}, {}));
-    EXPECT_FALSE(first_mode_numbers({1, 2}, {1}));
-    EXPECT_FALSE(first_mode_numbers({1, 0}, {0.5, 1}));
-    EXPECT_FALSE(first_mode_numbers({1, 1}, {0, 0}));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Ground-motion measures, processing and rotated spectra on records whose answers are known:
 // a sine burst in closed form, a constant record, a sine at a filter's corner, and Boore's own
-// RotD values for a real pair.
+// RotD values for a real pair. The processing's summaries are the golden cases' (measures_*,
+// spectra_processed_export).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -59,11 +60,9 @@ TEST(Measures, BadRecordsGiveAMessage) {
     EXPECT_EQ(ground_motion_measures(zeros, 0.01).error, "the record is all zeros");
     EXPECT_EQ(ground_motion_measures(fine, 0).error, "the time step must be a positive number of seconds");
 
+    // A corner above the Nyquist frequency is the golden case measures_corner_above_nyquist.
     ProcessingOptions o;
     o.filter = FilterKind::low_pass;
-    o.high_corner = 60;  // Nyquist 50 Hz
-    EXPECT_EQ(process_record(fine, 0.01, o).error,
-              "the high corner must be above 0 and below the Nyquist frequency 50 Hz");
     o.high_corner = 10;
     o.filter_order = 9;
     EXPECT_EQ(process_record(fine, 0.01, o).error, "the filter's order must be 1 to 8");
@@ -91,7 +90,6 @@ TEST(Processing, BaselineOfAConstantRecordLeavesNothing) {
         EXPECT_NEAR(onAccel.samples[i], 0, 1e-14);
         EXPECT_NEAR(onDisp.samples[i], 0, 1e-11);
     }
-    EXPECT_EQ(processing_summary(o), "baseline: order 2 on the displacement");
 }
 
 TEST(Processing, ButterworthGainAtTheCorner) {
@@ -114,7 +112,6 @@ TEST(Processing, ButterworthGainAtTheCorner) {
     o.filter_order = 8;
     o.pad_seconds = 5;
     EXPECT_NEAR(steady_peak(process_record(at2Hz, dt, o).samples), std::sqrt(0.5), 1e-3);
-    EXPECT_EQ(processing_summary(o), "filter: band-pass 2-20 Hz, order 8, causal, pads 5 s");
 }
 
 std::vector<double> samples_of(const std::string& relative) {

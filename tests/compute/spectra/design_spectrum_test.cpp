@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <map>
+#include <sstream>
+#include <utility>
 
 #include "text/runtime_error.h"
+#include "support/arrays.h"
 #include "support/errors.h"
 #include "support/files.h"
 #include "support/tables.h"
@@ -20,15 +20,60 @@ using text::RuntimeError;
 
 using tv::test::error_of;
 
-// design_spectrum(T, A) of a soil and a hazard group: the cases are data in
-// tests/golden/tables/design_spectrum.txt.
+// The soil and hazard group of a row's words 1 and 2.
+std::pair<SpectrumConstants, HazardGroup> soil_group(const test::TableArgs& a) {
+    const Soil soil =
+        std::map<std::string, Soil>{{"I", Soil::I}, {"II", Soil::II}, {"III", Soil::III}, {"IV", Soil::IV}}.at(a.at(1));
+    const HazardGroup g = a.at(2) == "high" ? HazardGroup::HighVeryHigh : HazardGroup::LowModerate;
+    return {spectrum_constants(soil, g), g};
+}
+
+// design_spectrum(T, A) of a soil and a hazard group, Show Diagram's loop and the spectrum file:
+// the cases are data in tests/golden/tables/design_spectrum.txt.
 TEST(DesignSpectrum, WorkedValuesAndBranchEdges) {
-    test::run_table("design_spectrum.txt", {{"sa", [](const test::TableArgs& a) -> test::TableResult {
-        const Soil soil = std::map<std::string, Soil>{{"I", Soil::I}, {"II", Soil::II}, {"III", Soil::III},
-                                                      {"IV", Soil::IV}}.at(a.at(1));
-        const HazardGroup g = a.at(2) == "high" ? HazardGroup::HighVeryHigh : HazardGroup::LowModerate;
-        return design_spectrum(test::arg(a, 3), test::arg(a, 4), spectrum_constants(soil, g), g);
-    }}});
+    test::run_table("design_spectrum.txt", {
+        {"sa", [](const test::TableArgs& a) -> test::TableResult {
+             const auto [k, g] = soil_group(a);
+             return design_spectrum(test::arg(a, 3), test::arg(a, 4), k, g);
+         }},
+        // Show Diagram from a count of 7 and an array 0..3: show soil group tStart tEnd step A
+        // indices -> the count, the upper bound, the ordinates at the indices, the error raised.
+        {"show", [](const test::TableArgs& a) -> test::TableResult {
+             const auto [k, g] = soil_group(a);
+             DoubleArray sa(3);
+             std::int32_t count = 7;
+             const int error = error_of([&] {
+                 using test::arg;
+                 show_design_spectrum(sa, count, arg(a, 3), arg(a, 4), arg(a, 5), arg(a, 6), k, g);
+             });
+             std::string out = "count " + std::to_string(count) + " ubound " + std::to_string(sa.ubound());
+             std::stringstream indices(a.at(7));
+             for (std::string i; std::getline(indices, i, ',');)
+                 out += " | " + i + ": " + test::shortest(sa(std::stol(i)));
+             return out + (error ? " | error " + std::to_string(error) : "");
+         }},
+        // A spectrum file of these bytes (or missing, or a folder) read for tEnd and step, from a
+        // count of 2 and an array 0..2 holding 0, 9, 0: the count, the array, the error raised.
+        {"file", [](const test::TableArgs& a) -> test::TableResult {
+             const test::TempDir dir;
+             const std::string path = a.at(1) == "missing" ? dir.file("none.txt")
+                                      : a.at(1) == "folder" ? dir.path().string()
+                                                            : dir.write("spectrum.txt", a.at(1));
+             DoubleArray sa(2);
+             sa(1) = 9;
+             std::int32_t count = 2;
+             std::string error;
+             try {
+                 read_spectrum_file(path, test::arg(a, 2), test::arg(a, 3), sa, count);
+             } catch (const RuntimeError& e) {
+                 error = " | error " + std::to_string(e.number()) + " " + e.description();
+             }
+             std::string out = "count " + std::to_string(count) + " | " + test::listed(sa) + error;
+             for (std::size_t at; (at = out.find(dir.path().string())) != std::string::npos;)
+                 out.replace(at, dir.path().string().size(), "DIR");
+             return out;
+         }},
+    });
 }
 
 TEST(DesignSpectrum, ScaleIsAPlainMultiplier) {
@@ -37,91 +82,6 @@ TEST(DesignSpectrum, ScaleIsAPlainMultiplier) {
     for (double T : {0.0, 0.05, 0.15, 0.5, 0.7, 1.3, 4.0, 6.0})
         EXPECT_DOUBLE_EQ(design_spectrum(T, 0.35, k, g), 0.35 * design_spectrum(T, 1, k, g)) << T;
     EXPECT_EQ(error_of([&] { design_spectrum(1, 1e308, k, g); }), text::kOverflow);
-}
-
-TEST(DesignSpectrum, ShowDiagramLoop) {
-    const auto g = HazardGroup::LowModerate;
-    const auto k = spectrum_constants(Soil::II, g);
-    DoubleArray sa;
-    std::int32_t count = 0;
-    show_design_spectrum(sa, count, 0.01, 4, 0.01, 0.2, k, g);
-    EXPECT_EQ(count, 400);
-    EXPECT_EQ(sa.ubound(), 400);
-    EXPECT_EQ(sa(0), 0);  // never written
-    EXPECT_EQ(sa(1), design_spectrum(0.01, 0.2, k, g));
-    EXPECT_EQ(sa(30), 0.5);  // T near 0.3, on the plateau
-    EXPECT_GT(sa(400), 0);   // 400 passes: the sum stays just under 4
-    // The loop asks T <= tEnd even for a negative step: from above the end nothing is written.
-    show_design_spectrum(sa, count, 2, -1, -0.5, 0.2, k, g);
-    EXPECT_EQ(count, 2);
-    EXPECT_EQ(sa(1), 0);
-}
-
-TEST(DesignSpectrum, ShowDiagramStartAtZeroFailsOnTheLastPass) {
-    const auto g = HazardGroup::LowModerate;
-    const auto k = spectrum_constants(Soil::IV, g);
-    DoubleArray sa;
-    std::int32_t count = 0;
-    EXPECT_EQ(error_of([&] { show_design_spectrum(sa, count, 0, 4, 0.01, 0.2, k, g); }), text::kSubscript);
-    EXPECT_EQ(count, 400);
-    EXPECT_DOUBLE_EQ(sa(1), 0.26);  // T = 0 went to index 1
-    EXPECT_GT(sa(400), 0);          // everything before the failing pass stays
-}
-
-TEST(DesignSpectrum, ShowDiagramZeroStepFailsBeforeTheArray) {
-    const auto g = HazardGroup::LowModerate;
-    DoubleArray sa(3);
-    std::int32_t count = 7;
-    EXPECT_EQ(error_of([&] { show_design_spectrum(sa, count, 0.01, 4, 0, 0.2, spectrum_constants(Soil::I, g), g); }),
-              text::kDivisionByZero);
-    EXPECT_EQ(count, 7);
-    EXPECT_EQ(sa.ubound(), 3);
-}
-
-class SpectrumFile : public ::testing::Test {
-protected:
-    std::string write(const std::string& body) { return dir_.write("spectrum.txt", body); }
-    test::TempDir dir_;
-};
-
-TEST_F(SpectrumFile, OneOrdinatePerLineByTheLeadingNumber) {
-    DoubleArray sa;
-    std::int32_t count = 0;
-    read_spectrum_file(write("0.5\r\n 0.75 g\r\nabc\n1E-1\r2.5"), 0.1, 0.01, sa, count);
-    EXPECT_EQ(count, 10);
-    EXPECT_EQ(sa.ubound(), 10);
-    EXPECT_EQ(sa(0), 0);
-    EXPECT_EQ(sa(1), 0.5);
-    EXPECT_EQ(sa(2), 0.75);
-    EXPECT_EQ(sa(3), 0);  // no number on the line
-    EXPECT_EQ(sa(4), 0.1);
-    EXPECT_EQ(sa(5), 2.5);
-    EXPECT_EQ(sa(6), 0);  // a short file leaves the rest 0
-}
-
-TEST_F(SpectrumFile, ExtraLinesAreIgnored) {
-    DoubleArray sa;
-    std::int32_t count = 0;
-    read_spectrum_file(write("1\n2\n3\n4\n5\n"), 0.03, 0.01, sa, count);
-    EXPECT_EQ(count, 3);
-    EXPECT_EQ(sa.ubound(), 3);
-    EXPECT_EQ(sa(3), 3);
-}
-
-TEST_F(SpectrumFile, MissingFileChangesNothing) {
-    DoubleArray sa(2);
-    sa(1) = 9;
-    std::int32_t count = 2;
-    try {
-        read_spectrum_file(dir_.file("none.txt"), 4, 0.01, sa, count);
-        FAIL();
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.number(), text::kFileNotFound);
-        EXPECT_EQ(e.description().rfind("File not found: ", 0), 0u);  // with the file's name
-    }
-    EXPECT_EQ(count, 2);
-    EXPECT_EQ(sa(1), 9);
-    EXPECT_EQ(error_of([&] { read_spectrum_file(dir_.path().string(), 4, 0.01, sa, count); }), 75);
 }
 
 }  // namespace

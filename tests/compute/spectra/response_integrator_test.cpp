@@ -5,12 +5,13 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <fstream>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "text/number_text.h"
 #include "support/errors.h"
 
@@ -21,25 +22,12 @@ using text::DoubleArray;
 
 using tv::test::error_of;
 
-// A record file: header lines, then one sample per line; element i holds line i.
-struct LoadedRecord {
-    DoubleArray accel;
-    std::int32_t first = 5;
-    std::int32_t last = 0;
-};
-
-LoadedRecord load_record(const std::string& path) {
-    LoadedRecord r;
-    std::ifstream in(path, std::ios::binary);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        lines.push_back(line);
-    }
-    r.last = static_cast<std::int32_t>(lines.size());
-    r.accel.redim(r.last);
-    for (std::int32_t i = r.first; i <= r.last; ++i) r.accel(i) = text::val(lines[static_cast<std::size_t>(i - 1)]);
-    return r;
+// A record file of four header lines, then one sample a line: element i holds line i.
+DoubleArray load_record(const std::string& path) {
+    const std::vector<std::string> lines = test::lines_of(path);
+    DoubleArray a(static_cast<long>(lines.size()));
+    for (long i = 5; i <= a.ubound(); ++i) a(i) = text::val(lines[static_cast<std::size_t>(i - 1)]);
+    return a;
 }
 
 // The plain loop of the old program, one period and one component at a time, with its full
@@ -89,18 +77,6 @@ Spectra run(const DoubleArray& ax, const DoubleArray& ay, std::int32_t first, st
 
 const PeriodGrid kStandardGrid{0.01, 4, 0.01, 400};
 
-TEST(OscillatorCoefficients, WorkedValues) {
-    const auto k = oscillator_coefficients(1, 0.05, 0.02);
-    EXPECT_NEAR(k.A11, 0.99214762, 5e-9);
-    EXPECT_NEAR(k.A12, 0.01982259, 5e-9);
-    EXPECT_NEAR(k.A21, -0.78256464, 5e-9);
-    EXPECT_NEAR(k.A22, 0.97969272, 5e-9);
-    EXPECT_NEAR(k.B11, -0.00013250, 5e-9);
-    EXPECT_NEAR(k.B12, -0.00019167, 5e-9);
-    EXPECT_NEAR(k.B21, -0.00987744, 5e-9);
-    EXPECT_NEAR(k.B22, -0.00994516, 5e-9);
-}
-
 TEST(OscillatorCoefficients, Identities) {
     for (double zeta : {0.0, 0.02, 0.05, 0.2}) {
         for (double T : {0.05, 1.0, 3.7}) {
@@ -121,23 +97,6 @@ TEST(OscillatorCoefficients, Identities) {
     const auto k = oscillator_coefficients(1, 0.05, 0.02);
     EXPECT_GT(std::fabs(k.B11 + k.B12 - (k.A11 - 1) / (w * w)), 1e-7);
     EXPECT_NEAR(k.A11 * k.A22 - k.A12 * k.A21, 0.98751226, 5e-9);
-}
-
-TEST(OscillatorCoefficients, Failures) {
-    EXPECT_EQ(error_of([] { oscillator_coefficients(0, 0.05, 0.02); }), text::kDivisionByZero);
-    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 1, 0.02); }), text::kDivisionByZero);
-    EXPECT_EQ(error_of([] { oscillator_coefficients(1, -1, 0.02); }), text::kDivisionByZero);
-    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 1.5, 0.02); }), text::kInvalidCall);
-    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 0.05, 0); }), text::kDivisionByZero);
-    EXPECT_EQ(error_of([] { oscillator_coefficients(1, 0.99, 0.02); }), 0);
-}
-
-TEST(MeasureFromTicks, OrderOfTests) {
-    EXPECT_EQ(measure_from_ticks(false, false, false), SpectrumMeasure::PseudoAcceleration);
-    EXPECT_EQ(measure_from_ticks(true, false, false), SpectrumMeasure::Displacement);
-    EXPECT_EQ(measure_from_ticks(false, true, false), SpectrumMeasure::PseudoVelocity);
-    EXPECT_EQ(measure_from_ticks(true, true, false), SpectrumMeasure::Displacement);
-    EXPECT_EQ(measure_from_ticks(true, true, true), SpectrumMeasure::RelativeVelocity);
 }
 
 // An undamped oscillator driven at its own period by a = a0 sin(w t) grows as the textbook
@@ -167,31 +126,22 @@ TEST(ResponseIntegrator, UndampedResonance) {
     EXPECT_NEAR(half.x(1) / d.x(1), 0.5, 2e-3);
 }
 
-TEST(ResponseIntegrator, ZeroRecordGivesZeros) {
-    DoubleArray a(100);
-    for (auto m : {SpectrumMeasure::PseudoAcceleration, SpectrumMeasure::Displacement,
-                   SpectrumMeasure::PseudoVelocity, SpectrumMeasure::RelativeVelocity}) {
-        const auto s = run(a, a, 1, 100, 0.01, 0.05, kStandardGrid, m);
-        ASSERT_EQ(s.x.ubound(), 400);
-        for (long j = 0; j <= 400; ++j) ASSERT_TRUE(s.x(j) == 0 && s.y(j) == 0) << j;
-    }
-}
-
 TEST(ResponseIntegrator, MatchesThePlainLoopBitForBit) {
     const auto x = load_record(tv::test::data_path("records/northridge1994_rinaldi_228.txt"));
     const auto y = load_record(tv::test::data_path("records/northridge1994_rinaldi_318.txt"));
-    if (x.last == 0 || y.last == 0) GTEST_SKIP() << "record files missing";
-    ASSERT_EQ(x.last, 1995);
-    ASSERT_EQ(y.last, 1995);
+    if (x.ubound() == 0 || y.ubound() == 0) GTEST_SKIP() << "record files missing";
+    ASSERT_EQ(x.ubound(), 1995);
+    ASSERT_EQ(y.ubound(), 1995);
     using detail::KernelPath;
     for (double zeta : {0.0, 0.02, 0.05, 0.2}) {
         for (auto m : {SpectrumMeasure::PseudoAcceleration, SpectrumMeasure::Displacement,
                        SpectrumMeasure::PseudoVelocity, SpectrumMeasure::RelativeVelocity}) {
             DoubleArray rx, ry;
-            reference_spectra(x.accel, y.accel, x.first, x.last, 0.01, zeta, kStandardGrid, m, rx, ry);
+            reference_spectra(x, y, 5, 1995, 0.01, zeta, kStandardGrid, m, rx, ry);
             for (auto path : {KernelPath::Automatic, KernelPath::Generic, KernelPath::Avx2, KernelPath::Avx512}) {
                 detail::force_kernel_path(path);
-                const auto s = run(x.accel, y.accel, x.first, x.last, 0.01, zeta, kStandardGrid, m);
+                const auto s = run(x, y, 5, 1995, 0.01, zeta, kStandardGrid, m);
+                ASSERT_EQ(s.x.ubound(), 400);
                 for (long j = 0; j <= 400; ++j) {
                     ASSERT_EQ(std::bit_cast<std::uint64_t>(s.x(j)), std::bit_cast<std::uint64_t>(rx(j)))
                         << "zeta " << zeta << " measure " << static_cast<int>(m) << " path "
@@ -204,163 +154,119 @@ TEST(ResponseIntegrator, MatchesThePlainLoopBitForBit) {
     }
 }
 
+// a(i) = f(k i) for i = 1..n.
+DoubleArray wave(long n, double (*f)(double), double k) {
+    DoubleArray a(n);
+    for (long i = 1; i <= n; ++i) a(i) = f(k * i);
+    return a;
+}
+
+// A pseudo-acceleration run that calls `between(k, spectra)` after period k: the spectra as far
+// as they got, the periods done, and the run-time error raised (0 for none).
+struct Outcome {
+    Spectra s;
+    long periods = 0;
+    int error = 0;
+};
+
+Outcome integrate(DoubleArray& ax, DoubleArray& ay, std::int32_t first, std::int32_t last, double zeta,
+                  const PeriodGrid& grid, const std::function<void(long, const Spectra&)>& between = {},
+                  double dt = 0.01) {
+    Outcome o;
+    o.error = error_of([&] {
+        integrate_record(RecordSpectra{dt, first, last, ax, ay, o.s.x, o.s.y}, zeta, grid,
+                         SpectrumMeasure::PseudoAcceleration, [&] {
+                             ++o.periods;
+                             if (between) between(o.periods, o.s);
+                         });
+    });
+    return o;
+}
+
 TEST(ResponseIntegrator, ProgressComesInPeriodOrderAfterBothOrdinates) {
-    DoubleArray a(300);
-    for (long i = 1; i <= 300; ++i) a(i) = std::sin(0.1 * i) + 0.01 * (i % 7);
-    Spectra s;
-    long calls = 0;
-    integrate_record(RecordSpectra{0.01, 1, 300, a, a, s.x, s.y}, 0.05, PeriodGrid{0.01, 0.305, 0.01, 30},
-                     SpectrumMeasure::PseudoAcceleration, [&] {
-                         ++calls;
-                         EXPECT_GT(s.x(calls), 0);
-                         EXPECT_GT(s.y(calls), 0);
-                         if (calls < 30) {
-                             EXPECT_EQ(s.x(calls + 1), 0);
-                         }
-                     });
-    EXPECT_EQ(calls, 30);
+    DoubleArray a = wave(300, std::sin, 0.1);
+    const Outcome o = integrate(a, a, 1, 300, 0.05, PeriodGrid{0.01, 0.305, 0.01, 30}, [](long k, const Spectra& s) {
+        EXPECT_GT(s.x(k), 0);
+        EXPECT_GT(s.y(k), 0);
+        if (k < 30) {
+            EXPECT_EQ(s.x(k + 1), 0);
+        }
+    });
+    EXPECT_EQ(o.error, 0);
+    EXPECT_EQ(o.periods, 30);
 }
 
-TEST(ResponseIntegrator, MorePeriodsThanSpectrumFailsAndKeepsWhatWasStored) {
-    DoubleArray a(50);
-    for (long i = 1; i <= 50; ++i) a(i) = std::cos(0.3 * i);
-    Spectra s;
-    long calls = 0;
-    const int err = error_of([&] {
-        integrate_record(RecordSpectra{0.01, 1, 50, a, a, s.x, s.y}, 0.05, PeriodGrid{0.01, 0.2, 0.01, 12},
-                         SpectrumMeasure::PseudoAcceleration, [&] { ++calls; });
-    });
-    EXPECT_EQ(err, text::kSubscript);
-    EXPECT_EQ(calls, 12);
-    EXPECT_GT(s.x(12), 0);
-    EXPECT_GT(s.y(12), 0);
-}
-
-TEST(ResponseIntegrator, FailingPeriodInsideABlockKeepsTheEarlierOnes) {
-    DoubleArray a(50);
-    for (long i = 1; i <= 50; ++i) a(i) = std::cos(0.3 * i);
-    Spectra s;
-    long calls = 0;
-    // -0.02, -0.01, then exactly 0: the third period divides by zero.
-    const int err = error_of([&] {
-        integrate_record(RecordSpectra{0.01, 1, 50, a, a, s.x, s.y}, 0.05, PeriodGrid{-0.02, 0.2, 0.01, 30},
-                         SpectrumMeasure::PseudoAcceleration, [&] { ++calls; });
-    });
-    EXPECT_EQ(err, text::kDivisionByZero);
-    EXPECT_EQ(calls, 2);
-    EXPECT_GT(s.x(2), 0);
-    EXPECT_EQ(s.x(3), 0);
+TEST(ResponseIntegrator, AFailingPeriodKeepsTheEarlierOnes) {
+    DoubleArray a = wave(50, std::cos, 0.3);
+    // More periods than the spectrum holds.
+    Outcome o = integrate(a, a, 1, 50, 0.05, PeriodGrid{0.01, 0.2, 0.01, 12});
+    EXPECT_EQ(o.error, text::kSubscript);
+    EXPECT_EQ(o.periods, 12);
+    EXPECT_GT(o.s.x(12), 0);
+    EXPECT_GT(o.s.y(12), 0);
+    // Inside a block: -0.02, -0.01, then exactly 0, which divides by zero.
+    o = integrate(a, a, 1, 50, 0.05, PeriodGrid{-0.02, 0.2, 0.01, 30});
+    EXPECT_EQ(o.error, text::kDivisionByZero);
+    EXPECT_EQ(o.periods, 2);
+    EXPECT_GT(o.s.x(2), 0);
+    EXPECT_EQ(o.s.x(3), 0);
     // A pseudo velocity of a negative period takes the square root of a negative frequency.
     EXPECT_EQ(error_of([&] {
                   run(a, a, 1, 50, 0.01, 0.05, PeriodGrid{-0.02, 0.2, 0.01, 30}, SpectrumMeasure::PseudoVelocity);
               }),
               text::kInvalidCall);
-}
-
-TEST(ResponseIntegrator, DampingFailures) {
-    DoubleArray a(20);
-    a(5) = 1;
-    EXPECT_EQ(error_of([&] { run(a, a, 1, 20, 0.01, 1, kStandardGrid, SpectrumMeasure::PseudoAcceleration); }),
-              text::kDivisionByZero);
-    EXPECT_EQ(error_of([&] { run(a, a, 1, 20, 0.01, 1.2, kStandardGrid, SpectrumMeasure::PseudoAcceleration); }),
-              text::kInvalidCall);
-    EXPECT_EQ(error_of([&] { run(a, a, 1, 20, 0.01, 0.05, PeriodGrid{0, 1, 0.01, 100}, SpectrumMeasure::Displacement); }),
-              text::kDivisionByZero);
-}
-
-TEST(ResponseIntegrator, GrowingResponseOverflows) {
     // A negative damping makes every step grow; the old run time stopped at the overflow.
-    DoubleArray a(4000);
-    for (long i = 1; i <= 4000; ++i) a(i) = std::sin(0.7 * i);
-    Spectra s;
-    long calls = 0;
-    EXPECT_EQ(error_of([&] {
-                  integrate_record(RecordSpectra{0.02, 1, 4000, a, a, s.x, s.y}, -0.9, PeriodGrid{0.1, 0.2, 0.1, 2},
-                                   SpectrumMeasure::PseudoAcceleration, [&] { ++calls; });
-              }),
-              text::kOverflow);
-    EXPECT_EQ(calls, 0);
-    EXPECT_EQ(s.x(1), 0);
+    DoubleArray growing = wave(4000, std::sin, 0.7);
+    o = integrate(growing, growing, 1, 4000, -0.9, PeriodGrid{0.1, 0.2, 0.1, 2}, {}, 0.02);
+    EXPECT_EQ(o.error, text::kOverflow);
+    EXPECT_EQ(o.periods, 0);
+    EXPECT_EQ(o.s.x(1), 0);
 }
 
 TEST(ResponseIntegrator, SampleIndexOutsideTheRecord) {
-    DoubleArray x(100), shortY(50);
-    for (long i = 1; i <= 100; ++i) x(i) = std::sin(0.2 * i);
-    for (long i = 1; i <= 50; ++i) shortY(i) = std::sin(0.2 * i);
-    Spectra s;
+    DoubleArray x = wave(100, std::sin, 0.2), shortY = wave(50, std::sin, 0.2);
     // The X pass of the first period runs and is stored; the Y pass then reads beyond its array.
-    EXPECT_EQ(error_of([&] {
-                  integrate_record(RecordSpectra{0.01, 1, 100, x, shortY, s.x, s.y}, 0.05, kStandardGrid,
-                                   SpectrumMeasure::PseudoAcceleration);
-              }),
-              text::kSubscript);
-    EXPECT_GT(s.x(1), 0);
-    EXPECT_EQ(s.x(2), 0);
-    EXPECT_EQ(s.y(1), 0);
+    Outcome o = integrate(x, shortY, 1, 100, 0.05, kStandardGrid);
+    EXPECT_EQ(o.error, text::kSubscript);
+    EXPECT_GT(o.s.x(1), 0);
+    EXPECT_EQ(o.s.x(2), 0);
+    EXPECT_EQ(o.s.y(1), 0);
     // X itself too short, or a negative first line: nothing is stored.
-    Spectra t;
-    EXPECT_EQ(error_of([&] {
-                  integrate_record(RecordSpectra{0.01, 1, 100, shortY, x, t.x, t.y}, 0.05, kStandardGrid,
-                                   SpectrumMeasure::PseudoAcceleration);
-              }),
-              text::kSubscript);
-    EXPECT_EQ(t.x(1), 0);
-    EXPECT_EQ(error_of([&] {
-                  integrate_record(RecordSpectra{0.01, -1, 100, x, x, t.x, t.y}, 0.05, kStandardGrid,
-                                   SpectrumMeasure::PseudoAcceleration);
-              }),
-              text::kSubscript);
+    o = integrate(shortY, x, 1, 100, 0.05, kStandardGrid);
+    EXPECT_EQ(o.error, text::kSubscript);
+    EXPECT_EQ(o.s.x(1), 0);
+    EXPECT_EQ(integrate(x, x, -1, 100, 0.05, kStandardGrid).error, text::kSubscript);
     // The last sample, index lastLine, is never read.
-    EXPECT_EQ(error_of([&] {
-                  integrate_record(RecordSpectra{0.01, 1, 51, shortY, shortY, t.x, t.y}, 0.05, kStandardGrid,
-                                   SpectrumMeasure::PseudoAcceleration);
-              }),
-              0);
+    EXPECT_EQ(integrate(shortY, shortY, 1, 51, 0.05, kStandardGrid).error, 0);
 }
 
 TEST(ResponseIntegrator, ArraysResizedBetweenPeriodsAreReadWhereTheyNowLie) {
     // An export run from the events between periods resizes the records; the run goes on with
     // the arrays where they now stand, and the results are those of an undisturbed run.
-    DoubleArray ax(700), ay(700);
-    for (long i = 1; i <= 700; ++i) ax(i) = std::sin(0.31 * i) + 0.2 * std::cos(1.7 * i);
-    for (long i = 1; i <= 700; ++i) ay(i) = std::cos(0.23 * i);
+    DoubleArray ax = wave(700, std::sin, 0.31), ay = wave(700, std::cos, 0.23);
     const PeriodGrid grid{0.01, 0.4, 0.01, 40};
-    const Spectra plain = run(ax, ay, 1, 650, 0.01, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
-    Spectra moved;
-    long period = 0;
-    integrate_record(RecordSpectra{0.01, 1, 650, ax, ay, moved.x, moved.y}, 0.05, grid,
-                     SpectrumMeasure::PseudoAcceleration, [&] {
-                         ++period;
-                         // Each growth moves the samples elsewhere; the old block is freed.
-                         ax.redim_preserve(ax.ubound() + 5000);
-                         ay.redim_preserve(ay.ubound() + 5000);
-                         if (period == 3) ax.redim_preserve(650);
-                     });
+    const Outcome plain = integrate(ax, ay, 1, 650, 0.05, grid);
+    const Outcome moved = integrate(ax, ay, 1, 650, 0.05, grid, [&](long k, const Spectra&) {
+        // Each growth moves the samples elsewhere; the old block is freed.
+        ax.redim_preserve(ax.ubound() + 5000);
+        ay.redim_preserve(ay.ubound() + 5000);
+        if (k == 3) ax.redim_preserve(650);
+    });
     for (long j = 0; j <= 40; ++j) {
-        EXPECT_EQ(std::bit_cast<std::uint64_t>(moved.x(j)), std::bit_cast<std::uint64_t>(plain.x(j))) << j;
-        EXPECT_EQ(std::bit_cast<std::uint64_t>(moved.y(j)), std::bit_cast<std::uint64_t>(plain.y(j))) << j;
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(moved.s.x(j)), std::bit_cast<std::uint64_t>(plain.s.x(j))) << j;
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(moved.s.y(j)), std::bit_cast<std::uint64_t>(plain.s.y(j))) << j;
     }
-}
-
-TEST(ResponseIntegrator, ARecordCutBetweenPeriodsFailsAtTheNextPeriod) {
-    DoubleArray ax(400), ay(400);
-    for (long i = 1; i <= 400; ++i) ax(i) = std::sin(0.31 * i), ay(i) = std::cos(0.17 * i);
-    const PeriodGrid grid{0.01, 0.4, 0.01, 40};
-    const Spectra plain = run(ax, ay, 1, 400, 0.01, 0.05, grid, SpectrumMeasure::PseudoAcceleration);
-    Spectra s;
-    long period = 0;
-    EXPECT_EQ(error_of([&] {
-                  integrate_record(RecordSpectra{0.01, 1, 400, ax, ay, s.x, s.y}, 0.05, grid,
-                                   SpectrumMeasure::PseudoAcceleration, [&] {
-                                       if (++period == 5) ay.redim_preserve(100);
-                                   });
-              }),
-              text::kSubscript);
-    // Periods 1 to 5 stand; period 6's X pass still runs, its Y pass reads beyond the array.
-    for (long j = 1; j <= 6; ++j) EXPECT_EQ(s.x(j), plain.x(j)) << j;
-    for (long j = 1; j <= 5; ++j) EXPECT_EQ(s.y(j), plain.y(j)) << j;
-    EXPECT_EQ(s.y(6), 0);
-    EXPECT_EQ(s.x(7), 0);
+    // A record cut between periods fails at the next: periods 1 to 5 stand; period 6's X pass
+    // still runs, its Y pass reads beyond the array.
+    const Outcome whole = integrate(ax, ay, 1, 400, 0.05, grid);
+    const Outcome cut = integrate(ax, ay, 1, 400, 0.05, grid, [&](long k, const Spectra&) {
+        if (k == 5) ay.redim_preserve(100);
+    });
+    EXPECT_EQ(cut.error, text::kSubscript);
+    for (long j = 1; j <= 6; ++j) EXPECT_EQ(cut.s.x(j), whole.s.x(j)) << j;
+    for (long j = 1; j <= 5; ++j) EXPECT_EQ(cut.s.y(j), whole.s.y(j)) << j;
+    EXPECT_EQ(cut.s.y(6), 0);
+    EXPECT_EQ(cut.s.x(7), 0);
 }
 
 // The lanes give each period the peak of its own oscillator, for any count of periods, for a
