@@ -4,16 +4,28 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 
 #include "support/fake_platform.h"
 #include "support/files.h"
+#include "support/form_dump.h"
 #include "windows/program.h"
 #include "windows/files/work_files.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::test {
+
+/// A fake platform whose pending events can be a user's clicks, made while a calculation runs.
+class EventPlatform : public FakePlatform {
+public:
+    std::function<void(int)> during;  // called with the number of the do_events call
+    void do_events() override {
+        FakePlatform::do_events();
+        if (during) during(do_events_calls);
+    }
+};
 
 class ProjectTest : public ::testing::Test {
 protected:
@@ -35,11 +47,15 @@ protected:
         open();
     }
     windows::Form1& form1() { return program.form<windows::Form1>(); }
+    /// A window and what the platform was shown, against tests/golden/windows/<name>.txt.
+    void expect_shown(const forms::Form& form, const std::string& name) {
+        expect_state(dump(form) + dump(platform), name, dir.string());
+    }
     windows::ProjectState& state() { return program.state; }
 
     TempDir scratch;
     const std::filesystem::path dir = scratch.path();
-    FakePlatform platform;
+    EventPlatform platform;
     windows::Program program;
 };
 

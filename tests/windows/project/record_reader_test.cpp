@@ -11,11 +11,8 @@ TEST_F(ProjectTest, AHeaderNumberOnLineOneWinsOverSmallerSamples) {
     std::string y = write("y.txt", "title\n2000 header\n0.25\n-0.75\n");
     platform.input_answers = {"1", "3"};
     open_record(x, y);
-    windows::Form1& f = form1();
-    EXPECT_EQ(f.Text1.text(), "1999");
-    // Line 2 of Y stands before the first data line: not looked at.
-    EXPECT_EQ(f.Text2.text(), "0.75");
-    EXPECT_EQ(f.xvalue.text(), "1999");
+    // X's peak 1999, the larger in xvalue; line 2 of Y stands before the first data line: Y's 0.75.
+    expect_shown(form1(), "record_header_number");
 }
 
 TEST_F(ProjectTest, BlankLinesCountAsSamplesOfZeroAndCrLfEndsAreRead) {
@@ -23,12 +20,8 @@ TEST_F(ProjectTest, BlankLinesCountAsSamplesOfZeroAndCrLfEndsAreRead) {
     std::string y = write("y.txt", "0.3\n\n");
     platform.input_answers = {"1", "1"};
     open_record(x, y);
-    windows::Form1& f = form1();
-    EXPECT_EQ(f.Grid1.rows(), 4);
-    EXPECT_EQ(f.Grid1.text(2, 0), "");
-    EXPECT_EQ(f.Grid1.text(3, 0), "-0.4");
-    EXPECT_EQ(f.Text1.text(), "0.4");
-    EXPECT_EQ(f.Grid2.rows(), 3);
+    // X: 0.1, an empty row, -0.4 (peak 0.4); Y: 0.3 and an empty row.
+    expect_shown(form1(), "record_blank_lines");
 }
 
 TEST_F(ProjectTest, AnEmptyFileLeavesOneRowAndTheOldMaximum) {
@@ -36,11 +29,8 @@ TEST_F(ProjectTest, AnEmptyFileLeavesOneRowAndTheOldMaximum) {
     std::string y = write("y.txt", "");
     platform.input_answers = {"1", "1"};
     open_record(x, y);
-    windows::Form1& f = form1();
-    EXPECT_EQ(f.Grid2.rows(), 1);
-    EXPECT_EQ(f.xeline.text(), "0");
-    EXPECT_EQ(f.Text2.text(), "");  // curMaxY stayed 0
-    EXPECT_EQ(f.xvalue.text(), "0.6");
+    // Y's table holds its heading alone, the last line 0, Text2 empty (curMaxY stayed 0), xvalue 0.6.
+    expect_shown(form1(), "record_empty_y");
 }
 
 TEST_F(ProjectTest, ANumberTooLargeForADoubleIsAnOverflowAndTheProgramGoesOn) {

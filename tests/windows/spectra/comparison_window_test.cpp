@@ -18,12 +18,9 @@ using ComparisonTest = SpectraTest;
 
 TEST_F(ComparisonTest, OpeningTakesThePeaksAndTheGridEnd) {
     to_comparison();
-    windows::Form4& f = form4();
-    EXPECT_EQ(f.Text2.text(), "0.4");
-    EXPECT_EQ(f.Text3.text(), "0.35");
-    EXPECT_EQ(f.tend.text(), "4");
-    EXPECT_FALSE(f.Command3.enabled());  // no export before a calculation
     EXPECT_FALSE(form3().visible());
+    // The peaks 0.4 and 0.35, the grid's end 4; no export before a calculation.
+    expect_shown(form4(), "comparison_opened");
 }
 
 TEST_F(ComparisonTest, TheRuleBoxSetsTheSaScaleAndTheBandButNoCalculation) {
