@@ -18,6 +18,7 @@
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
+#include "windows/capacity/grid_table.h"
 #include "windows/capacity/sa_window.h"
 #include "windows/program.h"
 #include "windows/project/main_frame_window.h"
@@ -36,6 +37,21 @@ inline const char* kHandCurve =
     " 4 0.6 5 4 1.0 0 0 0 1.2\n"
     " 5 0.8 5 6 1.1 0 0 0 1.2\n"
     " 6 1.0 5 8 1.15 0 0 0 1.2\n";
+
+/// The sweep's hand-worked demand: Sa of the capacity rows in column 1, periods 0.2 .. 1.4 in
+/// columns 2 and 3.
+inline windows::TextTable demand_table(const std::vector<double>& saAtRow, int rows = 8) {
+    windows::TextTable FG2(rows, 4);
+    for (std::size_t i = 0; i < saAtRow.size(); ++i)
+        FG2.set_text(static_cast<long>(i) + 1, 1, std::to_string(saAtRow[i]));
+    const double T[] = {0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4};
+    const double Sa[] = {1.0, 1.0, 0.9, 0.7, 0.5, 0.4, 0.3};
+    for (long j = 1; j < rows && j <= 7; ++j) {
+        FG2.set_text(j, 2, std::to_string(T[j - 1]));
+        FG2.set_text(j, 3, std::to_string(Sa[j - 1]));
+    }
+    return FG2;
+}
 
 class CapacityTest : public ::testing::Test {
 protected:
@@ -69,29 +85,20 @@ protected:
         run([&] { form9().Text1.set_text(path); });
         press(form9().Command2);
     }
-    /// The hand curve read, Next, the code spectrum shown and Sa calculated: page 1 done.
-    void to_demand_done() {
-        read_capacity(kHandCurve);
+    /// A curve read, Next, the code spectrum shown and Sa calculated: page 1 done.
+    void to_demand_done(const std::string& curve = kHandCurve) {
+        read_capacity(curve);
         press(form9().Command3);
         press(form9().demand.Command6);
         press(form9().demand.Command7);
     }
-    /// The sweep's hand-worked demand: Sa of the capacity rows in column 1, periods 0.2 .. 1.4
-    /// in columns 2 and 3, eight rows in all.
-    void put_hand_demand() {
-        windows::Form9& f = form9();
-        run([&] {
-            f.FG2.clear();
-            f.FG2.set_rows(8);
-            const double saAtRow[] = {1.0, 0.9, 0.85, 0.8, 0.3};
-            for (int i = 0; i < 5; ++i) f.FG2.set_text(i + 1, 1, std::to_string(saAtRow[i]));
-            const double T[] = {0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4};
-            const double Sa[] = {1.0, 1.0, 0.9, 0.7, 0.5, 0.4, 0.3};
-            for (int j = 1; j <= 7; ++j) {
-                f.FG2.set_text(j, 2, std::to_string(T[j - 1]));
-                f.FG2.set_text(j, 3, std::to_string(Sa[j - 1]));
-            }
-        });
+    /// Then Next, the sweep and Next again: the diagram.
+    windows::Form10& to_diagram_of(const std::string& curve) {
+        to_demand_done(curve);
+        press(form9().Command3);
+        press(form9().Command9);
+        press(form9().Command3);
+        return program.form<windows::Form10>();
     }
     /// The hand case swept on page 2 with the hand settings (g 1000, T0 0.5, type A).
     void sweep_hand_case() {
@@ -101,7 +108,7 @@ protected:
             f.T2.set_text("0.5");
         });
         to_demand_done();
-        put_hand_demand();
+        run([&] { copy_to_grid(demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), f.FG2); });
         press(f.Command3);
         ASSERT_EQ(f.pageIndex, 2);
         press(f.Command9);

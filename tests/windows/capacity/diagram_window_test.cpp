@@ -55,17 +55,10 @@ std::vector<double> strip_ticks(const forms::PictureBox& strip) {
 class DiagramAxesTest : public DiagramTest {
 protected:
     windows::Form10& diagram_of(double factor, int unit) {
-        windows::Form9& f = form9();
-        run([&] { f.Combo1.set_list_index(unit); });
-        read_capacity(hand_curve_times(factor));
-        press(f.Command3);
-        press(f.demand.Command6);
-        press(f.demand.Command7);
-        press(f.Command3);
-        press(f.Command9);
-        press(f.Command3);
+        run([&] { form9().Combo1.set_list_index(unit); });
+        windows::Form10& d = to_diagram_of(hand_curve_times(factor));
         EXPECT_TRUE(platform.messages.empty());
-        return program.form<windows::Form10>();
+        return d;
     }
     /// Labels by "0.00" a round step apart, ticks four or five to a step, nothing run together.
     void expect_round_abscissa(const windows::Form10& d, const std::vector<std::string>& texts, double step) {
@@ -171,14 +164,7 @@ TEST_F(DiagramTest, WithoutAPrinterPrintDoesNothingAndCloseUnloads) {
 
 TEST_F(DiagramTest, WithoutACrossingThePlotFailsOnlyWhenNothingCanBeScaled) {
     // A capacity curve of zeros: no abscissa to scale by.
-    read_capacity("Teff\n 1 0.3 5 0 0 0 0 0 1\n 2 0.4 5 0 0 0 0 0 1\n 3 0.5 5 0 0 0 0 0 1\n");
-    windows::Form9& f = form9();
-    press(f.Command3);
-    press(f.demand.Command6);
-    press(f.demand.Command7);
-    press(f.Command3);
-    press(f.Command9);
-    press(f.Command3);
+    to_diagram_of("Teff\n 1 0.3 5 0 0 0 0 0 1\n 2 0.4 5 0 0 0 0 0 1\n 3 0.5 5 0 0 0 0 0 1\n");
     EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Error Reading File"});
     EXPECT_TRUE(program.is_loaded<windows::Form10>());
 }

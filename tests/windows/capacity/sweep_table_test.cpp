@@ -6,6 +6,7 @@
 
 #include "capacity_fixture.h"
 #include "compute/capacity/capacity_reader.h"
+#include "compute/files/text_file.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/step_table.h"
 
@@ -27,24 +28,12 @@ TextTable capacity_table(const std::vector<std::string>& data) {
     return Fg;
 }
 
-// The demand table: Sa at each capacity row in column 1, the period grid in columns 2 and 3.
-TextTable demand_table(const std::vector<double>& saAtRow, int rows = 8) {
-    TextTable FG2(rows, 4);
-    for (std::size_t i = 0; i < saAtRow.size(); ++i)
-        FG2.set_text(static_cast<long>(i) + 1, 1, std::to_string(saAtRow[i]));
-    const double T[] = {0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4};
-    const double Sa[] = {1.0, 1.0, 0.9, 0.7, 0.5, 0.4, 0.3};
-    for (long j = 1; j < rows && j <= 7; ++j) {
-        FG2.set_text(j, 2, std::to_string(T[j - 1]));
-        FG2.set_text(j, 3, std::to_string(Sa[j - 1]));
-    }
-    return FG2;
-}
+using test::demand_table;
 
 // The sweep's hand-made curve, and a sixth row that the sweep leaves out.
 TextTable hand_curve() {
-    return capacity_table({" 1 0.3 5 0 0 0 0 0 1.2", " 2 0.4 5 1 0.4 0 0 0 1.2", " 3 0.5 5 2 0.8 0 0 0 1.2",
-                           " 4 0.6 5 4 1.0 0 0 0 1.2", " 5 0.8 5 6 1.1 0 0 0 1.2", " 6 1.0 5 8 1.15 0 0 0 1.2"});
+    std::vector<std::string> lines = compute::split_lines(test::kHandCurve);
+    return capacity_table({lines.begin() + 2, lines.end()});
 }
 
 SweepBoxes hand_settings(int kind = 1) {
