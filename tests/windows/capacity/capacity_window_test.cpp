@@ -1,9 +1,8 @@
-// Form9: the capacity file, the unit, the pages of the wizard, the demand spectrum and Sa.
+// Form9: the capacity file or a pushover curve, the unit, the pages of the wizard, the demand
+// spectrum and Sa.
 #include "capacity_fixture.h"
-
-#include <set>
-#include <tuple>
-#include <utility>
+#include "text/number_text.h"
+#include "windows/capacity/curve_capacity_window.h"
 
 namespace tv::test {
 namespace {
@@ -108,6 +107,23 @@ TEST_F(CapacityTest, CancellingTheSpectrumFileShowsTheCancelAndReadsNothing) {
     ASSERT_EQ(platform.messages.size(), 2u);
     EXPECT_EQ(platform.messages[1].text.rfind("File not found", 0), 0u) << platform.messages[1].text;
     EXPECT_FALSE(f.demand.fromFile);
+}
+
+// The capacity table built from a pushover curve and held by Form9 as if read from a file.
+TEST_F(CapacityTest, TheModalNumbersComeFromPastedStoreys) {
+    press(form9().cmdFromCurve);
+    auto& d = program.form<windows::frmCurveCapacity>();
+    run([&] { d.txtStoreys.set_text("1239.562\t0.00006\r\n961.554\t0.61821\r\n\r\n687.12\t1\r\n"); });
+    press(d.cmdModal);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(d.txtW.text(), "2888.236");
+    EXPECT_NEAR(text::val(d.txtAlpha1.text()), 0.539, 0.0005);
+    EXPECT_NEAR(text::val(d.txtPfPhi.text()), 1.215, 0.0005);
+    run([&] { d.txtStoreys.set_text("100 1\n100 one\n"); });
+    press(d.cmdModal);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Storey line 2: expected a weight and an amplitude, found \"100 one\"");
+    EXPECT_EQ(d.txtW.text(), "2888.236");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/form_dump.h"
 #include "windows/capacity/sa_window.h"
 
 namespace tv::test {
@@ -23,20 +24,22 @@ protected:
         type(f8().Text10, "10000");
         type(f8().Text2, "0.5");
     }
+    /// The C0 group's ticks and the value they give: "Check1 Check2 Check3 Text12".
+    std::string c0() {
+        windows::Form8& f = f8();
+        return std::to_string(f.Check1.value()) + " " + std::to_string(f.Check2.value()) + " " +
+               std::to_string(f.Check3.value()) + " " + f.Text12.text();
+    }
 };
 
 TEST_F(TargetDisplacementTest, Command5ShowsForm8AndCopiesTheResults) {
     solve_softening();
     press(f6().Command5);
-    windows::Form8& f = f8();
-    EXPECT_TRUE(f.visible());
+    EXPECT_TRUE(f8().visible());
     EXPECT_EQ(platform.shown.back(), "Form8");
-    EXPECT_EQ(f.Text7.text(), "1.022");   // the label's three decimals
-    EXPECT_EQ(f.Text16.text(), "1.99");   // 1.9900
-    EXPECT_EQ(f.Text15.text(), "0.05");   // alfa1
-    EXPECT_EQ(f.Text17.text(), "2855.72");  // 2855.7214 to two decimals
-    EXPECT_EQ(f.Text18.text(), "8");      // the largest displacement
-    EXPECT_TRUE(f.Check9.checked());
+    // Te 1.022 (the label's three decimals), dy 1.99, alfa1 0.05, Vy 2855.72 (2855.7214 to two
+    // decimals), the largest displacement 8.
+    expect_state(dump(f8(), {"Text7", "Text16", "Text15", "Text17", "Text18", "Check9"}), "target_handed_over");
 }
 
 TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
@@ -62,27 +65,20 @@ TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
 
 TEST_F(TargetDisplacementTest, TheC0ColumnsFollowTheGroupLogic) {
     windows::Form8& f = f8();
-    EXPECT_TRUE(f.Check1.checked());
-    EXPECT_EQ(f.Text12.text(), "");
+    EXPECT_EQ(c0(), "1 0 0 ");
     type(f.Text1, "3");
-    EXPECT_TRUE(f.Check1.checked());
-    EXPECT_EQ(f.Text12.text(), "1.2");
+    EXPECT_EQ(c0(), "1 0 0 1.2");
     click(f.Check3);
-    EXPECT_TRUE(f.Check3.checked());
-    EXPECT_FALSE(f.Check1.checked());
-    EXPECT_FALSE(f.Check2.checked());
-    EXPECT_EQ(f.Text12.text(), "1.3");
+    EXPECT_EQ(c0(), "0 0 1 1.3");
     // A click on the only box that is on leaves it on.
     click(f.Check3);
-    EXPECT_TRUE(f.Check3.checked());
-    EXPECT_EQ(f.Text12.text(), "1.3");
+    EXPECT_EQ(c0(), "0 0 1 1.3");
     // A new story count clears the boxes; the one that was on turns itself back on.
     type(f.Text1, "7");
-    EXPECT_TRUE(f.Check3.checked());
-    EXPECT_EQ(f.Text12.text(), "1.44");
+    EXPECT_EQ(c0(), "0 0 1 1.44");
     click(f.Check2);
     type(f.Text1, "4");
-    EXPECT_EQ(f.Text12.text(), "1.25");
+    EXPECT_EQ(c0(), "0 1 0 1.25");
 }
 
 TEST_F(TargetDisplacementTest, CalOpensForm11AtThePeriodOfTe) {

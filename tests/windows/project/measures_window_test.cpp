@@ -1,7 +1,6 @@
 // The measures window opened from the record window: it shows what the measures give for the
 // record in work, previews and applies processing to the project's record, and undoes it.
 #include <cmath>
-#include <cstdio>
 #include <sstream>
 
 #include "compute/measures/ground_motion_measures.h"
@@ -125,6 +124,26 @@ TEST_F(MeasuresWindowTest, BadProcessingIsRefusedWithoutTouchingTheRecord) {
     EXPECT_EQ(samples('X'), before);
     EXPECT_FALSE(m.Undo.enabled());
     ASSERT_TRUE(platform.runtime_errors.empty());
+}
+
+// Show Diagram on a processed record whose processing no longer fits the lines now chosen: a
+// message, and the record as read, no longer marked processed.
+TEST_F(MeasuresWindowTest, ProcessingThatNoLongerFitsIsDroppedWithAMessage) {
+    platform.input_answers = {"1", "2"};
+    ProjectTest::open_record(write("x.txt", "h\n0.1\n-0.2\n0.3\n0.1\n-0.1\n0.2\n0\n0.1\n-0.3\n0.2\n"),
+                             write("y.txt", "h\n0.2\n0.1\n-0.1\n0.3\n0.2\n-0.2\n0.1\n0\n0.1\n-0.1\n"));
+    windows::MeasuresWindow& m = open_measures();
+    program.run([&] {
+        m.BaselineFit.set_list_index(1);
+        m.BaselineOrder.set_text("6");  // seven coefficients: more than six samples needed
+    });
+    press(m.Apply);
+    ASSERT_TRUE(m.Undo.enabled());
+    program.run([&] { form1().xeline.set_text("7"); });  // six samples left
+    press(form1().Command2);
+    EXPECT_EQ(platform.message_texts().back().rfind("The processing applied before does not fit", 0), 0u);
+    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
+    EXPECT_EQ(state().samples(1, 'X', 2, 7), (std::vector<double>{0.1, -0.2, 0.3, 0.1, -0.1, 0.2}));
 }
 
 }  // namespace

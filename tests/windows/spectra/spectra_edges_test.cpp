@@ -141,7 +141,7 @@ TEST_F(DuringRunTest, AnExportBetweenPeriodsCutsTheArraysAndTheRunStopsAtTheCut)
     EXPECT_EQ(state().accelX1.ubound(), 9);
     for (long j = 1; j <= 9; ++j) EXPECT_EQ(state().specX1(j), clean[static_cast<std::size_t>(j)]) << j;
     EXPECT_TRUE(f.Picbar.visible());  // the trap leaves the panel; Calculate then opens its buttons
-    EXPECT_EQ(read_lines(dir / "during.txt").size(), 10u);
+    EXPECT_EQ(lines_of(dir / "during.txt").size(), 10u);
 }
 
 TEST_F(DuringRunTest, ATickMadeWhileTheRunGoesOnCountsFromTheNextPeriod) {
