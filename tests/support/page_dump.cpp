@@ -1,0 +1,33 @@
+#include "support/page_dump.h"
+
+#include "support/tables.h"
+
+namespace tv::test {
+
+std::string dump(const forms::Page& page) {
+    static const char* const kinds[] = {"line", "rect", "dot", "text", "polyline"};
+    std::string out = "page " + shortest(page.width) + " x " + shortest(page.height) + " \"" + page.title + "\"\n";
+    for (const forms::PageOp& op : page.ops) {
+        out += kinds[static_cast<int>(op.kind)];
+        for (double v : {op.x1, op.y1, op.x2, op.y2}) out += " " + shortest(v);
+        out += " pen " + shortest(op.width) + " ink " + std::to_string(op.colour);
+        if (op.fill != -1) out += " fill " + std::to_string(op.fill);
+        if (op.kind == forms::PageOp::Kind::Text)
+            out += " font " + op.font.family + " " + shortest(op.font.size) + (op.font.bold ? " bold" : "") + " \"" +
+                   op.text + "\"";
+        for (std::size_t i = 0; i < op.points.size(); ++i) out += (i == 0 ? " points " : " ") + shortest(op.points[i]);
+        if (!op.clip.empty())
+            out += " clip " + shortest(op.clip.x) + " " + shortest(op.clip.y) + " " + shortest(op.clip.w) + " " +
+                   shortest(op.clip.h);
+        out += "\n";
+    }
+    return out;
+}
+
+std::string dump(const std::vector<forms::Page>& pages) {
+    std::string out;
+    for (const forms::Page& page : pages) out += dump(page);
+    return out;
+}
+
+}  // namespace tv::test
