@@ -14,7 +14,6 @@ TEST_F(ProjectTest, CountIsRoundedHalfToEvenAndItsLeadingNumberTaken) {
     EXPECT_EQ(state().currentRecord, 1);
     EXPECT_EQ(platform.prompts,
               (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
-
 }
 
 TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
@@ -37,17 +36,13 @@ TEST_F(ProjectTest, TheInputsWindowsOpenKeepsTheCountWhenItsDialogIsCancelled) {
     EXPECT_EQ(state().recordCount, 1);
 }
 
-TEST_F(ProjectTest, CancelledPromptsEndTheRoutineSilently) {
+TEST_F(ProjectTest, CancelledPromptsOrANegativeCountEndTheRoutineSilently) {
     open();
+    EXPECT_EQ(state().recordCount, 0);
+    platform.input_answers = {"-1", "1"};
+    open();  // ends at the range test
     EXPECT_EQ(state().recordCount, 0);
     EXPECT_TRUE(platform.messages.empty());
-    EXPECT_TRUE(platform.file_requests.empty());
-}
-
-TEST_F(ProjectTest, NegativeCountEndsAtTheRangeTest) {
-    platform.input_answers = {"-1", "1"};
-    open();
-    EXPECT_EQ(state().recordCount, 0);
     EXPECT_TRUE(platform.file_requests.empty());
 }
 
