@@ -30,4 +30,17 @@ std::string dump(const std::vector<forms::Page>& pages) {
     return out;
 }
 
+std::string dump(const forms::PictureBox& picture) {
+    static const char* const kinds[] = {"line", "point", "text"};
+    std::string out = "picture " + shortest(picture.width()) + " x " + shortest(picture.height()) + "\n";
+    for (const forms::DrawOp& op : picture.ops()) {
+        out += kinds[static_cast<int>(op.kind)];
+        for (double v : {op.x1, op.y1, op.x2, op.y2}) out += " " + shortest(v);
+        out += " ink " + std::to_string(op.color) + " pen " + std::to_string(op.width);
+        if (op.kind == forms::DrawOp::Kind::Text) out += " \"" + op.text + "\"";
+        out += "\n";
+    }
+    return out;
+}
+
 }  // namespace tv::test

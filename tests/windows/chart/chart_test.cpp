@@ -8,6 +8,7 @@
 #include "support/fake_platform.h"
 #include "support/files.h"
 #include "support/form_dump.h"
+#include "support/page_dump.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
 #include "windows/program.h"
@@ -255,11 +256,8 @@ TEST_F(ChartTest, ComparisonDrawsTheTargetOnTheAveragesScale) {
     w.chart.plot(average, 0.01, true, 255);
     w.chart.plot(target, 0.01, true, 50);
     EXPECT_DOUBLE_EQ(w.chart.range(), 1.2);
-    EXPECT_EQ(of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 255).size(), 9u);
-    auto dark = of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 50);
-    ASSERT_EQ(dark.size(), 9u);
-    // 2.0 on a range of 1.2 lies above the top edge.
-    EXPECT_LT(dark[1].y2, 0);
+    // Nine segments of each; the target's (ink 50), 2.0 on a range of 1.2, above the top edge.
+    expect_state(dump(w.chart.picNemodar), "chart_comparison");
 }
 
 TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
@@ -279,22 +277,11 @@ TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
     w.chart.plot(amp, 0.05, true);
 
     auto& p = w.chart.picNemodar;
-    EXPECT_EQ(of_kind(p, DrawOp::Kind::Line, 255).size(), 8u);  // 4 segments, twice each
-    auto marks = of_kind(p, DrawOp::Kind::Line, 270);
-    ASSERT_EQ(marks.size(), 1u);
-    EXPECT_DOUBLE_EQ(marks[0].x1, p.x_to_twips(2.5));
-    EXPECT_DOUBLE_EQ(marks[0].x2, p.x_to_twips(3));
-    EXPECT_DOUBLE_EQ(marks[0].y1, p.y_to_twips(3));
-    // Range 6: labels from Int(3) = 3 tenths upward. Every tenth would put 58 labels on the strip,
-    // one over the next, so they stand at a multiple of the tenth with room for the text.
-    auto labels = texts(w.chart.PicySxale);
-    ASSERT_GE(labels.size(), 2u);
-    EXPECT_EQ(labels.front(), "0.3");
-    double step = std::stod(labels[1]) - std::stod(labels[0]);
-    EXPECT_GT(step, 0.1);
-    EXPECT_LE(std::stod(labels.back()), 6.0);
-    EXPECT_GT(std::stod(labels.back()) + step, 6.0);
-    EXPECT_GE(step * 2, 1.5 * w.chart.PicySxale.text_height() - 1e-9);  // a tenth stands 0.2 apart
+    // Four segments twice each (ink 255); one mark (ink 270) from 2.5 to 3 at the peak's 3. Range
+    // 6: labels from Int(3) = 3 tenths upward. Every tenth would put 58 labels on the strip, one
+    // over the next, so they stand at a multiple of the tenth with room for the text (a tenth
+    // stands 0.2 apart), up to 6.
+    expect_state(dump(p) + dump(w.chart.PicySxale), "chart_fourier");
 
     repeat = 0;
     w.chart.plot(amp, 0.05, true);
