@@ -2,18 +2,15 @@
 // A fresh program over a fake platform with the capacity wizard open, and capacity and
 // spectrum files written to a temporary folder.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <functional>
-#include <fstream>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "support/errors.h"
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "support/form_dump.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_window.h"
@@ -22,7 +19,6 @@
 #include "windows/capacity/sa_window.h"
 #include "windows/program.h"
 #include "windows/project/main_frame_window.h"
-#include "support/errors.h"
 
 namespace tv::test {
 
@@ -56,20 +52,12 @@ inline windows::TextTable demand_table(const std::vector<double>& saAtRow, int r
 class CapacityTest : public ::testing::Test {
 protected:
     CapacityTest() : program(platform) {
-        dir = std::filesystem::temp_directory_path() /
-              ("tv_capacity_win_" + std::to_string(::getpid()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir);
         windows::start(program);
         program.state.workDir = dir.string();
         run([&] { program.form<windows::frmMain>().menu_adrs.choose(); });
     }
-    ~CapacityTest() override { std::filesystem::remove_all(dir); }
 
-    std::string write(const std::string& name, const std::string& content) {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return (dir / name).string();
-    }
+    std::string write(const std::string& name, const std::string& content) { return scratch.write(name, content); }
     void run(const std::function<void()>& f) { program.run(f); }
     void press(forms::CommandButton& b) { run([&] { b.press(); }); }
 
@@ -114,9 +102,10 @@ protected:
         press(f.Command9);
     }
 
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
     FakePlatform platform;
     windows::Program program;
-    std::filesystem::path dir;
 };
 
 }  // namespace tv::test

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "windows/capacity/sweep_table.h"
 
 namespace tv::windows {

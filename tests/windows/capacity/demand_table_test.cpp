@@ -1,11 +1,8 @@
 // The step table Fg and the demand table FG2 of the capacity wizard.
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "capacity_fixture.h"
-#include "compute/capacity/demand_spectrum.h"
-#include "text/number_text.h"
+#include "compute/capacity/capacity_reader.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/demand_table.h"
 #include "windows/capacity/step_table.h"

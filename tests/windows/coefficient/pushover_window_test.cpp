@@ -1,7 +1,5 @@
 // Form6: reading a pushover curve, its diagram, the choice of a step, the yield point by the
 // scan or by hand, Te, the R factor and the printed page.
-#include <cmath>
-
 #include "coefficient_fixture.h"
 #include "support/form_dump.h"
 

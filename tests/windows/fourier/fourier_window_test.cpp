@@ -1,12 +1,8 @@
 // Form12 and Form13: the sum through the window's tables, the limits, picking, the history,
 // the exports and the omega calculator.
 #include <cmath>
-#include <fstream>
 
-#include "compute/fourier/inverse_sum.h"
-#include "text/format.h"
 #include "text/number_text.h"
-#include "text/rounding.h"
 #include "windows/fourier/fourier_window.h"
 #include "windows/measures/measures_window.h"
 #include "windows/project/project_fixture.h"
@@ -118,13 +114,9 @@ TEST_F(FourierTest, NothingElseOfTheWindowRunsInsideItsLoops) {
         if (f.pbar.value() != 7) return;
         ++inside;
         busy_inside = platform.busy && f.looping();
-        program.run([&] { f.Command1.press(); });
-        program.run([&] { f.Command3.press(); });
-        program.run([&] { f.Command5.press(); });
-        program.run([&] { f.Command4.press(); });
-        program.run([&] { f.Command9.press(); });
-        program.run([&] { f.Command7.press(); });
-        program.run([&] { f.Command8.press(); });
+        for (forms::CommandButton* b : {&f.Command1, &f.Command3, &f.Command5, &f.Command4, &f.Command9, &f.Command7,
+                                        &f.Command8})
+            program.run([&] { b->press(); });
         program.run([&] { program.unload(f); });
     };
     program.run([&] { f.Command1.press(); });

@@ -1,14 +1,7 @@
 // Form4: the scale factor, its rules, the band guard, the read-out, the closing question, the export.
 #include "spectra_fixture.h"
 
-#include <cstdio>
-#include <fstream>
-#include <sstream>
-
-#include "compute/measures/ground_motion_measures.h"
 #include "text/format.h"
-#include "text/number_text.h"
-#include "text/rounding.h"
 #include "windows/spectra/comparison_window.h"
 
 namespace tv::test {

@@ -1,8 +1,6 @@
 // Form2: the design spectrum, its options and file, and the hand-over to Form3.
 #include "spectra_fixture.h"
 
-#include <cmath>
-
 namespace tv::test {
 namespace {
 
