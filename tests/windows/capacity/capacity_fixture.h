@@ -57,7 +57,7 @@ protected:
         run([&] { program.form<windows::frmMain>().menu_adrs.choose(); });
     }
 
-    std::string write(const std::string& name, const std::string& content) { return scratch.write(name, content); }
+    std::string write(const std::string& name, const std::string& bytes) { return scratch.write(name, bytes); }
     void run(const std::function<void()>& f) { program.run(f); }
     void press(forms::CommandButton& b) { run([&] { b.press(); }); }
 

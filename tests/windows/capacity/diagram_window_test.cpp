@@ -30,8 +30,8 @@ protected:
         const double T[] = {0.3, 0.4, 0.5, 0.6, 0.8, 1.0};
         std::string curve = "Teff\n";
         for (int i = 0; i < 6; ++i)
-            curve += " " + std::to_string(i + 1) + " " + std::to_string(T[i]) + " 5 " + std::to_string(d[i] * 100) +
-                     " " + std::to_string(a[i]) + " 0 0 0 1.2\n";
+            curve += " " + std::to_string(i + 1) + " " + std::to_string(T[i]) + " 5 " +
+                     std::to_string(d[i] * 100) + " " + std::to_string(a[i]) + " 0 0 0 1.2\n";
         run([&] { form9().Combo1.set_list_index(0); });
         windows::Form10& diagram = to_diagram_of(curve);
         EXPECT_TRUE(platform.messages.empty());

@@ -19,7 +19,9 @@ protected:
         run([&] { f.show(true); });
         return f;
     }
-    void expect_shown(const std::string& name) { expect_state(dump(form11()) + dump(platform), "sa_" + name); }
+    void expect_shown(const std::string& name) {
+        expect_state(dump(form11()) + dump(platform), "sa_" + name);
+    }
     std::string handedSa, handedTs;
     int handed = 0;
 };

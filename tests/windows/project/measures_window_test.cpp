@@ -27,7 +27,6 @@ protected:
         ProjectTest::open_record(write("x.txt", x.str()), write("y.txt", y.str()));
         program.run([&] { form1().xstep.set_text("0.01"); });
     }
-    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
     windows::MeasuresWindow& open_measures() {
         press(form1().Command2);
         press(form1().cmdMeasures);
@@ -43,14 +42,10 @@ protected:
             m.BaselineOrder.set_text("1");
         });
     }
+    /// What choose_band_pass chooses.
     compute::ProcessingOptions band_pass() const {
-        compute::ProcessingOptions o;
-        o.filter = compute::FilterKind::band_pass;
-        o.low_corner = 0.5;
-        o.high_corner = 20;
-        o.baseline = compute::BaselineFit::acceleration;
-        o.baseline_order = 1;
-        return o;
+        return {.baseline = compute::BaselineFit::acceleration, .baseline_order = 1,
+                .filter = compute::FilterKind::band_pass, .low_corner = 0.5, .high_corner = 20};
     }
 };
 

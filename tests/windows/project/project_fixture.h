@@ -45,6 +45,7 @@ protected:
         platform.file_answers.push_back(y);
         open();
     }
+    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
     windows::Form1& form1() { return program.form<windows::Form1>(); }
     /// A window and what the platform was shown, against tests/golden/windows/<name>.txt.
     void expect_shown(const forms::Form& form, const std::string& name) {

@@ -14,7 +14,6 @@ protected:
         platform.input_answers = {count, "2"};
         open_record(x, y);
     }
-    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
     std::string x, y;
 };
 

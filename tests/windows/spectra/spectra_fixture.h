@@ -39,7 +39,6 @@ protected:
     windows::Form2& form2() { return program.form<windows::Form2>(); }
     windows::Form3& form3() { return program.form<windows::Form3>(); }
     windows::Form4& form4() { return program.form<windows::Form4>(); }
-    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
 };
 
 }  // namespace tv::test
