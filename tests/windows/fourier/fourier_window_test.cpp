@@ -19,8 +19,7 @@ protected:
             x += text::to_text(0.3 * std::sin(2 * M_PI * hz * i * 0.01)) + "\n";
             y += "0.1\n";
         }
-        platform.input_answers = {"1", "2"};
-        open_record(write("x.txt", x), write("y.txt", y));
+        open_texts(x, y);
         program.run([&] { form1().xstep.set_text("0.01"); });
         program.run([&] { form1().Command2.press(); });
         program.run([&] { form1().Command1.press(); });

@@ -23,8 +23,7 @@ protected:
             x << 0.3 * std::exp(-t) * std::sin(2 * 3.14159265358979 * 2 * t) << '\n';
             y << 0.2 * std::sin(2 * 3.14159265358979 * 5 * t) << '\n';
         }
-        platform.input_answers = {"1", "2"};
-        ProjectTest::open_record(write("x.txt", x.str()), write("y.txt", y.str()));
+        open_texts(x.str(), y.str());
         program.run([&] { form1().xstep.set_text("0.01"); });
     }
     windows::MeasuresWindow& open_measures() {
@@ -62,8 +61,7 @@ TEST_F(MeasuresWindowTest, AComponentOfZerosIsNamedAndTheOtherStillShown) {
 }
 
 TEST_F(MeasuresWindowTest, ARecordOfOneSampleGivesAMessage) {
-    platform.input_answers = {"1", "2"};
-    ProjectTest::open_record(write("x.txt", "head\n0.1\n"), write("y.txt", "head\n0.2\n"));
+    open_texts("head\n0.1\n", "head\n0.2\n");
     windows::MeasuresWindow& m = open_measures();
     ASSERT_TRUE(platform.runtime_errors.empty());
     EXPECT_NE(m.Message.caption().find("X: "), std::string::npos);
@@ -124,9 +122,8 @@ TEST_F(MeasuresWindowTest, BadProcessingIsRefusedWithoutTouchingTheRecord) {
 // Show Diagram on a processed record whose processing no longer fits the lines now chosen: a
 // message, and the record as read, no longer marked processed.
 TEST_F(MeasuresWindowTest, ProcessingThatNoLongerFitsIsDroppedWithAMessage) {
-    platform.input_answers = {"1", "2"};
-    ProjectTest::open_record(write("x.txt", "h\n0.1\n-0.2\n0.3\n0.1\n-0.1\n0.2\n0\n0.1\n-0.3\n0.2\n"),
-                             write("y.txt", "h\n0.2\n0.1\n-0.1\n0.3\n0.2\n-0.2\n0.1\n0\n0.1\n-0.1\n"));
+    open_texts("h\n0.1\n-0.2\n0.3\n0.1\n-0.1\n0.2\n0\n0.1\n-0.3\n0.2\n",
+               "h\n0.2\n0.1\n-0.1\n0.3\n0.2\n-0.2\n0.1\n0\n0.1\n-0.1\n");
     windows::MeasuresWindow& m = open_measures();
     program.run([&] {
         m.BaselineFit.set_list_index(1);

@@ -6,10 +6,7 @@ namespace tv::test {
 namespace {
 
 TEST_F(ProjectTest, CountIsRoundedHalfToEvenAndItsLeadingNumberTaken) {
-    std::string x = write("x.txt", "0.1\n0.2\n");
-    platform.input_answers = {"2.5", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n0.2\n", "2.5");
     EXPECT_EQ(state().recordCount, 2);
     EXPECT_EQ(state().currentRecord, 1);
     EXPECT_EQ(platform.prompts,
@@ -26,10 +23,7 @@ TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
 }
 
 TEST_F(ProjectTest, TheInputsWindowsOpenKeepsTheCountWhenItsDialogIsCancelled) {
-    std::string x = write("x.txt", "0.1\n0.2\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n0.2\n");
     auto& f14 = program.form<windows::Form14>();
     program.run([&] { f14.Command1.press(); });  // the dialog cancelled
     EXPECT_EQ(platform.file_requests.size(), 2u);
@@ -47,10 +41,7 @@ TEST_F(ProjectTest, CancelledPromptsOrANegativeCountEndTheRoutineSilently) {
 }
 
 TEST_F(ProjectTest, CancelAfterTheXFileResetsTheCountAndTheNextOpenAsksAgain) {
-    std::string x = write("x.txt", "0.1\n0.2\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n0.2\n");
     EXPECT_EQ(state().componentLetter, "Y");
     open();  // dialog cancelled
     EXPECT_EQ(state().recordCount, 0);
@@ -66,10 +57,7 @@ TEST_F(ProjectTest, CancelAfterTheXFileResetsTheCountAndTheNextOpenAsksAgain) {
 }
 
 TEST_F(ProjectTest, TheXFileOpensTheRecordWindowWithTheFirstLine) {
-    std::string x = write("x.txt", "header\n0.1\n-0.35\n");
-    platform.input_answers = {"1", "2"};
-    platform.file_answers = {x};
-    open();
+    open_x("header\n0.1\n-0.35\n", "1", "2");
     ASSERT_TRUE(program.is_loaded<windows::Form1>());
     EXPECT_EQ(form1().caption(), "Input file parameters (1)");
     EXPECT_TRUE(form1().visible());

@@ -38,6 +38,12 @@ protected:
     void open() {
         program.run([&] { program.form<windows::frmMain>().menu_open.choose(); });
     }
+    /// Answers the two prompts and opens `content` as the first X file.
+    void open_x(const std::string& content, const std::string& count = "1", const std::string& first = "1") {
+        platform.input_answers = {count, first};
+        platform.file_answers = {write("x.txt", content)};
+        open();
+    }
     /// Opens a record of two files, answering the prompts when they are asked.
     void open_record(const std::string& x, const std::string& y) {
         platform.file_answers.push_back(x);
@@ -46,6 +52,11 @@ protected:
         open();
     }
     void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
+    /// Answers the prompts (one record, data from line `first`) and opens a record of two texts.
+    void open_texts(const std::string& x, const std::string& y, const std::string& first = "2") {
+        platform.input_answers = {"1", first};
+        open_record(write("x.txt", x), write("y.txt", y));
+    }
     windows::Form1& form1() { return program.form<windows::Form1>(); }
     /// A window and what the platform was shown, against tests/golden/windows/<name>.txt.
     void expect_shown(const forms::Form& form, const std::string& name) {

@@ -71,37 +71,25 @@ TEST_F(ProjectTest, ADeclaredStepIsOfferedAndNoKeepsTheBox) {
 }
 
 TEST_F(ProjectTest, AHeaderNumberOnLineOneWinsOverSmallerSamples) {
-    std::string x = write("x.txt", "1999 Chi-Chi\n0.2\n0.5\n");
-    std::string y = write("y.txt", "title\n2000 header\n0.25\n-0.75\n");
-    platform.input_answers = {"1", "3"};
-    open_record(x, y);
+    open_texts("1999 Chi-Chi\n0.2\n0.5\n", "title\n2000 header\n0.25\n-0.75\n", "3");
     // X's peak 1999, the larger in xvalue; line 2 of Y stands before the first data line: Y's 0.75.
     expect_shown(form1(), "record_header_number");
 }
 
 TEST_F(ProjectTest, BlankLinesCountAsSamplesOfZeroAndCrLfEndsAreRead) {
-    std::string x = write("x.txt", "0.1\r\n\r\n-0.4\r\n");
-    std::string y = write("y.txt", "0.3\n\n");
-    platform.input_answers = {"1", "1"};
-    open_record(x, y);
+    open_texts("0.1\r\n\r\n-0.4\r\n", "0.3\n\n", "1");
     // X: 0.1, an empty row, -0.4 (peak 0.4); Y: 0.3 and an empty row.
     expect_shown(form1(), "record_blank_lines");
 }
 
 TEST_F(ProjectTest, AnEmptyFileLeavesOneRowAndTheOldMaximum) {
-    std::string x = write("x.txt", "0.6\n");
-    std::string y = write("y.txt", "");
-    platform.input_answers = {"1", "1"};
-    open_record(x, y);
+    open_texts("0.6\n", "", "1");
     // Y's table holds its heading alone, the last line 0, Text2 empty (curMaxY stayed 0), xvalue 0.6.
     expect_shown(form1(), "record_empty_y");
 }
 
 TEST_F(ProjectTest, ANumberTooLargeForADoubleIsAnOverflowAndTheProgramGoesOn) {
-    std::string x = write("x.txt", std::string(400, '9') + "\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x(std::string(400, '9') + "\n");
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");
     std::string y = write("y.txt", "0.1\n");

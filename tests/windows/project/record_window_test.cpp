@@ -35,8 +35,7 @@ TEST_F(RecordWindowTest, ShowDiagramScalesIntoTheArraysAndHidesTheOtherRows) {
 }
 
 TEST_F(RecordWindowTest, ThePeaksShownAreRoundedToEightDecimals) {
-    platform.input_answers = {"1", "2"};
-    open_record(write("x.txt", "head\n0.1\n-0.987654321\n"), write("y.txt", "head\n0.123456789\n0.1\n"));
+    open_texts("head\n0.1\n-0.987654321\n", "head\n0.123456789\n0.1\n");
     EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");  // as read
     press(form1().Command2);
     EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");
@@ -66,8 +65,7 @@ TEST_F(RecordWindowTest, ATypedPeakGoesToItsComponentUnlessItIsAComponentsOwn) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.shown);
-        platform.input_answers = {"1", "2"};
-        open_record(write("x.txt", std::string("head\n") + c.x), write("y.txt", std::string("head\n") + c.y));
+        open_texts(std::string("head\n") + c.x, std::string("head\n") + c.y);
         windows::Form1& f = form1();
         program.run([&] { f.Xfline.set_text(c.first); });
         if (c.peak != nullptr) program.run([&] { f.xvalue.set_text(c.peak); });
@@ -97,10 +95,7 @@ TEST_F(RecordWindowTest, ALastLineBeyondTheFileIsRefusedAndShowDiagramStaysDisab
 }
 
 TEST_F(RecordWindowTest, ShowDiagramBeforeTheYFileAsksForIt) {
-    x = write("x.txt", "0.1\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n");
     press(form1().Command2);
     ASSERT_EQ(platform.message_texts(), std::vector<std::string>{"enter File y"});
     EXPECT_TRUE(form1().Command2.enabled());
@@ -147,10 +142,7 @@ TEST_F(RecordWindowTest, NextAndBackStepThroughTheRecords) {
 
 TEST_F(RecordWindowTest, AnAllZeroComponentStopsThePlotWithARunTimeError) {
     // Line 1 gives X a peak, so the scaling works; the samples drawn are all zero.
-    x = write("x.txt", "1 header\n0\n0\n");
-    y = write("y.txt", "header\n0.2\n0.3\n");
-    platform.input_answers = {"1", "2"};
-    open_record(x, y);
+    open_texts("1 header\n0\n0\n", "header\n0.2\n0.3\n");
     press(form1().Command2);
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].first, 11);
