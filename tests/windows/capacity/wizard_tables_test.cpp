@@ -10,6 +10,7 @@
 #include "compute/capacity/capacity_reader.h"
 #include "compute/files/text_file.h"
 #include "forms/app.h"
+#include "support/tables.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_results.h"
 #include "windows/capacity/demand_table.h"
@@ -227,26 +228,30 @@ TextTable swept_table() {
     return Fg3;
 }
 
+// The diagram's series a line each, x then y from element 0 ("none" when not allocated), then
+// the largest abscissa and ordinate; against tests/golden/windows/fillarray_<name>.txt.
+void expect_diagram(const CapacityDiagram& g, const std::string& name) {
+    std::string out;
+    for (const DiagramSeries& s : g.series) {
+        for (const text::DoubleArray* a : {&s.x, &s.y}) {
+            if (!a->allocated()) out += " none";
+            for (long i = 0; a->allocated() && i <= a->ubound(); ++i) out += " " + test::shortest((*a)(i));
+            out += " |";
+        }
+        out += "\n";
+    }
+    test::expect_state(out + "max " + test::shortest(g.maxAbscissa) + " " + test::shortest(g.maxOrdinate) + "\n",
+                       "fillarray_" + name);
+}
+
+// Demand (1.25 in row 2), reduced demand, capacity and sweep of four and three rows, the bilinear
+// form of the curve's three rows only (a text below them is not read); element 0 never written;
+// the largest abscissa 3 and ordinate 1.25.
 TEST(Fillarray, FiveSeriesAndTheLargestValues) {
     TextTable Fg3 = swept_table();
-    // A bilinear text below the curve's rows is not read.
     Fg3.set_text(4, kBilinearD, "9.0000");
     Fg3.set_text(4, kBilinearA, "9.0000");
-    CapacityDiagram g = fillarray(Fg3);
-    const auto& s = g.series;
-    EXPECT_EQ(s[CapacityDiagram::kDemand].x.ubound(), 4);
-    EXPECT_EQ(s[CapacityDiagram::kDemand].y(2), 1.25);
-    EXPECT_EQ(s[CapacityDiagram::kReducedDemand].y.ubound(), 4);
-    EXPECT_EQ(s[CapacityDiagram::kCapacity].x.ubound(), 3);
-    EXPECT_EQ(s[CapacityDiagram::kCapacity].x(3), 3.0);
-    EXPECT_EQ(s[CapacityDiagram::kBilinear].x.ubound(), 3);
-    EXPECT_EQ(s[CapacityDiagram::kBilinear].y(3), 0.84);
-    EXPECT_EQ(s[CapacityDiagram::kSweep].x(1), 2.5);
-    EXPECT_EQ(s[CapacityDiagram::kSweep].y(3), 0.7);
-    // Index 0 is never written.
-    EXPECT_EQ(s[CapacityDiagram::kCapacity].y(0), 0.0);
-    EXPECT_EQ(g.maxAbscissa, 3.0);
-    EXPECT_EQ(g.maxOrdinate, 1.25);
+    expect_diagram(fillarray(Fg3), "five_series");
 }
 
 TEST(Fillarray, NoCrossingLeavesTheBilinearSeriesEmpty) {
@@ -255,18 +260,14 @@ TEST(Fillarray, NoCrossingLeavesTheBilinearSeriesEmpty) {
         Fg3.set_text(r, kBilinearD, "");
         Fg3.set_text(r, kBilinearA, "");
     }
-    CapacityDiagram g = fillarray(Fg3);
-    EXPECT_FALSE(g.series[CapacityDiagram::kBilinear].x.allocated());
-    EXPECT_FALSE(g.series[CapacityDiagram::kBilinear].y.allocated());
-    EXPECT_TRUE(g.series[CapacityDiagram::kReducedDemand].x.allocated());
+    expect_diagram(fillarray(Fg3), "no_crossing");
 }
 
+// A gap in the demand's Sd leaves a zero behind.
 TEST(Fillarray, AGapLeavesAZeroBehind) {
     TextTable Fg3 = swept_table();
     Fg3.set_text(3, kSdDemand, "");
-    CapacityDiagram g = fillarray(Fg3);
-    EXPECT_EQ(g.series[CapacityDiagram::kDemand].x.ubound(), 4);
-    EXPECT_EQ(g.series[CapacityDiagram::kDemand].x(3), 0.0);
+    expect_diagram(fillarray(Fg3), "gap");
 }
 
 class GridTableTest : public ::testing::Test {
