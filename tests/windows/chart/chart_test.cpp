@@ -88,12 +88,6 @@ std::vector<DrawOp> of_kind(const tv::forms::PictureBox& p, DrawOp::Kind kind, i
     return out;
 }
 
-std::vector<std::string> texts(const tv::forms::PictureBox& p) {
-    std::vector<std::string> out;
-    for (const auto& op : of_kind(p, DrawOp::Kind::Text)) out.push_back(op.text);
-    return out;
-}
-
 class ChartTest : public ::testing::Test {
 protected:
     tv::test::FakePlatform platform;
@@ -285,10 +279,6 @@ TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
     w.chart.plot(amp, 0.05, true);
     EXPECT_TRUE(of_kind(p, DrawOp::Kind::Line, 255).empty());
 }
-
-}  // namespace
-
-namespace {
 
 TEST_F(ChartTest, SavedDataHoldsTheNumbersDrawn) {
     ChartOptions o = record_options();
