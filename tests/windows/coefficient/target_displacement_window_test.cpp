@@ -45,10 +45,8 @@ TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
     // A new yield point on Form6 changes Alpha, not the copied dy.
     type(f6().txtXC2, "1");
     press(f8().Command1);
-    // ((3300 - 2855.72) / (8 - 1)) / 1500 = 0.0423.
-    EXPECT_EQ(f8().Label18.caption(), "0.04");
-    EXPECT_EQ(f8().Text16.text(), "1.99");
-    EXPECT_EQ(f8().Text14.text(), "7.83");
+    // Label18 ((3300 - 2855.72) / (8 - 1)) / 1500 = 0.0423 as 0.04; dy 1.99; Rmax 7.83.
+    expect_state(dump(f8(), {"Label18", "Text16", "Text14"}), "target_new_yield_point");
 }
 
 TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
