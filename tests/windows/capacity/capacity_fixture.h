@@ -2,26 +2,23 @@
 // A fresh program over a fake platform with the capacity wizard open, and capacity and
 // spectrum files written to a temporary folder.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <functional>
-#include <fstream>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "support/errors.h"
 #include "support/fake_platform.h"
+#include "support/files.h"
 #include "support/form_dump.h"
 #include "text/runtime_error.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/diagram_window.h"
+#include "windows/capacity/grid_table.h"
 #include "windows/capacity/sa_window.h"
 #include "windows/program.h"
 #include "windows/project/main_frame_window.h"
-#include "support/errors.h"
 
 namespace tv::test {
 
@@ -37,23 +34,30 @@ inline const char* kHandCurve =
     " 5 0.8 5 6 1.1 0 0 0 1.2\n"
     " 6 1.0 5 8 1.15 0 0 0 1.2\n";
 
+/// The sweep's hand-worked demand: Sa of the capacity rows in column 1, periods 0.2 .. 1.4 in
+/// columns 2 and 3.
+inline windows::TextTable demand_table(const std::vector<double>& saAtRow, int rows = 8) {
+    windows::TextTable FG2(rows, 4);
+    for (std::size_t i = 0; i < saAtRow.size(); ++i)
+        FG2.set_text(static_cast<long>(i) + 1, 1, std::to_string(saAtRow[i]));
+    const double T[] = {0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4};
+    const double Sa[] = {1.0, 1.0, 0.9, 0.7, 0.5, 0.4, 0.3};
+    for (long j = 1; j < rows && j <= 7; ++j) {
+        FG2.set_text(j, 2, std::to_string(T[j - 1]));
+        FG2.set_text(j, 3, std::to_string(Sa[j - 1]));
+    }
+    return FG2;
+}
+
 class CapacityTest : public ::testing::Test {
 protected:
     CapacityTest() : program(platform) {
-        dir = std::filesystem::temp_directory_path() /
-              ("tv_capacity_win_" + std::to_string(::getpid()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir);
         windows::start(program);
         program.state.workDir = dir.string();
         run([&] { program.form<windows::frmMain>().menu_adrs.choose(); });
     }
-    ~CapacityTest() override { std::filesystem::remove_all(dir); }
 
-    std::string write(const std::string& name, const std::string& content) {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return (dir / name).string();
-    }
+    std::string write(const std::string& name, const std::string& bytes) { return scratch.write(name, bytes); }
     void run(const std::function<void()>& f) { program.run(f); }
     void press(forms::CommandButton& b) { run([&] { b.press(); }); }
 
@@ -69,29 +73,20 @@ protected:
         run([&] { form9().Text1.set_text(path); });
         press(form9().Command2);
     }
-    /// The hand curve read, Next, the code spectrum shown and Sa calculated: page 1 done.
-    void to_demand_done() {
-        read_capacity(kHandCurve);
+    /// A curve read, Next, the code spectrum shown and Sa calculated: page 1 done.
+    void to_demand_done(const std::string& curve = kHandCurve) {
+        read_capacity(curve);
         press(form9().Command3);
         press(form9().demand.Command6);
         press(form9().demand.Command7);
     }
-    /// The sweep's hand-worked demand: Sa of the capacity rows in column 1, periods 0.2 .. 1.4
-    /// in columns 2 and 3, eight rows in all.
-    void put_hand_demand() {
-        windows::Form9& f = form9();
-        run([&] {
-            f.FG2.clear();
-            f.FG2.set_rows(8);
-            const double saAtRow[] = {1.0, 0.9, 0.85, 0.8, 0.3};
-            for (int i = 0; i < 5; ++i) f.FG2.set_text(i + 1, 1, std::to_string(saAtRow[i]));
-            const double T[] = {0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4};
-            const double Sa[] = {1.0, 1.0, 0.9, 0.7, 0.5, 0.4, 0.3};
-            for (int j = 1; j <= 7; ++j) {
-                f.FG2.set_text(j, 2, std::to_string(T[j - 1]));
-                f.FG2.set_text(j, 3, std::to_string(Sa[j - 1]));
-            }
-        });
+    /// Then Next, the sweep and Next again: the diagram.
+    windows::Form10& to_diagram_of(const std::string& curve) {
+        to_demand_done(curve);
+        press(form9().Command3);
+        press(form9().Command9);
+        press(form9().Command3);
+        return program.form<windows::Form10>();
     }
     /// The hand case swept on page 2 with the hand settings (g 1000, T0 0.5, type A).
     void sweep_hand_case() {
@@ -101,15 +96,16 @@ protected:
             f.T2.set_text("0.5");
         });
         to_demand_done();
-        put_hand_demand();
+        run([&] { copy_to_grid(demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), f.FG2); });
         press(f.Command3);
         ASSERT_EQ(f.pageIndex, 2);
         press(f.Command9);
     }
 
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
     FakePlatform platform;
     windows::Program program;
-    std::filesystem::path dir;
 };
 
 }  // namespace tv::test

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "support/page_dump.h"
 #include "windows/capacity/capacity_results.h"
+#include "windows/chart/chart_data.h"
 
 namespace tv::test {
 namespace {
@@ -19,100 +21,37 @@ protected:
     }
 };
 
-// The hand curve with its displacements times `factor`, read in `unit`, swept on the code
+// The hand curve with its displacements a hundred times larger, read in mm, swept on the code
 // spectrum, and the diagram shown.
-std::string hand_curve_times(double factor) {
-    const double d[] = {0, 1, 2, 4, 6, 8};
-    const double a[] = {0, 0.4, 0.8, 1.0, 1.1, 1.15};
-    const double T[] = {0.3, 0.4, 0.5, 0.6, 0.8, 1.0};
-    std::string text = "Teff\n";
-    for (int i = 0; i < 6; ++i)
-        text += " " + std::to_string(i + 1) + " " + std::to_string(T[i]) + " 5 " + std::to_string(d[i] * factor) + " " +
-                std::to_string(a[i]) + " 0 0 0 1.2\n";
-    return text;
-}
-
-/// One mark of the abscissa strip: a tick's x, or a label's left and text.
-struct StripText {
-    double x;
-    std::string text;
-};
-
-std::vector<StripText> strip_labels(const forms::PictureBox& strip) {
-    std::vector<StripText> out;
-    for (const auto& op : strip.ops())
-        if (op.kind == forms::DrawOp::Kind::Text) out.push_back({op.x1, op.text});
-    return out;
-}
-
-std::vector<double> strip_ticks(const forms::PictureBox& strip) {
-    std::vector<double> out;
-    for (const auto& op : strip.ops())
-        if (op.kind == forms::DrawOp::Kind::Line) out.push_back(op.x1);
-    return out;
-}
-
 class DiagramAxesTest : public DiagramTest {
 protected:
-    windows::Form10& diagram_of(double factor, int unit) {
-        windows::Form9& f = form9();
-        run([&] { f.Combo1.set_list_index(unit); });
-        read_capacity(hand_curve_times(factor));
-        press(f.Command3);
-        press(f.demand.Command6);
-        press(f.demand.Command7);
-        press(f.Command3);
-        press(f.Command9);
-        press(f.Command3);
+    windows::Form10& diagram_in_mm() {
+        const double d[] = {0, 1, 2, 4, 6, 8};
+        const double a[] = {0, 0.4, 0.8, 1.0, 1.1, 1.15};
+        const double T[] = {0.3, 0.4, 0.5, 0.6, 0.8, 1.0};
+        std::string curve = "Teff\n";
+        for (int i = 0; i < 6; ++i)
+            curve += " " + std::to_string(i + 1) + " " + std::to_string(T[i]) + " 5 " +
+                     std::to_string(d[i] * 100) + " " + std::to_string(a[i]) + " 0 0 0 1.2\n";
+        run([&] { form9().Combo1.set_list_index(0); });
+        windows::Form10& diagram = to_diagram_of(curve);
         EXPECT_TRUE(platform.messages.empty());
-        return program.form<windows::Form10>();
-    }
-    /// Labels by "0.00" a round step apart, ticks four or five to a step, nothing run together.
-    void expect_round_abscissa(const windows::Form10& d, const std::vector<std::string>& texts, double step) {
-        const forms::PictureBox& strip = d.chart.PicxSxale;
-        const auto labels = strip_labels(strip);
-        std::vector<std::string> got;
-        for (const auto& l : labels) got.push_back(l.text);
-        EXPECT_EQ(got, texts);
-        const double twips_per_unit = d.chart.picNemodar.width() / d.chart.picNemodar.scale_width();
-        const double o = d.chart.HScroll1.value() * 100.0;
-        for (const auto& l : labels) {
-            // Centred on the value's own place, or whole beside it at the ends of the strip.
-            const double w = strip.text_width(l.text);
-            const double at = std::stod(l.text) * twips_per_unit - o;
-            if (at < 0 || at > strip.width()) continue;  // out of sight, clipped
-            EXPECT_GE(l.x, 0) << l.text;
-            EXPECT_LE(l.x + w, strip.width() + 1) << l.text;
-            if (l.x > 0 && l.x + w < strip.width() - 1)
-                EXPECT_NEAR(l.x + w / 2, at, 1.0) << l.text;
-            else
-                EXPECT_TRUE(l.x - 1 <= at && at <= l.x + w + 1) << l.text;
-        }
-        for (std::size_t i = 1; i < labels.size(); ++i) {
-            EXPECT_NEAR(std::stod(labels[i].text) - std::stod(labels[i - 1].text), step, 1e-9);
-            // About 800 twips of plot or more, and room between the texts.
-            EXPECT_GE(step * twips_per_unit, 800);
-            EXPECT_GE(labels[i].x - (labels[i - 1].x + strip.text_width(labels[i - 1].text)), 200);
-        }
-        const auto ticks = strip_ticks(strip);
-        for (std::size_t i = 1; i < ticks.size(); ++i) EXPECT_GE(ticks[i] - ticks[i - 1], 150) << i;
-        EXPECT_GE(ticks.size(), 4 * labels.size() - 3);
+        return diagram;
     }
 };
 
+// Sd to 600 mm: the plot runs to 900; the 800-twip step is 78.6, so a label by "0.00" each 100,
+// centred on its value's place (whole beside it at the strip's ends), 200 twips or more between
+// the texts; a tick each 20 mm, 150 twips or more apart.
 TEST_F(DiagramAxesTest, TheAbscissaHasRoundLabelsOfHundredthsInMillimetres) {
-    // Sd to 600 mm: the plot runs to 900; the 800-twip step is 78.6, so a label each 100.
-    windows::Form10& d = diagram_of(100, 0);
+    windows::Form10& d = diagram_in_mm();
     EXPECT_DOUBLE_EQ(d.chart.picNemodar.scale_width(), 900);
-    expect_round_abscissa(d, {"0.00", "100.00", "200.00", "300.00", "400.00", "500.00", "600.00", "700.00", "800.00",
-                              "900.00"},
-                          100);
-    EXPECT_EQ(strip_ticks(d.chart.PicxSxale).size(), 46u);  // one each 20 mm
+    expect_state(dump(d.chart.PicxSxale), "diagram_abscissa_mm");
 }
 
 TEST_F(DiagramAxesTest, ThePrintedPageCarriesTheReadableStrips) {
     platform.printer_names = {"Office"};
-    windows::Form10& d = diagram_of(100, 0);
+    windows::Form10& d = diagram_in_mm();
     press(d.Command2);
     ASSERT_EQ(platform.printed.size(), 1u);
     std::vector<std::string> texts;
@@ -134,14 +73,9 @@ TEST_F(DiagramTest, NextFromTheLastPageShowsTheDiagramAndStaysOnPageTwo) {
 }
 
 TEST_F(DiagramTest, SaveDataHasAnSdAndAnSaColumnForEachSeriesDrawn) {
-    windows::Form10& d = to_diagram();
-    const auto data = d.drawn_data();
-    ASSERT_EQ(data.size(), 10u);
-    EXPECT_EQ(data[0].heading.substr(0, 9), "Demand Sd");
-    EXPECT_EQ(data[7].heading, "Bilinear Sa (g)");
-    EXPECT_EQ(data[0].values.size(), 6u);
-    EXPECT_EQ(data[7].values.size(), 3u);
-    EXPECT_EQ(data[6].values[1], 2.0);
+    // Ten columns from "Demand Sd" to "Reduced points Sa": six demand rows, three of the bilinear
+    // form, its second Sd 2.
+    expect_state(windows::chart_csv(to_diagram().drawn_data()), "diagram_saved_data");
 }
 
 TEST_F(DiagramTest, PrintSendsThePlotWithTheFourResultLines) {
@@ -171,14 +105,7 @@ TEST_F(DiagramTest, WithoutAPrinterPrintDoesNothingAndCloseUnloads) {
 
 TEST_F(DiagramTest, WithoutACrossingThePlotFailsOnlyWhenNothingCanBeScaled) {
     // A capacity curve of zeros: no abscissa to scale by.
-    read_capacity("Teff\n 1 0.3 5 0 0 0 0 0 1\n 2 0.4 5 0 0 0 0 0 1\n 3 0.5 5 0 0 0 0 0 1\n");
-    windows::Form9& f = form9();
-    press(f.Command3);
-    press(f.demand.Command6);
-    press(f.demand.Command7);
-    press(f.Command3);
-    press(f.Command9);
-    press(f.Command3);
+    to_diagram_of("Teff\n 1 0.3 5 0 0 0 0 0 1\n 2 0.4 5 0 0 0 0 0 1\n 3 0.5 5 0 0 0 0 0 1\n");
     EXPECT_EQ(platform.message_texts(), std::vector<std::string>{"Error Reading File"});
     EXPECT_TRUE(program.is_loaded<windows::Form10>());
 }

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "support/fake_platform.h"
 #include "support/files.h"
+#include "support/form_dump.h"
+#include "support/page_dump.h"
 #include "text/number_text.h"
 #include "text/runtime_error.h"
 #include "windows/program.h"
@@ -17,6 +18,8 @@ using tv::forms::DrawOp;
 using tv::text::DoubleArray;
 using tv::windows::Chart;
 using tv::windows::ChartOptions;
+using tv::test::dump;
+using tv::test::expect_state;
 namespace cc = tv::compute::chart;
 
 // A record window in little: the boxes the chart reads and one chart.
@@ -85,12 +88,6 @@ std::vector<DrawOp> of_kind(const tv::forms::PictureBox& p, DrawOp::Kind kind, i
     return out;
 }
 
-std::vector<std::string> texts(const tv::forms::PictureBox& p) {
-    std::vector<std::string> out;
-    for (const auto& op : of_kind(p, DrawOp::Kind::Text)) out.push_back(op.text);
-    return out;
-}
-
 class ChartTest : public ::testing::Test {
 protected:
     tv::test::FakePlatform platform;
@@ -99,15 +96,10 @@ protected:
 
 TEST_F(ChartTest, ControlsStandUnderTheirNames) {
     RecordWindow w(program, record_options());
-    for (const char* name : {"picContainer", "picNemodar1", "picNemodar", "PicxSxale", "PicySxale", "Line2", "Line3",
-                             "Slider1", "HScroll1", "Label6", "Label8"})
-        EXPECT_NE(w.find(name), nullptr) << name;
-    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale : 1X");
-    EXPECT_EQ(w.chart.readout->caption(), "0 Sec");
+    // Every control by its name; the scale 1X, the read-out "0 Sec", the scroll bar off.
+    expect_state(dump(w), "chart_opened");
     EXPECT_EQ(w.chart.picNemodar1.width(), 9165);
     EXPECT_EQ(w.chart.picNemodar.container(), &w.chart.picNemodar1);
-    EXPECT_EQ(w.chart.Slider1.value(), 1);
-    EXPECT_FALSE(w.chart.HScroll1.enabled());
     EXPECT_EQ(RecordWindow(program, spectrum_options()).find("Label7")->name(), "Label7");
 }
 
@@ -118,19 +110,15 @@ TEST_F(ChartTest, SliderWidensThePlotAndOpensTheScrollBar) {
     w.chart.plot(w.record, 0.005, true);
 
     w.chart.Slider1.set_value(4);
-    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale :4X");
-    EXPECT_TRUE(w.chart.HScroll1.enabled());
     EXPECT_EQ(w.replots, 1);
     EXPECT_EQ(w.chart.picNemodar.width(), 36660);
-    EXPECT_EQ(w.chart.HScroll1.max(), 275);
-    // 17.5 s on 36660 twips: every second is labelled.
-    EXPECT_EQ(texts(w.chart.PicxSxale).size(), 18u);
+    // "X Axis Scale :4X", the scroll bar on to 275; 17.5 s on 36660 twips: every second labelled.
+    expect_state(dump(w), "chart_slider_4");
 
     w.chart.Slider1.set_value(1);
-    EXPECT_EQ(w.chart.Label6.caption(), "X Axis Scale :1X");
-    EXPECT_FALSE(w.chart.HScroll1.enabled());
-    EXPECT_EQ(w.chart.HScroll1.max(), 0);
     EXPECT_EQ(w.chart.picNemodar.width(), 9165);
+    // "X Axis Scale :1X", the scroll bar off, to 0.
+    expect_state(dump(w), "chart_slider_1");
 }
 
 TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
@@ -138,15 +126,14 @@ TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
     w.curMaxX = 1.5;
     w.record = wave(3500);
     w.chart.Slider1.set_value(4);
-    auto before = of_kind(w.chart.PicxSxale, DrawOp::Kind::Text);
+    expect_state(dump(w.chart.PicxSxale), "chart_labels_4x");
     auto curve = w.chart.picNemodar.ops().size();
     auto revision = w.chart.picNemodar.revision();
 
     w.chart.HScroll1.user_scroll(50);
     EXPECT_EQ(w.chart.picNemodar.left(), -5000);
-    auto after = of_kind(w.chart.PicxSxale, DrawOp::Kind::Text);
-    ASSERT_EQ(before.size(), after.size());
-    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(before[i].x1 - after[i].x1, 5000) << i;
+    // Every label 5000 twips left of where it stood.
+    expect_state(dump(w.chart.PicxSxale), "chart_labels_4x_scrolled");
     EXPECT_EQ(w.chart.picNemodar.ops().size(), curve);
     EXPECT_EQ(w.chart.picNemodar.revision(), revision);
 
@@ -226,13 +213,9 @@ TEST_F(ChartTest, ReadOutShowsTimeAndValueAndKeepsTheLastValue) {
     auto& p = w.chart.picNemodar;
 
     p.MouseMove(0, 0, 1000.4, 0.2);
-    EXPECT_EQ(w.chart.readout->caption(), "t: 5.00 , Accel: 0.75  ");
-    EXPECT_FLOAT_EQ(w.chart.Line2.x1(), 1000.4f);
-    EXPECT_FLOAT_EQ(w.chart.Line2.y1(), -3300.f);
-    EXPECT_FLOAT_EQ(w.chart.Line2.y2(), 3300.f);
-    EXPECT_FLOAT_EQ(w.chart.Line3.x2(), 18330.f);
-    // The line stands at the array's value, not at the drawn (doubled) curve.
-    EXPECT_FLOAT_EQ(w.chart.Line3.y1(), 0.75f);
+    // "t: 5.00 , Accel: 0.75  "; Line2 at x 1000.4 from -3300 to 3300, Line3 to 18330 at the
+    // array's value 0.75, not at the drawn (doubled) curve.
+    expect_state(dump(w), "chart_read_out");
 
     p.MouseMove(0, 0, 1010.5, 0);  // index 1010 (ties to even): 0.5 x 0.1 - 0.25
     EXPECT_EQ(w.chart.readout->caption(), "t: 5.05 , Accel: -0.20  ");
@@ -265,11 +248,8 @@ TEST_F(ChartTest, ComparisonDrawsTheTargetOnTheAveragesScale) {
     w.chart.plot(average, 0.01, true, 255);
     w.chart.plot(target, 0.01, true, 50);
     EXPECT_DOUBLE_EQ(w.chart.range(), 1.2);
-    EXPECT_EQ(of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 255).size(), 9u);
-    auto dark = of_kind(w.chart.picNemodar, DrawOp::Kind::Line, 50);
-    ASSERT_EQ(dark.size(), 9u);
-    // 2.0 on a range of 1.2 lies above the top edge.
-    EXPECT_LT(dark[1].y2, 0);
+    // Nine segments of each; the target's (ink 50), 2.0 on a range of 1.2, above the top edge.
+    expect_state(dump(w.chart.picNemodar), "chart_comparison");
 }
 
 TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
@@ -289,31 +269,16 @@ TEST_F(ChartTest, FourierRepeatsSegmentsAndMarksPeaks) {
     w.chart.plot(amp, 0.05, true);
 
     auto& p = w.chart.picNemodar;
-    EXPECT_EQ(of_kind(p, DrawOp::Kind::Line, 255).size(), 8u);  // 4 segments, twice each
-    auto marks = of_kind(p, DrawOp::Kind::Line, 270);
-    ASSERT_EQ(marks.size(), 1u);
-    EXPECT_DOUBLE_EQ(marks[0].x1, p.x_to_twips(2.5));
-    EXPECT_DOUBLE_EQ(marks[0].x2, p.x_to_twips(3));
-    EXPECT_DOUBLE_EQ(marks[0].y1, p.y_to_twips(3));
-    // Range 6: labels from Int(3) = 3 tenths upward. Every tenth would put 58 labels on the strip,
-    // one over the next, so they stand at a multiple of the tenth with room for the text.
-    auto labels = texts(w.chart.PicySxale);
-    ASSERT_GE(labels.size(), 2u);
-    EXPECT_EQ(labels.front(), "0.3");
-    double step = std::stod(labels[1]) - std::stod(labels[0]);
-    EXPECT_GT(step, 0.1);
-    EXPECT_LE(std::stod(labels.back()), 6.0);
-    EXPECT_GT(std::stod(labels.back()) + step, 6.0);
-    EXPECT_GE(step * 2, 1.5 * w.chart.PicySxale.text_height() - 1e-9);  // a tenth stands 0.2 apart
+    // Four segments twice each (ink 255); one mark (ink 270) from 2.5 to 3 at the peak's 3. Range
+    // 6: labels from Int(3) = 3 tenths upward. Every tenth would put 58 labels on the strip, one
+    // over the next, so they stand at a multiple of the tenth with room for the text (a tenth
+    // stands 0.2 apart), up to 6.
+    expect_state(dump(p) + dump(w.chart.PicySxale), "chart_fourier");
 
     repeat = 0;
     w.chart.plot(amp, 0.05, true);
     EXPECT_TRUE(of_kind(p, DrawOp::Kind::Line, 255).empty());
 }
-
-}  // namespace
-
-namespace {
 
 TEST_F(ChartTest, SavedDataHoldsTheNumbersDrawn) {
     ChartOptions o = record_options();

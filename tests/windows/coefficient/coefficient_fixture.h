@@ -4,11 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "support/fake_platform.h"
 #include "support/files.h"

@@ -1,9 +1,8 @@
-// Form6: reading a pushover curve, its diagram, the choice of a step, the yield point by the
-// scan or by hand, Te, the R factor and the printed page.
-#include <cmath>
-
+// Form6: reading a pushover curve (also as other programs export it), its diagram, the choice of
+// a step, the yield point by the scan or by hand, Te, the R factor and the printed page.
 #include "coefficient_fixture.h"
 #include "support/form_dump.h"
+#include "windows/chart/chart_data.h"
 
 namespace tv::test {
 namespace {
@@ -33,13 +32,9 @@ TEST_F(PushoverWindowTest, TheMenuOpensTheWindowWithItsDefaults) {
 TEST_F(PushoverWindowTest, SaveDataIsThePointsTheDiagramJoinsInTheChosenUnits) {
     start_listing(write("curve.txt", kSofteningListing));
     windows::Form6& f = f6();
-    const auto data = f.drawn_data();
-    ASSERT_EQ(data.size(), 2u);
-    EXPECT_EQ(data[0].heading, "Roof displacement (cm)");
-    EXPECT_EQ(data[1].heading, "Base force (kgf)");
-    ASSERT_EQ(data[0].values.size(), f.picDiagram.ops().size() + 1);
-    EXPECT_EQ(data[0].values.back(), 8.0);
-    EXPECT_EQ(data[1].values.back(), 3300.0);
+    ASSERT_EQ(f.drawn_data().at(0).values.size(), f.picDiagram.ops().size() + 1);
+    // Roof displacement (cm) and base force (kgf): the curve's six points to (8, 3300).
+    expect_state(windows::chart_csv(f.drawn_data()), "pushover_saved_data");
 }
 
 TEST_F(PushoverWindowTest, TheTimerBlinksTheMarkerAndCheck1DrawsTheKiLine) {
@@ -168,6 +163,37 @@ TEST_F(PushoverWindowTest, ANewTiGivesANewTeAndEmptiesThePeriodResults) {
     expect_shown("new_ti");
     type(f.txtTI, "0");
     EXPECT_EQ(f.txtTEF.caption(), "0.000");
+}
+
+// The curves structural programs export: Browse and Start import what the window's own readers
+// would misread, asking what the file leaves open.
+TEST_F(PushoverWindowTest, UnknownHeadingsAndUnstatedUnitsAreAsked) {
+    const std::string path = write("abc.txt", "a b c\n0 0 5\n10 100 6\n15 150 7\n");
+    // Displacement in column 1, force in column 2; the file's numbers are mm and kgf.
+    platform.choice_answers = {0, 1, 1, 0};
+    start_listing(path);
+    ASSERT_EQ(platform.choices.size(), 4u);
+    EXPECT_EQ(platform.choices[0], (std::vector<std::string>{"1  \"a\"", "2  \"b\"", "3  \"c\""}));
+    EXPECT_EQ(platform.choices[2], (std::vector<std::string>{"cm (as the numbers stand)", "mm", "m", "in", "ft"}));
+    ASSERT_EQ(f6().Fg.rows(), 4);
+    EXPECT_EQ(f6().Fg.text(3, 1), "1.5");
+    EXPECT_EQ(f6().Fg.text(3, 2), "150");
+    EXPECT_EQ(f6().lblConversion.caption(), "units: mm → cm (× 0.1), kgf (as it stands)");
+}
+
+TEST_F(PushoverWindowTest, ABadFileOrACancelledQuestionLeavesTheWindowAsItWas) {
+    start_listing(write("curve.txt", kSofteningListing));
+    ASSERT_EQ(f6().Fg.rows(), 7);
+    const std::string bad = write("bad.csv", "Step,Displacement,Base Force\n0,0,0\n1,x,5\n");
+    start_listing(bad);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, bad + ", row 3: expected a number in column 2 (\"Displacement\"), found \"x\"");
+    start_listing(write("abc.txt", "a b c\n0 0 5\n1 10 6\n"));  // the column question is cancelled
+    EXPECT_EQ(platform.choices.size(), 1u);
+    EXPECT_EQ(f6().Fg.rows(), 7);
+    EXPECT_EQ(f6().Fg.text(6, 1), " 8");
+    EXPECT_EQ(f6().selectedStep, 5);
+    EXPECT_EQ(f6().lblConversion.caption(), "");
 }
 
 }  // namespace

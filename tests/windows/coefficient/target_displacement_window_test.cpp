@@ -2,11 +2,10 @@
 // target displacement and Rmax worked by hand, the note window and printing.
 #include "coefficient_fixture.h"
 
-#include <cmath>
 #include <string>
-#include <utility>
-#include <vector>
 
+#include "support/form_dump.h"
+#include "support/page_dump.h"
 #include "windows/capacity/sa_window.h"
 
 namespace tv::test {
@@ -23,20 +22,22 @@ protected:
         type(f8().Text10, "10000");
         type(f8().Text2, "0.5");
     }
+    /// The C0 group's ticks and the value they give: "Check1 Check2 Check3 Text12".
+    std::string c0() {
+        windows::Form8& f = f8();
+        return std::to_string(f.Check1.value()) + " " + std::to_string(f.Check2.value()) + " " +
+               std::to_string(f.Check3.value()) + " " + f.Text12.text();
+    }
 };
 
 TEST_F(TargetDisplacementTest, Command5ShowsForm8AndCopiesTheResults) {
     solve_softening();
     press(f6().Command5);
-    windows::Form8& f = f8();
-    EXPECT_TRUE(f.visible());
+    EXPECT_TRUE(f8().visible());
     EXPECT_EQ(platform.shown.back(), "Form8");
-    EXPECT_EQ(f.Text7.text(), "1.022");   // the label's three decimals
-    EXPECT_EQ(f.Text16.text(), "1.99");   // 1.9900
-    EXPECT_EQ(f.Text15.text(), "0.05");   // alfa1
-    EXPECT_EQ(f.Text17.text(), "2855.72");  // 2855.7214 to two decimals
-    EXPECT_EQ(f.Text18.text(), "8");      // the largest displacement
-    EXPECT_TRUE(f.Check9.checked());
+    // Te 1.022 (the label's three decimals), dy 1.99, alfa1 0.05, Vy 2855.72 (2855.7214 to two
+    // decimals), the largest displacement 8.
+    expect_state(dump(f8(), {"Text7", "Text16", "Text15", "Text17", "Text18", "Check9"}), "target_handed_over");
 }
 
 TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
@@ -44,10 +45,8 @@ TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
     // A new yield point on Form6 changes Alpha, not the copied dy.
     type(f6().txtXC2, "1");
     press(f8().Command1);
-    // ((3300 - 2855.72) / (8 - 1)) / 1500 = 0.0423.
-    EXPECT_EQ(f8().Label18.caption(), "0.04");
-    EXPECT_EQ(f8().Text16.text(), "1.99");
-    EXPECT_EQ(f8().Text14.text(), "7.83");
+    // Label18 ((3300 - 2855.72) / (8 - 1)) / 1500 = 0.0423 as 0.04; dy 1.99; Rmax 7.83.
+    expect_state(dump(f8(), {"Label18", "Text16", "Text14"}), "target_new_yield_point");
 }
 
 TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
@@ -62,27 +61,20 @@ TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
 
 TEST_F(TargetDisplacementTest, TheC0ColumnsFollowTheGroupLogic) {
     windows::Form8& f = f8();
-    EXPECT_TRUE(f.Check1.checked());
-    EXPECT_EQ(f.Text12.text(), "");
+    EXPECT_EQ(c0(), "1 0 0 ");
     type(f.Text1, "3");
-    EXPECT_TRUE(f.Check1.checked());
-    EXPECT_EQ(f.Text12.text(), "1.2");
+    EXPECT_EQ(c0(), "1 0 0 1.2");
     click(f.Check3);
-    EXPECT_TRUE(f.Check3.checked());
-    EXPECT_FALSE(f.Check1.checked());
-    EXPECT_FALSE(f.Check2.checked());
-    EXPECT_EQ(f.Text12.text(), "1.3");
+    EXPECT_EQ(c0(), "0 0 1 1.3");
     // A click on the only box that is on leaves it on.
     click(f.Check3);
-    EXPECT_TRUE(f.Check3.checked());
-    EXPECT_EQ(f.Text12.text(), "1.3");
+    EXPECT_EQ(c0(), "0 0 1 1.3");
     // A new story count clears the boxes; the one that was on turns itself back on.
     type(f.Text1, "7");
-    EXPECT_TRUE(f.Check3.checked());
-    EXPECT_EQ(f.Text12.text(), "1.44");
+    EXPECT_EQ(c0(), "0 0 1 1.44");
     click(f.Check2);
     type(f.Text1, "4");
-    EXPECT_EQ(f.Text12.text(), "1.25");
+    EXPECT_EQ(c0(), "0 1 0 1.25");
 }
 
 TEST_F(TargetDisplacementTest, CalOpensForm11AtThePeriodOfTe) {
@@ -101,38 +93,18 @@ TEST_F(TargetDisplacementTest, CalOpensForm11AtThePeriodOfTe) {
     EXPECT_EQ(platform.runtime_errors[0].first, text::kTypeMismatch);
 }
 
-// The text drawn at the right of `caption` on its row, nearest to it; empty when none.
-std::string beside(const forms::Page& page, const std::string& caption) {
-    const forms::PageOp* label = nullptr;
-    for (const forms::PageOp& op : page.ops)
-        if (op.kind == forms::PageOp::Kind::Text && op.text == caption) label = &op;
-    if (label == nullptr) return "no caption " + caption;
-    const forms::PageOp* next = nullptr;
-    for (const forms::PageOp& op : page.ops)
-        if (op.kind == forms::PageOp::Kind::Text && std::abs(op.y1 - label->y1) < 0.5 && op.x1 > label->x1 &&
-            (next == nullptr || op.x1 < next->x1))
-            next = &op;
-    return next ? next->text : std::string();
-}
-
+// Every box holds its own name, so a box printed in another's place shows; the window alone, its
+// caption on the title bar, no lines of text below it.
 TEST_F(TargetDisplacementTest, ThePagePrintsEachBoxBesideItsOwnCaption) {
     hand_over();
     windows::Form8& f = f8();
-    // Every box holds its own name, so a box printed in another's place shows.
-    const std::vector<std::pair<const forms::Label*, forms::TextBox*>> rows = {
-        {&f.lblStories, &f.Text1}, {&f.lblC0, &f.Text12},     {&f.lblCm, &f.Text11},  {&f.lblTe, &f.Text7},
-        {&f.lblSa, &f.Text2},      {&f.lblTs, &f.Text8},      {&f.lblW, &f.Text10},   {&f.lblDy, &f.Text16},
-        {&f.lblVy, &f.Text17},     {&f.lblLimit, &f.Text18},  {&f.lblAlphaE, &f.Text15}, {&f.lblC0Out, &f.Text3},
-        {&f.lblC1, &f.Text4},      {&f.lblC2, &f.Text5},      {&f.lblC3, &f.Text6},   {&f.lblRu, &f.Text13},
-        {&f.lblRmax, &f.Text14},   {&f.lblTarget, &f.Text9}};
     program.run([&] {
-        for (const auto& [label, box] : rows) box->set_text(box->name());
+        for (forms::TextBox* box : {&f.Text1, &f.Text12, &f.Text11, &f.Text7, &f.Text2, &f.Text8, &f.Text10, &f.Text16,
+                                    &f.Text17, &f.Text18, &f.Text15, &f.Text3, &f.Text4, &f.Text5, &f.Text6, &f.Text13,
+                                    &f.Text14, &f.Text9})
+            box->set_text(box->name());
     });
-    const forms::Page page = f.report_page();
-    for (const auto& [label, box] : rows) EXPECT_EQ(beside(page, label->caption()), box->name()) << label->name();
-    // The window alone: its caption on the title bar, no lines of text below it.
-    EXPECT_EQ(page_texts(page).front(), "Calculate Target Displacement");
-    EXPECT_EQ(page_texts(page).back(), "Calculate");
+    expect_state(dump(f.report_page()), "target_page");
 }
 
 }  // namespace

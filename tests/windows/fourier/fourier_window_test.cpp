@@ -1,12 +1,8 @@
 // Form12 and Form13: the sum through the window's tables, the limits, picking, the history,
 // the exports and the omega calculator.
 #include <cmath>
-#include <fstream>
 
-#include "compute/fourier/inverse_sum.h"
-#include "text/format.h"
 #include "text/number_text.h"
-#include "text/rounding.h"
 #include "windows/fourier/fourier_window.h"
 #include "windows/measures/measures_window.h"
 #include "windows/project/project_fixture.h"
@@ -23,8 +19,7 @@ protected:
             x += text::to_text(0.3 * std::sin(2 * M_PI * hz * i * 0.01)) + "\n";
             y += "0.1\n";
         }
-        platform.input_answers = {"1", "2"};
-        open_record(write("x.txt", x), write("y.txt", y));
+        open_texts(x, y);
         program.run([&] { form1().xstep.set_text("0.01"); });
         program.run([&] { form1().Command2.press(); });
         program.run([&] { form1().Command1.press(); });
@@ -40,11 +35,8 @@ protected:
 
 TEST_F(FourierTest, OpeningTakesTheRecordLengthAndLeavesOnlyGo) {
     open_sine();
-    EXPECT_EQ(f12().Text5.text(), "4.01");  // 401 lines times 0.01
-    EXPECT_FALSE(f12().Command3.enabled());
-    EXPECT_FALSE(f12().Command9.enabled());
-    EXPECT_FALSE(f12().Check1.enabled());
-    EXPECT_TRUE(f12().Command1.enabled());
+    // Text5 4.01: 401 lines times 0.01; Command3, Command9 and Check1 off.
+    expect_shown(f12(), "fourier_opened");
 }
 
 TEST_F(FourierTest, AZeroStepIsARunTimeError) {
@@ -68,6 +60,13 @@ TEST_F(FourierTest, TheCalculatorTurnsAPeriodIntoAWholeOmega) {
     EXPECT_FALSE(f13.Command2.enabled());
     program.run([&] { f13.Text1.set_text("0"); });
     program.run([&] { f13.Command1.press(); });
+    EXPECT_FALSE(f13.Command2.enabled());
+    // A tiny period overflows.
+    program.run([&] { f13.Text1.set_text("1E-310"); });
+    program.run([&] { f13.Command1.press(); });
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");
+    EXPECT_EQ(f13.Text2.text(), "");
     EXPECT_FALSE(f13.Command2.enabled());
     program.run([&] { f13.Text1.set_text("0.5"); });
     program.run([&] { f13.Command1.press(); });
@@ -114,13 +113,9 @@ TEST_F(FourierTest, NothingElseOfTheWindowRunsInsideItsLoops) {
         if (f.pbar.value() != 7) return;
         ++inside;
         busy_inside = platform.busy && f.looping();
-        program.run([&] { f.Command1.press(); });
-        program.run([&] { f.Command3.press(); });
-        program.run([&] { f.Command5.press(); });
-        program.run([&] { f.Command4.press(); });
-        program.run([&] { f.Command9.press(); });
-        program.run([&] { f.Command7.press(); });
-        program.run([&] { f.Command8.press(); });
+        for (forms::CommandButton* b : {&f.Command1, &f.Command3, &f.Command5, &f.Command4, &f.Command9, &f.Command7,
+                                        &f.Command8})
+            program.run([&] { b->press(); });
         program.run([&] { program.unload(f); });
     };
     program.run([&] { f.Command1.press(); });
@@ -146,18 +141,6 @@ TEST_F(FourierTest, NothingElseOfTheWindowRunsInsideItsLoops) {
     EXPECT_FALSE(f.Picbar.visible());
     EXPECT_EQ(platform.file_requests.size(), files_asked);
     f.pbar.changed = nullptr;
-}
-
-TEST_F(FourierTest, ATinyPeriodOverflowsTheCalculator) {
-    open_sine();
-    program.run([&] { f12().Command7.press(); });
-    windows::Form13& f13 = program.form<windows::Form13>();
-    program.run([&] { f13.Text1.set_text("1E-310"); });
-    program.run([&] { f13.Command1.press(); });
-    ASSERT_EQ(platform.runtime_errors.size(), 1u);
-    EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");
-    EXPECT_EQ(f13.Text2.text(), "");
-    EXPECT_FALSE(f13.Command2.enabled());
 }
 
 // GO--! takes record 1's arrays as scratch space; the measures window still measures the record.

@@ -1,17 +1,20 @@
-// The printed page as composed for every front end, and the road of a PDF to its file.
+// The printed page as composed for every front end, the road of a PDF to its file, and the
+// report's pages.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "forms/app.h"
 #include "forms/form.h"
 #include "support/fake_platform.h"
+#include "support/files.h"
+#include "support/form_dump.h"
+#include "support/page_dump.h"
 #include "windows/printing/page_composer.h"
 #include "windows/printing/printing.h"
+#include "windows/printing/report_composer.h"
 
 namespace tv::test {
 namespace {
@@ -29,11 +32,7 @@ public:
 
 class PrintingTest : public ::testing::Test {
 protected:
-    PrintingTest() : app(platform) {
-        dir = std::filesystem::temp_directory_path() / ("tv_printing_" + std::to_string(::getpid()));
-        std::filesystem::create_directories(dir);
-    }
-    ~PrintingTest() override { std::filesystem::remove_all(dir); }
+    PrintingTest() : app(platform) {}
 
     forms::Page page() {
         windows::PageContent content;
@@ -43,58 +42,26 @@ protected:
         content.lines = {"SRA= 0.4676", "SRV= 0.5893"};
         return windows::compose_page(content, platform);
     }
-    std::string read(const std::filesystem::path& p) {
-        std::ifstream in(p, std::ios::binary);
-        std::ostringstream s;
-        s << in.rdbuf();
-        return s.str();
-    }
 
     FakePlatform platform;
     forms::App app;
-    std::filesystem::path dir;
+    TempDir scratch;
+    const std::filesystem::path dir = scratch.path();
 };
 
+// The picture of 4000 x 1000 twips at 200 x 50 points at the margin, its drawing clipped inside,
+// its red 0xBBGGRR ink as 0xRRGGBB, its text 10 points down; then a line's room, the heading bold
+// in 12 points, the lines in 10 points, 14 apart.
 TEST_F(PrintingTest, ThePictureStandsAtItsSizeThenTheHeadingAndTheLines) {
-    const forms::Page p = page();
-    // 4000 x 1000 twips: 200 x 50 points at the margin, its drawing kept inside.
-    const forms::PageRect area{42, 42, 200, 50};
-    const forms::PageOp* line = nullptr;
-    for (const forms::PageOp& op : p.ops)
-        if (op.kind == forms::PageOp::Kind::Line) line = &op;
-    ASSERT_NE(line, nullptr);
-    EXPECT_EQ(line->clip, area);
-    EXPECT_DOUBLE_EQ(line->x2, 42 + 100.0);
-    EXPECT_DOUBLE_EQ(line->y2, 42 + 50.0);
-    EXPECT_EQ(line->colour, 0xFF0000);  // the picture's 0xBBGGRR red
-
-    std::vector<const forms::PageOp*> texts;
-    for (const forms::PageOp& op : p.ops)
-        if (op.kind == forms::PageOp::Kind::Text) texts.push_back(&op);
-    ASSERT_EQ(texts.size(), 4u);
-    EXPECT_EQ(texts[0]->text, "0.5");
-    EXPECT_DOUBLE_EQ(texts[0]->y1, 42 + 10.0);
-    EXPECT_EQ(texts[0]->clip, area);
-    // A line's room below the picture; the heading bold and larger, then 14 points a line.
-    EXPECT_DOUBLE_EQ(texts[1]->y1, 42 + 50 + 14.0);
-    EXPECT_TRUE(texts[1]->font.bold);
-    EXPECT_EQ(texts[1]->font.size, 12);
-    EXPECT_TRUE(texts[1]->clip.empty());
-    EXPECT_DOUBLE_EQ(texts[2]->y1, texts[1]->y1 + 21);
-    EXPECT_DOUBLE_EQ(texts[3]->y1, texts[2]->y1 + 14);
-    EXPECT_EQ(texts[3]->font.size, 10);
-    EXPECT_DOUBLE_EQ(texts[3]->x1, 42);
+    expect_state(dump(page()), "page_picture_heading_lines");
 }
 
+// A window's image first, the picture below it after a line's room.
 TEST_F(PrintingTest, AWindowsImageComesFirstWithThePictureBelowIt) {
     windows::PageContent content;
     content.window = &app.form<Sheet>();
     content.picture = &app.form<Sheet>().plot;
-    const forms::Page p = windows::compose_page(content, platform);
-    ASSERT_FALSE(p.ops.empty());
-    const forms::PageRect picture = p.ops.back().clip;
-    EXPECT_EQ(picture.w, 200);
-    EXPECT_GT(picture.y, 42 + 14);  // below the image and a line's room
+    expect_state(dump(windows::compose_page(content, platform)), "page_window_image");
 }
 
 TEST_F(PrintingTest, APdfThatCannotBeMadeLeavesTheFileAsItWas) {
@@ -102,14 +69,14 @@ TEST_F(PrintingTest, APdfThatCannotBeMadeLeavesTheFileAsItWas) {
     platform.pdf_fails = true;
     platform.file_answers.push_back((dir / "report").string());
     windows::save_page_as_pdf(platform, page());
-    EXPECT_EQ(read(dir / "report.pdf"), "earlier");
+    EXPECT_EQ(slurp(dir / "report.pdf"), "earlier");
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0], (std::pair<int, std::string>{75, "Path/File access error"}));
 
     // Made whole, the file is replaced and nothing is left beside it.
     platform.file_answers.push_back((dir / "report.pdf").string());
     windows::save_page_as_pdf(platform, page());
-    EXPECT_EQ(read(dir / "report.pdf").rfind("%PDF", 0), 0u);
+    EXPECT_EQ(slurp(dir / "report.pdf").rfind("%PDF", 0), 0u);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir), std::filesystem::directory_iterator()), 1);
     EXPECT_EQ(platform.runtime_errors.size(), 1u);
 }
@@ -120,6 +87,40 @@ TEST_F(PrintingTest, AFileThatCannotBeWrittenIsError75) {
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].first, 75);
     EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
+}
+
+// The report's pages: the flow over pages, the footers, the paper and the plots' limits.
+windows::ReportComposer composer(windows::Paper paper) {
+    return windows::ReportComposer(paper, {"Road Report", "curve.txt", "2026-11-26", "1.2.3"},
+                                   [](const std::string& s, const forms::PageFont& f) { return 0.5 * f.size * s.size(); });
+}
+
+// A hundred and twenty values flow over three letter pages, each numbered in its footer.
+TEST(ReportComposerTest, ValuesFlowOverPagesEachNumberedInItsFooter) {
+    windows::ReportComposer c = composer(windows::Paper::letter);
+    c.heading("Results");
+    for (int i = 0; i < 120; ++i) c.value("value " + std::to_string(i), std::to_string(i), "cm");
+    expect_state(dump(c.finish()), "report_values_over_pages");
+}
+
+// A plot without points is left out (the title block's frame and three texts, the footer); a
+// plot's lines are clipped to its frame, the point at 100 lying past it.
+TEST(ReportComposerTest, PlotsAreClippedToTheirFrameAndLeftOutWithoutPoints) {
+    windows::ReportComposer c = composer(windows::Paper::a4);
+    c.plot({"empty", "x", "y", {{"none", 0, {}, {}, false}}});
+    expect_state(dump(c.finish()), "report_plot_without_points");
+    windows::ReportComposer d = composer(windows::Paper::a4);
+    windows::ReportPlot p{"curve", "Sd (cm)", "Sa (g)", {{"demand", 0xFF, {0, 5, 100}, {1, 1, 0.1}, false}}};
+    p.x_limit = 10;
+    d.plot(p);
+    expect_state(dump(d.finish()), "report_plot_clipped");
+}
+
+// Each case of a formula on a line of its own, below the formula's name.
+TEST(ReportComposerTest, EachCaseOfAFormulaStandsOnALineOfItsOwn) {
+    windows::ReportComposer c = composer(windows::Paper::a4);
+    c.formula("C1, by the period", "C1 = 1 for Te >= 1 s;  C1 = 1 + (R - 1) / (a Te^2)");
+    expect_state(dump(c.finish()), "report_formula");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // The measures window opened from the record window: it shows what the measures give for the
 // record in work, previews and applies processing to the project's record, and undoes it.
 #include <cmath>
-#include <cstdio>
 #include <sstream>
 
 #include "compute/measures/ground_motion_measures.h"
@@ -24,11 +23,9 @@ protected:
             x << 0.3 * std::exp(-t) * std::sin(2 * 3.14159265358979 * 2 * t) << '\n';
             y << 0.2 * std::sin(2 * 3.14159265358979 * 5 * t) << '\n';
         }
-        platform.input_answers = {"1", "2"};
-        ProjectTest::open_record(write("x.txt", x.str()), write("y.txt", y.str()));
+        open_texts(x.str(), y.str());
         program.run([&] { form1().xstep.set_text("0.01"); });
     }
-    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
     windows::MeasuresWindow& open_measures() {
         press(form1().Command2);
         press(form1().cmdMeasures);
@@ -44,14 +41,10 @@ protected:
             m.BaselineOrder.set_text("1");
         });
     }
+    /// What choose_band_pass chooses.
     compute::ProcessingOptions band_pass() const {
-        compute::ProcessingOptions o;
-        o.filter = compute::FilterKind::band_pass;
-        o.low_corner = 0.5;
-        o.high_corner = 20;
-        o.baseline = compute::BaselineFit::acceleration;
-        o.baseline_order = 1;
-        return o;
+        return {.baseline = compute::BaselineFit::acceleration, .baseline_order = 1,
+                .filter = compute::FilterKind::band_pass, .low_corner = 0.5, .high_corner = 20};
     }
 };
 
@@ -68,8 +61,7 @@ TEST_F(MeasuresWindowTest, AComponentOfZerosIsNamedAndTheOtherStillShown) {
 }
 
 TEST_F(MeasuresWindowTest, ARecordOfOneSampleGivesAMessage) {
-    platform.input_answers = {"1", "2"};
-    ProjectTest::open_record(write("x.txt", "head\n0.1\n"), write("y.txt", "head\n0.2\n"));
+    open_texts("head\n0.1\n", "head\n0.2\n");
     windows::MeasuresWindow& m = open_measures();
     ASSERT_TRUE(platform.runtime_errors.empty());
     EXPECT_NE(m.Message.caption().find("X: "), std::string::npos);
@@ -125,6 +117,25 @@ TEST_F(MeasuresWindowTest, BadProcessingIsRefusedWithoutTouchingTheRecord) {
     EXPECT_EQ(samples('X'), before);
     EXPECT_FALSE(m.Undo.enabled());
     ASSERT_TRUE(platform.runtime_errors.empty());
+}
+
+// Show Diagram on a processed record whose processing no longer fits the lines now chosen: a
+// message, and the record as read, no longer marked processed.
+TEST_F(MeasuresWindowTest, ProcessingThatNoLongerFitsIsDroppedWithAMessage) {
+    open_texts("h\n0.1\n-0.2\n0.3\n0.1\n-0.1\n0.2\n0\n0.1\n-0.3\n0.2\n",
+               "h\n0.2\n0.1\n-0.1\n0.3\n0.2\n-0.2\n0.1\n0\n0.1\n-0.1\n");
+    windows::MeasuresWindow& m = open_measures();
+    program.run([&] {
+        m.BaselineFit.set_list_index(1);
+        m.BaselineOrder.set_text("6");  // seven coefficients: more than six samples needed
+    });
+    press(m.Apply);
+    ASSERT_TRUE(m.Undo.enabled());
+    program.run([&] { form1().xeline.set_text("7"); });  // six samples left
+    press(form1().Command2);
+    EXPECT_EQ(platform.message_texts().back().rfind("The processing applied before does not fit", 0), 0u);
+    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
+    EXPECT_EQ(state().samples(1, 'X', 2, 7), (std::vector<double>{0.1, -0.2, 0.3, 0.1, -0.1, 0.2}));
 }
 
 }  // namespace

@@ -6,15 +6,11 @@ namespace tv::test {
 namespace {
 
 TEST_F(ProjectTest, CountIsRoundedHalfToEvenAndItsLeadingNumberTaken) {
-    std::string x = write("x.txt", "0.1\n0.2\n");
-    platform.input_answers = {"2.5", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n0.2\n", "2.5");
     EXPECT_EQ(state().recordCount, 2);
     EXPECT_EQ(state().currentRecord, 1);
     EXPECT_EQ(platform.prompts,
               (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
-
 }
 
 TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
@@ -27,35 +23,25 @@ TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {
 }
 
 TEST_F(ProjectTest, TheInputsWindowsOpenKeepsTheCountWhenItsDialogIsCancelled) {
-    std::string x = write("x.txt", "0.1\n0.2\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n0.2\n");
     auto& f14 = program.form<windows::Form14>();
     program.run([&] { f14.Command1.press(); });  // the dialog cancelled
     EXPECT_EQ(platform.file_requests.size(), 2u);
     EXPECT_EQ(state().recordCount, 1);
 }
 
-TEST_F(ProjectTest, CancelledPromptsEndTheRoutineSilently) {
+TEST_F(ProjectTest, CancelledPromptsOrANegativeCountEndTheRoutineSilently) {
     open();
+    EXPECT_EQ(state().recordCount, 0);
+    platform.input_answers = {"-1", "1"};
+    open();  // ends at the range test
     EXPECT_EQ(state().recordCount, 0);
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_TRUE(platform.file_requests.empty());
 }
 
-TEST_F(ProjectTest, NegativeCountEndsAtTheRangeTest) {
-    platform.input_answers = {"-1", "1"};
-    open();
-    EXPECT_EQ(state().recordCount, 0);
-    EXPECT_TRUE(platform.file_requests.empty());
-}
-
 TEST_F(ProjectTest, CancelAfterTheXFileResetsTheCountAndTheNextOpenAsksAgain) {
-    std::string x = write("x.txt", "0.1\n0.2\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n0.2\n");
     EXPECT_EQ(state().componentLetter, "Y");
     open();  // dialog cancelled
     EXPECT_EQ(state().recordCount, 0);
@@ -71,23 +57,12 @@ TEST_F(ProjectTest, CancelAfterTheXFileResetsTheCountAndTheNextOpenAsksAgain) {
 }
 
 TEST_F(ProjectTest, TheXFileOpensTheRecordWindowWithTheFirstLine) {
-    std::string x = write("x.txt", "header\n0.1\n-0.35\n");
-    platform.input_answers = {"1", "2"};
-    platform.file_answers = {x};
-    open();
+    open_x("header\n0.1\n-0.35\n", "1", "2");
     ASSERT_TRUE(program.is_loaded<windows::Form1>());
-    windows::Form1& f = form1();
-    EXPECT_EQ(f.caption(), "Input file parameters (1)");
-    EXPECT_EQ(f.Xfline.text(), "2");
-    EXPECT_EQ(f.xeline.text(), "3");
-    EXPECT_EQ(f.Grid1.rows(), 4);
-    EXPECT_EQ(f.Grid1.text(0, 0), "Acceleration");
-    EXPECT_EQ(f.Grid1.text(0, 1), "Acceleration with Scale");
-    EXPECT_EQ(f.Grid1.text(3, 0), "-0.35");
-    EXPECT_EQ(f.Text1.text(), "0.35");
-    EXPECT_FALSE(f.xnext.enabled());
-    EXPECT_FALSE(f.xBack.enabled());
-    EXPECT_TRUE(f.visible());
+    EXPECT_EQ(form1().caption(), "Input file parameters (1)");
+    EXPECT_TRUE(form1().visible());
+    // Lines 2 to 3, X's table and peak; Next and Back off.
+    expect_shown(form1(), "record_x_opened");
 }
 
 TEST_F(ProjectTest, AMissingFileIsARunTimeErrorAndTheProgramGoesOn) {

@@ -9,6 +9,7 @@
 #include "forms/journal_platform.h"
 #include "support/fake_platform.h"
 #include "support/files.h"
+#include "support/tables.h"
 #include "windows/project/main_frame_window.h"
 #include "windows/project/project_file.h"
 #include "windows/project/record_input_window.h"
@@ -115,38 +116,16 @@ TEST_F(ProjectRecordTest, AMovedRecordIsAskedForAndAChangedOneIsTold) {
     EXPECT_EQ(changed.changed, std::vector<std::string>{y});
 }
 
+// The broken files' messages are in tests/golden/tables/project_bad.txt.
 TEST(ProjectBadInput, ABrokenFileIsRefusedWithWhatAndWhere) {
-    const std::string good = R"({"format": "tremorvault-project", "version": 1, "inputs": [], "road": [], "windows": []})";
-    struct Case {
-        const char* what;
-        std::string text;
-        const char* says;
-    } cases[] = {
-        {"truncated", good.substr(0, 40), "line 1, column 41"},
-        {"newer version", R"({"format": "tremorvault-project", "version": 2})", "newer Tremorvault (format version 2)"},
-        {"another format", R"({"format": "spreadsheet", "version": 1})", "\"format\" is \"spreadsheet\""},
-        {"not an object", "[1, 2]", "not a JSON object"},
-        {"nonsense step",
-         R"({"format": "tremorvault-project", "version": 1, "inputs": [], "windows": [],
-             "road": [{"do": "press", "window": "Form1", "control": "xnext"}, {"do": "press", "window": 7}]})",
-         "\"road[1].window\" is not a text"},
-        {"unknown action", R"({"format": "tremorvault-project", "version": 1, "inputs": [], "windows": [],
-             "road": [{"do": "jump", "window": "Form1"}]})", "\"road[0].do\" holds the unknown \"jump\""},
-        {"file of no input", R"({"format": "tremorvault-project", "version": 1, "inputs": [], "windows": [],
-             "road": [{"answer": "file", "file": 3}]})", "\"road[0].file\" names no entry of \"inputs\""},
-        {"nested without end", R"({"format": "tremorvault-project", "version": 1, "inputs": [], "road": [],
-             "windows": [{"window": "Form1", "lists": {}, "ticks": {}, "options": {}, "tables": {}, "boxes": {"b": )" +
-             std::string(100000, '[') + std::string(100000, ']') + "}}]}",
-         "nests deeper than 32 levels"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const windows::ProjectRead read = windows::parse_project(c.text, "p.tvproj");
-        EXPECT_FALSE(read.content);
-        EXPECT_NE(read.error.find(c.says), std::string::npos) << read.error;
-        EXPECT_EQ(read.error.rfind("p.tvproj: ", 0), 0u) << read.error;
-    }
-    EXPECT_TRUE(windows::parse_project(good, "p.tvproj").content);
+    run_table("project_bad.txt", {{"parse", [](const TableArgs& a) -> TableResult {
+                   const windows::ProjectRead read = windows::parse_project(a.at(1), "p.tvproj");
+                   return read.content ? std::string("read") : read.error;
+               }}});
+    const std::string deep = R"({"format": "tremorvault-project", "version": 1, "inputs": [], "road": [],
+        "windows": [{"window": "Form1", "lists": {}, "ticks": {}, "options": {}, "tables": {}, "boxes": {"b": )" +
+                             std::string(100000, '[') + std::string(100000, ']') + "}}]}";
+    EXPECT_EQ(windows::parse_project(deep, "p.tvproj").error, "p.tvproj: it nests deeper than 32 levels");
     EXPECT_NE(windows::read_project("/nonexistent/p.tvproj").error.find("/nonexistent/p.tvproj"), std::string::npos);
 }
 

@@ -14,7 +14,6 @@ protected:
         platform.input_answers = {count, "2"};
         open_record(x, y);
     }
-    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
     std::string x, y;
 };
 
@@ -23,28 +22,20 @@ TEST_F(RecordWindowTest, ShowDiagramScalesIntoTheArraysAndHidesTheOtherRows) {
     windows::Form1& f = form1();
     program.run([&] { f.xscale.set_text("2"); });
     press(f.Command2);
-    ASSERT_TRUE(platform.runtime_errors.empty());
-    EXPECT_EQ(f.Grid1.text(3, 1), "-0.8");
-    EXPECT_EQ(f.Grid2.text(2, 1), "0.6");
-    EXPECT_TRUE(f.Grid1.row_hidden(1));
-    EXPECT_FALSE(f.Grid1.row_hidden(2));
+    // The peaks shown stay unscaled; line 1 hidden, the scaled column doubled.
+    expect_shown(f, "record_scaled");
     const auto& ax = state().accelX1;
     ASSERT_EQ(ax.ubound(), 4);
     EXPECT_EQ(ax(0), 0.0);
     EXPECT_EQ(ax(1), 0.0);  // below the first line
     EXPECT_EQ(ax(3), -0.8);
     EXPECT_EQ(state().baseAccelY1(4), -0.4);
-    // The peaks shown stay unscaled, the project peak is the doubled larger one.
-    EXPECT_EQ(f.Text1.text(), "0.4");
-    EXPECT_EQ(f.Text2.text(), "0.3");
+    // The project peak is the doubled larger one.
     EXPECT_DOUBLE_EQ(state().peakAccel, 0.8);
-    EXPECT_TRUE(f.xnext.enabled());
-    EXPECT_TRUE(f.Command2.enabled());
 }
 
 TEST_F(RecordWindowTest, ThePeaksShownAreRoundedToEightDecimals) {
-    platform.input_answers = {"1", "2"};
-    open_record(write("x.txt", "head\n0.1\n-0.987654321\n"), write("y.txt", "head\n0.123456789\n0.1\n"));
+    open_texts("head\n0.1\n-0.987654321\n", "head\n0.123456789\n0.1\n");
     EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");  // as read
     press(form1().Command2);
     EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.98765432 0.12345679");
@@ -55,39 +46,35 @@ TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
     windows::Form1& f = form1();
     program.run([&] { f.xvalue.set_text("0.8"); });
     press(f.Command2);
-    EXPECT_EQ(f.Grid1.text(3, 1), "-0.8");
-    EXPECT_EQ(f.Grid2.text(2, 1), "0.6");
-    EXPECT_EQ(f.Text1.text(), "0.8");
-    EXPECT_EQ(f.Text2.text(), "0.6");
+    expect_shown(f, "record_peak_changed");
 }
 
-TEST_F(RecordWindowTest, APeakOfOneTypedForTheLargerYComponentIsShown) {
-    platform.input_answers = {"1", "2"};
-    open_record(write("x.txt", "head\n0.2\n-0.1\n"), write("y.txt", "head\n0.5\n0.1\n"));
-    program.run([&] { form1().xvalue.set_text("1"); });
-    press(form1().Command2);
-    EXPECT_EQ(form1().Text1.text() + " " + form1().Text2.text(), "0.4 1");
-}
-
-TEST_F(RecordWindowTest, APeakEqualToTheSmallerComponentCountsAsUnchanged) {
-    open_simple();
-    windows::Form1& f = form1();
-    program.run([&] { f.xvalue.set_text("0.3"); });
-    press(f.Command2);
-    EXPECT_EQ(f.Grid1.text(3, 1), "-0.4");
-}
-
-TEST_F(RecordWindowTest, WithEqualPeaksAndNoScalingATypedPeakGoesToX) {
-    platform.input_answers = {"1", "2"};
-    open_record(write("x.txt", "head\n0.1\n-0.4\n0.2\n"), write("y.txt", "head\n0.4\n0.1\n-0.2\n"));
-    windows::Form1& f = form1();
-    program.run([&] {
-        f.Xfline.set_text("0");
-        f.xvalue.set_text("0.8");
-    });
-    press(f.Command2);
-    EXPECT_EQ(f.Text1.text(), "0.8");
-    EXPECT_EQ(f.Text2.text(), "0.4");
+// Show Diagram with a peak typed into xvalue (or none) and a first line: the peaks shown, X's
+// scaled third line, and whether the scaling ran.
+TEST_F(RecordWindowTest, ATypedPeakGoesToItsComponentUnlessItIsAComponentsOwn) {
+    const struct {
+        const char *x, *y, *first, *peak, *shown;
+        bool scaled;
+    } cases[] = {
+        // in this order, so that no earlier case has filled the arrays of the scaling:
+        // no scaling, the peaks kept; equal peaks, to X; one, for the larger Y; the smaller: unchanged
+        {"0.1\n-0.4\n0.2\n", "0.3\n0.1\n-0.2\n", "0", nullptr, "0.4 0.3 -0.4", false},
+        {"0.1\n-0.4\n0.2\n", "0.4\n0.1\n-0.2\n", "0", "0.8", "0.8 0.4 -0.4", false},
+        {"0.2\n-0.1\n", "0.5\n0.1\n", "2", "1", "0.4 1 -0.2", true},
+        {"0.1\n-0.4\n0.2\n", "0.3\n0.1\n-0.2\n", "2", "0.3", "0.3 0.3 -0.4", true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.shown);
+        open_texts(std::string("head\n") + c.x, std::string("head\n") + c.y);
+        windows::Form1& f = form1();
+        program.run([&] { f.Xfline.set_text(c.first); });
+        if (c.peak != nullptr) program.run([&] { f.xvalue.set_text(c.peak); });
+        press(f.Command2);
+        EXPECT_EQ(f.Text1.text() + " " + f.Text2.text() + " " + f.Grid1.text(3, 1), c.shown);
+        EXPECT_EQ(state().accelX1.allocated(), c.scaled);
+        EXPECT_TRUE(platform.runtime_errors.empty());
+        program.run([&] { program.unload<windows::Form1>(); });
+    }
 }
 
 TEST_F(RecordWindowTest, ALastLineBeyondTheFileIsRefusedAndShowDiagramStaysDisabled) {
@@ -108,23 +95,10 @@ TEST_F(RecordWindowTest, ALastLineBeyondTheFileIsRefusedAndShowDiagramStaysDisab
 }
 
 TEST_F(RecordWindowTest, ShowDiagramBeforeTheYFileAsksForIt) {
-    x = write("x.txt", "0.1\n");
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x};
-    open();
+    open_x("0.1\n");
     press(form1().Command2);
     ASSERT_EQ(platform.message_texts(), std::vector<std::string>{"enter File y"});
     EXPECT_TRUE(form1().Command2.enabled());
-}
-
-TEST_F(RecordWindowTest, FirstLineZeroSkipsTheScalingButKeepsThePeaks) {
-    open_simple();
-    windows::Form1& f = form1();
-    program.run([&] { f.Xfline.set_text("0"); });
-    press(f.Command2);
-    EXPECT_FALSE(state().accelX1.allocated());
-    EXPECT_EQ(f.Text1.text(), "0.4");
-    EXPECT_TRUE(platform.runtime_errors.empty());
 }
 
 TEST_F(RecordWindowTest, AnEmptiedPeakDividesByZeroAsARunTimeError) {
@@ -149,12 +123,9 @@ TEST_F(RecordWindowTest, NextAndBackStepThroughTheRecords) {
     EXPECT_EQ(state().recordFirstLine(1), 2);
     EXPECT_DOUBLE_EQ(state().recordDt(1), 0.01);
     EXPECT_EQ(f.caption(), "Input file parameters (2)");
-    EXPECT_TRUE(f.Grid3.visible());
-    EXPECT_FALSE(f.Grid1.visible());
-    EXPECT_EQ(f.Text1.text(), "");
     EXPECT_EQ(state().componentLetter, "X");
-    EXPECT_TRUE(f.xBack.enabled());
-    EXPECT_FALSE(f.xnext.enabled());
+    // Record 2's tables, empty; Back on, Next off.
+    expect_shown(f, "record_next");
 
     std::string x2 = write("x2.txt", "h\n1.5\n-0.5\n"), y2 = write("y2.txt", "h\n0.5\n2.5\n");
     open_record(x2, y2);
@@ -165,20 +136,13 @@ TEST_F(RecordWindowTest, NextAndBackStepThroughTheRecords) {
 
     press(f.xBack);
     EXPECT_EQ(state().currentRecord, 1);
-    EXPECT_EQ(f.Text1.text(), "0.4");
-    EXPECT_EQ(f.xvalue.text(), "0.4");
-    EXPECT_EQ(f.xeline.text(), "4");
-    EXPECT_EQ(f.xstep.text(), "0.01");
-    EXPECT_FALSE(f.xBack.enabled());
-    EXPECT_TRUE(f.Grid1.visible());
+    // Record 1's boxes and tables again, Back off.
+    expect_shown(f, "record_back");
 }
 
 TEST_F(RecordWindowTest, AnAllZeroComponentStopsThePlotWithARunTimeError) {
     // Line 1 gives X a peak, so the scaling works; the samples drawn are all zero.
-    x = write("x.txt", "1 header\n0\n0\n");
-    y = write("y.txt", "header\n0.2\n0.3\n");
-    platform.input_answers = {"1", "2"};
-    open_record(x, y);
+    open_texts("1 header\n0\n0\n", "header\n0.2\n0.3\n");
     press(form1().Command2);
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].first, 11);

@@ -1,13 +1,12 @@
-// Form3: the tick boxes, Calculate, the chart selection, the export and the buttons' states.
+// Form3: the tick boxes, RotD, Calculate, the chart selection, the export and the buttons' states.
 #include "spectra_fixture.h"
 
-#include <fstream>
+#include <algorithm>
 
-#include "text/format.h"
+#include "compute/measures/rotd_spectra.h"
 
 namespace tv::test {
 namespace {
-
 
 TEST_F(SpectraTest, TickBoxChainsLeaveOneMeasureOrNone) {
     to_response();
@@ -27,11 +26,9 @@ TEST_F(SpectraTest, TickBoxChainsLeaveOneMeasureOrNone) {
 TEST_F(SpectraTest, OpeningLeavesTheWindowUncalculated) {
     to_response(2);
     windows::Form3& f = form3();
-    EXPECT_EQ(f.Combo1.items(), (std::vector<std::string>{"1", "2"}));
-    EXPECT_EQ(f.Combo1.text(), "1");
     EXPECT_EQ(f.calculated, 0);
-    EXPECT_FALSE(f.Command4.enabled());
-    EXPECT_FALSE(f.Command5.enabled());
+    // Records 1 and 2 to choose, 1 chosen; Next and Export off.
+    expect_shown(f, "response_opened");
     EXPECT_FALSE(state().specX1.allocated());
     program.run([&] { f.Combo1.set_list_index(1); });  // before Calculate: nothing
     EXPECT_FALSE(state().specX1.allocated());
@@ -63,6 +60,51 @@ TEST_F(SpectraTest, BackUnloadsForm3AloneAndForm2StaysHidden) {
     EXPECT_FALSE(program.is_loaded<windows::Form3>());
     ASSERT_TRUE(program.is_loaded<windows::Form2>());
     EXPECT_FALSE(form2().visible());
+}
+
+// The RotD boxes: pseudo accelerations of each record's pair from the rotated computation at the
+// window's periods and damping, drawn over the component's spectrum and exported.
+TEST_F(SpectraTest, RotDTicksGoWithThePseudoAccelerationOnly) {
+    to_response();
+    windows::Form3& f = form3();
+    program.run([&] { f.Check1.user_click(); });
+    program.run([&] { f.CheckRotD50.user_click(); });
+    program.run([&] { f.CheckRotD100.user_click(); });
+    EXPECT_EQ(f.Check1.value(), 0);
+    EXPECT_EQ(f.CheckRotD50.value(), 1);
+    program.run([&] { f.Check2.user_click(); });
+    EXPECT_EQ(f.CheckRotD50.value(), 0);
+    EXPECT_EQ(f.CheckRotD100.value(), 0);
+}
+
+TEST_F(SpectraTest, RotDIsTheRotatedComputationOfEachRecordDrawnAndExported) {
+    to_response(2);
+    windows::Form3& f = form3();
+    program.run([&] { f.xbeta.set_text("0.02"); });
+    program.run([&] { f.CheckRotD100.user_click(); });
+    press(f.Command1);
+    ASSERT_TRUE(f.rotd100Calculated);
+    EXPECT_FALSE(f.rotd50Calculated);
+    ASSERT_EQ(f.rotated.periods.size(), 400u);
+    EXPECT_EQ(f.rotated.periods.front(), state().tStart);
+    const compute::RotDOutcome r = compute::rotd_spectra(state().samples(2, 'X'), state().samples(2, 'Y'),
+                                                         state().recordDt(2), 0.02, f.rotated.periods);
+    ASSERT_TRUE(r.ok());
+    for (long j = 1; j <= 400; ++j) ASSERT_EQ(f.rotd100[2](j), r.spectra.rotd100[static_cast<std::size_t>(j - 1)]);
+
+    // Red for the component, blue for RotD100; the range holds the higher curve.
+    const auto drawn = f.chart.drawn_data();
+    ASSERT_EQ(drawn.size(), 3u);
+    EXPECT_EQ(drawn[2].heading, "RotD100 Sa (g)");
+    EXPECT_GE(f.chart.range(), *std::max_element(f.rotd100[1].raw().begin(), f.rotd100[1].raw().end()));
+
+    platform.file_answers = {(dir / "rotd.txt").string()};
+    press(f.Command5);
+    const auto lines = lines_of(dir / "rotd.txt");
+    ASSERT_GE(lines.size(), 2u);
+    EXPECT_EQ(lines[0], std::string(windows::kResponseExportHeading) +
+                            "    RotD100(1) (g)    RotD100(2) (g)    RotD100(3) (g)");
+    EXPECT_EQ(lines[1].substr(lines[1].rfind("    ") + 4), "0.00000000");  // no record 3
 }
 
 }  // namespace

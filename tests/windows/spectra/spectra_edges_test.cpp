@@ -4,11 +4,6 @@
 
 #include <sys/resource.h>
 
-#include <fstream>
-#include <functional>
-#include <tuple>
-
-#include "text/format.h"
 #include "text/number_text.h"
 #include "windows/road_reports.h"
 #include "windows/spectra/comparison_window.h"
@@ -67,28 +62,22 @@ TEST_F(SpectraEdgeTest, ClosingForm2AsksARefusingForm4Again) {
     EXPECT_FALSE(program.is_loaded<windows::Form4>());
 }
 
-TEST_F(SpectraEdgeTest, ClosingForm1UnloadsEveryLaterWindow) {
-    to_comparison();
-    // No, No: Form3 and Form2 go; the third question, Form1's own, closes Form4 too.
-    platform.message_answers = {forms::MsgResult::No, forms::MsgResult::No, forms::MsgResult::Yes};
-    program.run([&] { program.unload(form1()); });
-    EXPECT_EQ(questions(), 3u);
-    EXPECT_FALSE(program.is_loaded<windows::Form1>());
-    EXPECT_FALSE(program.is_loaded<windows::Form2>());
-    EXPECT_FALSE(program.is_loaded<windows::Form3>());
-    EXPECT_FALSE(program.is_loaded<windows::Form4>());
-    EXPECT_EQ(state().recordCount, 0);
-    EXPECT_EQ(state().componentLetter, "X");
-}
-
-TEST_F(SpectraEdgeTest, ClosingForm1WithForm4RefusingEveryTimeKeepsForm4Alone) {
-    to_comparison();
-    platform.message_answers = {forms::MsgResult::No, forms::MsgResult::No, forms::MsgResult::No};
-    program.run([&] { program.unload(form1()); });
-    EXPECT_EQ(questions(), 3u);
-    EXPECT_FALSE(program.is_loaded<windows::Form1>());
-    EXPECT_FALSE(program.is_loaded<windows::Form2>());
-    EXPECT_TRUE(program.is_loaded<windows::Form4>());
+TEST_F(SpectraEdgeTest, ClosingForm1UnloadsEveryLaterWindowUnlessForm4RefusesEveryTime) {
+    using forms::MsgResult;
+    // No, No: Form3 and Form2 go; the third question, Form1's own, closes Form4 too, or not.
+    for (const MsgResult third : {MsgResult::Yes, MsgResult::No}) {
+        to_comparison();
+        platform.messages.clear();
+        platform.message_answers = {MsgResult::No, MsgResult::No, third};
+        program.run([&] { program.unload(form1()); });
+        EXPECT_EQ(questions(), 3u);
+        EXPECT_FALSE(program.is_loaded<windows::Form1>());
+        EXPECT_FALSE(program.is_loaded<windows::Form2>());
+        EXPECT_FALSE(program.is_loaded<windows::Form3>());
+        EXPECT_EQ(program.is_loaded<windows::Form4>(), third == MsgResult::No);
+        EXPECT_EQ(state().recordCount, 0);
+        EXPECT_EQ(state().componentLetter, "X");
+    }
 }
 
 TEST_F(SpectraEdgeTest, AnIntegratorFailureInsideTheComparisonIsToldAsErrAndTheCalculationGoesOn) {
@@ -124,68 +113,21 @@ TEST_F(SpectraEdgeTest, AnIntegratorFailureInsideTheComparisonIsToldAsErrAndTheC
     EXPECT_EQ(state().accelX1(3), z * state().baseAccelX1(3));
 }
 
-}  // namespace
-}  // namespace tv::test
-
-namespace tv::test {
-namespace {
-
-// A platform whose pending events can be a user's clicks, made while a calculation runs.
-class EventPlatform : public FakePlatform {
-public:
-    std::function<void(int)> during;  // called with the number of the do_events call
-    void do_events() override {
-        FakePlatform::do_events();
-        if (during) during(do_events_calls);
-    }
-};
-
-class DuringRunTest : public ::testing::Test {
-protected:
-    int first_call = 0;
-    DuringRunTest() : program(platform) {
-        windows::start(program);
-        program.state.workDir = dir.string();
-    }
-
-    void to_response() {
-        std::ofstream(dir / "x.txt") << "h\n0.1\n-0.4\n0.3\n-0.2\n0.25\n0\n-0.1\n0.05\n";
-        std::ofstream(dir / "y.txt") << "h\n0.2\n0.1\n-0.3\n0.35\n-0.1\n0.05\n0\n0\n";
-        platform.input_answers = {"1", "2"};
-        for (const char* f : {"x.txt", "y.txt"}) {
-            platform.file_answers.push_back((dir / f).string());
-            program.run([&] { program.form<windows::frmMain>().menu_open.choose(); });
-        }
-        auto& f1 = program.form<windows::Form1>();
-        program.run([&] { f1.xstep.set_text("0.01"); });
-        program.run([&] { f1.Command2.press(); });
-        program.run([&] { f1.xnext.press(); });
-        auto& f2 = program.form<windows::Form2>();
-        program.run([&] { f2.Command1.press(); });
-        program.run([&] { f2.xnext.press(); });
-        ASSERT_TRUE(program.is_loaded<windows::Form3>());
-    }
-    windows::Form3& form3() { return program.form<windows::Form3>(); }
-
-    TempDir scratch;
-    const std::filesystem::path dir = scratch.path();
-    EventPlatform platform;
-    windows::Program program;
-};
+using DuringRunTest = SpectraTest;
 
 TEST_F(DuringRunTest, AnExportBetweenPeriodsCutsTheArraysAndTheRunStopsAtTheCut) {
     to_response();
     windows::Form3& f = form3();
     program.run([&] { f.Command1.press(); });
-    const std::vector<double> clean = program.state.specX1.raw();
+    const std::vector<double> clean = state().specX1.raw();
     ASSERT_TRUE(f.Command5.enabled());  // Export stays open through the next Calculate
     platform.messages.clear();
+    const int first_call = platform.do_events_calls + 1;
     platform.during = [&](int call) {
         if (call != first_call) return;
         platform.file_answers.push_back((dir / "during.txt").string());
         f.Command5.press();
     };
-    first_call = platform.do_events_calls + 1;
     program.run([&] { f.Command1.press(); });
     platform.during = nullptr;
     // The export wrote period 1 and cut everything to the last line, 9; periods 2 to 9 still ran,
@@ -195,31 +137,31 @@ TEST_F(DuringRunTest, AnExportBetweenPeriodsCutsTheArraysAndTheRunStopsAtTheCut)
     EXPECT_EQ(platform.messages[1].text, "Subscript out of range");
     EXPECT_EQ(platform.messages[1].title, "Error");
     EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_EQ(program.state.specX1.ubound(), 9);
-    EXPECT_EQ(program.state.accelX1.ubound(), 9);
-    for (long j = 1; j <= 9; ++j) EXPECT_EQ(program.state.specX1(j), clean[static_cast<std::size_t>(j)]) << j;
+    EXPECT_EQ(state().specX1.ubound(), 9);
+    EXPECT_EQ(state().accelX1.ubound(), 9);
+    for (long j = 1; j <= 9; ++j) EXPECT_EQ(state().specX1(j), clean[static_cast<std::size_t>(j)]) << j;
     EXPECT_TRUE(f.Picbar.visible());  // the trap leaves the panel; Calculate then opens its buttons
-    EXPECT_EQ(read_lines(dir / "during.txt").size(), 10u);
+    EXPECT_EQ(lines_of(dir / "during.txt").size(), 10u);
 }
 
 TEST_F(DuringRunTest, ATickMadeWhileTheRunGoesOnCountsFromTheNextPeriod) {
     to_response();
     windows::Form3& f = form3();
     program.run([&] { f.Command1.press(); });
-    const std::vector<double> psa = program.state.specY1.raw();
+    const std::vector<double> psa = state().specY1.raw();
     program.run([&] { f.Check1.user_click(); });
     program.run([&] { f.Command1.press(); });
-    const std::vector<double> sd = program.state.specY1.raw();
+    const std::vector<double> sd = state().specY1.raw();
     program.run([&] { f.Check1.user_click(); });  // back to none
     ASSERT_EQ(f.Check1.value(), 0);
 
-    first_call = platform.do_events_calls + 3;  // after the third period
+    const int first_call = platform.do_events_calls + 3;  // after the third period
     platform.during = [&](int call) {
         if (call == first_call) f.Check1.user_click();
     };
     program.run([&] { f.Command1.press(); });
     platform.during = nullptr;
-    const auto& mixed = program.state.specY1;
+    const auto& mixed = state().specY1;
     for (long j = 1; j <= 3; ++j) EXPECT_EQ(mixed(j), psa[static_cast<std::size_t>(j)]) << j;
     for (long j = 4; j <= 400; ++j) EXPECT_EQ(mixed(j), sd[static_cast<std::size_t>(j)]) << j;
     EXPECT_NE(psa[5], sd[5]);

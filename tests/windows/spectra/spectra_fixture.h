@@ -1,10 +1,5 @@
 #pragma once
 // A program with records read and shown in Form1 and Next pressed, so Form2 stands open.
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
 #include "windows/project/project_fixture.h"
 #include "windows/spectra/comparison_window.h"
 #include "windows/spectra/design_spectrum_window.h"
@@ -44,15 +39,6 @@ protected:
     windows::Form2& form2() { return program.form<windows::Form2>(); }
     windows::Form3& form3() { return program.form<windows::Form3>(); }
     windows::Form4& form4() { return program.form<windows::Form4>(); }
-    void press(forms::CommandButton& b) { program.run([&] { b.press(); }); }
 };
-
-/// The lines of a written file.
-inline std::vector<std::string> read_lines(const std::filesystem::path& p) {
-    std::ifstream in(p);
-    std::vector<std::string> lines;
-    for (std::string l; std::getline(in, l);) lines.push_back(l);
-    return lines;
-}
 
 }  // namespace tv::test

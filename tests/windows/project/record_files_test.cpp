@@ -1,4 +1,6 @@
-// Record files as networks and databases publish them, taken by the record window.
+// Record files, plain and as networks and databases publish them, read into the record window's
+// tables.
+#include "compute/files/text_file.h"
 #include "project_fixture.h"
 #include "windows/project/record_file.h"
 
@@ -66,6 +68,47 @@ TEST_F(ProjectTest, ADeclaredStepIsOfferedAndNoKeepsTheBox) {
     // The Y file's other step is told; the box stays.
     EXPECT_EQ(platform.messages[1].text,
               "y.txt declares a time step of 0.01 s (DT= .0100 SEC, line 2); Time Step dt holds 0.005.");
+}
+
+TEST_F(ProjectTest, AHeaderNumberOnLineOneWinsOverSmallerSamples) {
+    open_texts("1999 Chi-Chi\n0.2\n0.5\n", "title\n2000 header\n0.25\n-0.75\n", "3");
+    // X's peak 1999, the larger in xvalue; line 2 of Y stands before the first data line: Y's 0.75.
+    expect_shown(form1(), "record_header_number");
+}
+
+TEST_F(ProjectTest, BlankLinesCountAsSamplesOfZeroAndCrLfEndsAreRead) {
+    open_texts("0.1\r\n\r\n-0.4\r\n", "0.3\n\n", "1");
+    // X: 0.1, an empty row, -0.4 (peak 0.4); Y: 0.3 and an empty row.
+    expect_shown(form1(), "record_blank_lines");
+}
+
+TEST_F(ProjectTest, AnEmptyFileLeavesOneRowAndTheOldMaximum) {
+    open_texts("0.6\n", "", "1");
+    // Y's table holds its heading alone, the last line 0, Text2 empty (curMaxY stayed 0), xvalue 0.6.
+    expect_shown(form1(), "record_empty_y");
+}
+
+TEST_F(ProjectTest, ANumberTooLargeForADoubleIsAnOverflowAndTheProgramGoesOn) {
+    open_x(std::string(400, '9') + "\n");
+    ASSERT_EQ(platform.runtime_errors.size(), 1u);
+    EXPECT_EQ(platform.runtime_errors[0].second, "Overflow");
+    std::string y = write("y.txt", "0.1\n");
+    platform.file_answers = {y};
+    open();
+    EXPECT_EQ(platform.runtime_errors.size(), 1u);
+}
+
+TEST(TextFileTest, LinesEndAtLfCrLfOrALoneCr) {
+    EXPECT_EQ(compute::split_lines("a\nb\r\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_EQ(compute::split_lines("a\n\n"), (std::vector<std::string>{"a", ""}));
+    EXPECT_TRUE(compute::split_lines("").empty());
+    compute::TextFile missing = compute::read_text_file("/nonexistent/tv/file.txt");
+    EXPECT_EQ(missing.error, 53);
+    EXPECT_NE(missing.description.find("/nonexistent/tv/file.txt"), std::string::npos);
+    EXPECT_EQ(missing.reason, "No such file or directory");
+    compute::TextFile folder = compute::read_text_file(std::filesystem::temp_directory_path().string());
+    EXPECT_EQ(folder.error, 75);
+    EXPECT_EQ(folder.reason, "Is a directory");
 }
 
 }  // namespace
