@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QHeaderView>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +15,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSlider>
-#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -25,18 +23,13 @@
 #include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
 #include "gui/chart/chart_card.h"
-#include "gui/platform/view_registry.h"
 #include "gui/project/command_line_files.h"
-#include "gui/views.h"
 #include "gui_fixture.h"
-#include "support/fake_platform.h"
-#include "windows/program.h"
 #include "windows/coefficient/pushover_window.h"
 #include "windows/spectra/comparison_window.h"
 #include "windows/spectra/design_spectrum_window.h"
 #include "windows/spectra/response_spectrum_window.h"
 #include "windows/project/about_window.h"
-#include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::gui {
@@ -113,10 +106,6 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     test::settle();
     EXPECT_TRUE(platform.runtime_errors.empty());
     EXPECT_TRUE(platform.messages.empty());
-    EXPECT_GT(f1.chart.picNemodar.ops().size(), 1000u);
-    EXPECT_TRUE(in_form1<QPushButton>("xnext")->isEnabled());
-    // Lines 1 to 4 are the file's header: hidden in the tables now.
-    EXPECT_EQ(in_form1<QTableView>("Grid1")->model()->headerData(0, Qt::Vertical).toInt(), 5);
     QWidget* view = platform.view_of(f1);
     test::save_shot(*view, "run_2_diagram_window");
     test::expect_labels_inside_strips(*view);
@@ -163,12 +152,8 @@ TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
     EXPECT_EQ(in_form1<QLabel>("Label8")->text().toStdString(), "t: 3.45 , Accel: 0.17  ");
     EXPECT_TRUE(f1.chart.Line2.visible());
     EXPECT_NEAR(f1.chart.Line2.x1(), 690, 1e-3);
-    // Line3 stands at the sample's own height across the whole plot.
-    EXPECT_EQ(f1.chart.Line3.y1(), 0.1671619f);
-    EXPECT_EQ(f1.chart.Line3.y2(), 0.1671619f);
-    EXPECT_EQ(f1.chart.Line3.x1(), 0.0f);
-    EXPECT_EQ(f1.chart.Line3.x2(), static_cast<float>(2 * 3 * 9165));
-    // On the screen: a black row of pixels at that height, left and right of the mouse.
+    // Line3 stands at the sample's height across the plot: a black row of pixels, left and right
+    // of the mouse.
     const int row =
         static_cast<int>(std::floor(twips_to_px(f1.chart.picNemodar.y_to_twips(0.1671619f) * sy, dpi)));
     const QImage shown = plot->grab().toImage();
