@@ -119,9 +119,7 @@ TEST_F(ChartGestures, TheFourierChartZoomsAboutThePointerAndPans) {
 }
 
 TEST_F(ChartGestures, ThePushoverDiagramZoomsAndTheProceduresDiagramGrows) {
-    const std::string curve = scratch.write("curve.txt", "Pushover curve, case PUSH\nStep  Displacement  BaseForce  Hinges\n"
-                                                         " 0  0  0  0\n 1  1  1500  0\n 2  2  2600  0\n 3  3  3000  0\n"
-                                                         " 4  5  3200  0\n 5  8  3300  0\n");
+    const std::string curve = scratch.write("curve.txt", test::kSofteningListing);
     auto& f6 = program.form<windows::Form6>();
     program.run([&] { f6.show(), f6.Text1.set_text(curve); });
     click(f6, "Command2");

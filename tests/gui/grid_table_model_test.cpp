@@ -4,15 +4,10 @@
 
 #include <QAbstractItemModelTester>
 #include <QBrush>
-#include <QCoreApplication>
 #include <QSignalSpy>
-#include <QTableView>
-#include <QVBoxLayout>
-#include <QWidget>
 
 #include "forms/app.h"
 #include "forms/form.h"
-#include "gui/bind/binder.h"
 #include "gui_fixture.h"
 #include "support/fake_platform.h"
 

@@ -9,7 +9,7 @@
 namespace tv::gui {
 namespace {
 
-using RotDLegendView = test::SingleViewTest;
+using RotDLegendView = test::ViewTest;
 
 TEST_F(RotDLegendView, ShowsOnlyTheCalculatedCurves) {
     auto& f3 = program.form<windows::Form3>();

@@ -4,9 +4,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -14,23 +12,10 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QSlider>
-#include <QTableView>
-#include <QTest>
-#include <memory>
 
-#include "gui/bind/binder.h"
 #include "gui/bind/mnemonics.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/view_registry.h"
-#include "gui/views.h"
 #include "gui_fixture.h"
-#include "support/fake_platform.h"
-#include "windows/program.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/diagram_window.h"
@@ -52,16 +37,10 @@
 namespace tv::gui {
 namespace {
 
-using ViewsTest = test::SingleViewTest;
-
-TEST_F(ViewsTest, RegisteredWindows) {
-    for (const char* name : {"frmMain", "xhelp", "Form1", "Form14"}) EXPECT_TRUE(views.has(name)) << name;
-}
+using ViewsTest = test::ViewTest;
 
 TEST_F(ViewsTest, MainFrame) {
-    auto& frame = program.form<windows::frmMain>();
     auto& w = open<windows::frmMain>();
-    expect_all_bound(frame);
     auto* main = qobject_cast<QMainWindow*>(&w);
     ASSERT_NE(main, nullptr);
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
@@ -82,15 +61,20 @@ TEST_F(ViewsTest, MainFrame) {
                                     "Open &Project...", "&Save Project", "Save Project &As...",
                                     "Recent Pro&jects", "-", "&Exit"}));
     main->resize(900, 560);
-    test::save_shot(w, "frmMain");
+    test::save_shot(w, "frmMain_900x560");
 }
 
-// Every box a user types into or picks from says what it is and its unit; every button, tick,
-// option and menu item answers Alt.
-TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
+// Every window's view: each control finds a widget of its kind, hidden where its control is;
+// the view fits a small screen; every box a user types into or picks from says what it is and
+// its unit; every button, tick, option and menu item answers Alt. A picture of each goes under
+// <build>/gui-screenshots.
+TEST_F(ViewsTest, EveryWindowIsBoundFitsAndAnswersAlt) {
     auto check = [this]<class F>() {
         QWidget& w = open<F>();
-        const std::string window = program.form<F>().name();
+        const forms::Form& model = program.form<F>();
+        const std::string window = model.name();
+        test::expect_all_bound(w, model);
+        test::expect_fits_work_area(w);
         for (QWidget* box : w.findChildren<QWidget*>()) {
             const bool input = (qobject_cast<QLineEdit*>(box) && !qobject_cast<QComboBox*>(box->parentWidget())) ||
                                qobject_cast<QComboBox*>(box) || qobject_cast<QPlainTextEdit*>(box);
@@ -107,6 +91,7 @@ TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
             if (!c.isEmpty()) {
                 EXPECT_FALSE(bind::mnemonic_of(c).isNull()) << window << ": " << c.toStdString();
             }
+        test::save_shot(w, window);
     };
     check.operator()<windows::frmMain>();
     check.operator()<windows::xhelp>();
@@ -128,55 +113,20 @@ TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
     check.operator()<windows::frmCurveCapacity>();
 }
 
-TEST_F(ViewsTest, About) {
-    auto& about = program.form<windows::xhelp>();
-    auto& w = open<windows::xhelp>();
-    expect_all_bound(about);
-    auto* version = w.findChild<QLabel*>("lblVersion");
+TEST_F(ViewsTest, AboutShowsTheVersion) {
+    open<windows::xhelp>();
+    auto* version = find<QLabel>("lblVersion");
     ASSERT_NE(version, nullptr);
     EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
-    test::save_shot(w, "xhelp");
 }
 
-TEST_F(ViewsTest, Inputs) {
-    auto& inputs = program.form<windows::Form14>();
-    auto& w = open<windows::Form14>();
-    expect_all_bound(inputs);
-    auto* box = w.findChild<QLineEdit*>("Xfline");
-    ASSERT_NE(box, nullptr);
-    box->setFocus();
-    QTest::keyClicks(box, "5");
-    EXPECT_EQ(inputs.Xfline.text(), "5");
-    test::save_shot(w, "Form14");
-}
-
-TEST_F(ViewsTest, RecordInput) {
-    auto& f1 = program.form<windows::Form1>();
-    auto& w = open<windows::Form1>();
-    expect_all_bound(f1);
-    // Only record 1's tables at first.
-    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(w.findChild<QTableView*>(shown)->isHidden()) << shown;
-    for (const char* hidden : {"Grid3", "grid4", "grid5", "grid6"})
-        EXPECT_TRUE(w.findChild<QTableView*>(hidden)->isHidden()) << hidden;
-
-    // Typing and clicking reach the model.
-    auto* step = w.findChild<QLineEdit*>("xstep");
-    step->selectAll();
-    QTest::keyClicks(step, "0.02");
-    EXPECT_EQ(f1.xstep.text(), "0.02");
-    QTest::mouseClick(w.findChild<QRadioButton*>("Option2"), Qt::LeftButton);
-    EXPECT_TRUE(f1.Option2.value());
-    EXPECT_FALSE(f1.Option1.value());
-    // Show Diagram before the Y file: the window's own message.
-    QTest::mouseClick(w.findChild<QPushButton*>("Command2"), Qt::LeftButton);
-    ASSERT_FALSE(platform.messages.empty());
-    EXPECT_EQ(platform.messages.back().text, "enter File y");
-    // The plot sits in its viewport, the strips beside and below it.
-    auto* viewport = w.findChild<PictureView*>("picNemodar1");
-    auto* plot = w.findChild<PictureView*>("picNemodar");
+// The record's plot sits in its viewport, at the viewport's size, until Show Diagram widens it.
+TEST_F(ViewsTest, RecordPlotStandsInItsViewport) {
+    open<windows::Form1>();
+    auto* viewport = find<PictureView>("picNemodar1");
+    auto* plot = find<PictureView>("picNemodar");
     EXPECT_EQ(plot->parentWidget(), viewport);
     EXPECT_EQ(plot->size(), viewport->size());
-    test::save_shot(w, "Form1_empty");
 }
 
 }  // namespace
