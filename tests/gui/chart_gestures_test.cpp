@@ -41,16 +41,13 @@ void drag(QWidget* w, QPointF from, double dx) {
 class ChartGestures : public test::RecordRoadTest {
 protected:
     windows::Form1& show_record() {
-        platform.inputs = {"1", "1"};
-        platform.files = {x_file, y_file};
-        for (int i = 0; i < 2; ++i) frame->findChild<QAction*>("menu_open")->trigger();
-        test::settle();
+        open_record();
         click(program.form<windows::Form1>(), "Command2");
         return program.form<windows::Form1>();
     }
     /// What a chart's Save Data writes.
     std::string saved(QWidget& card) {
-        platform.files = {scratch.file("data.csv")};
+        platform.file_answers = {scratch.file("data.csv")};
         card.findChild<QAction*>("saveChartData")->trigger();
         return test::slurp(scratch.file("data.csv"));
     }

@@ -184,6 +184,20 @@ void RecordRoadTest::SetUp() {
     settle();
 }
 
+void RecordRoadTest::choose(const char* action) {
+    QAction* a = frame->findChild<QAction*>(action);
+    ASSERT_NE(a, nullptr) << action;
+    a->trigger();
+    settle();
+}
+
+void RecordRoadTest::open_record() {
+    platform.input_answers = {"1", "1"};
+    platform.file_answers = {x_file, y_file};
+    choose("menu_open");
+    choose("menu_open");
+}
+
 }  // namespace tv::test
 
 int main(int argc, char** argv) {

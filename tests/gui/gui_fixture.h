@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -118,49 +117,14 @@ protected:
 };
 
 /// QtPlatform with every dialog answered from a queue (empty queue: cancel, Ok, Yes).
-class ScriptedPlatform : public gui::QtPlatform {
+class ScriptedPlatform : public Answering<gui::QtPlatform> {
 public:
-    using gui::QtPlatform::QtPlatform;
+    using Answering::Answering;
 
-    std::deque<std::optional<std::string>> inputs;
-    std::deque<std::optional<std::string>> files;
-    std::deque<std::optional<int>> items;
-    std::vector<std::string> prompts;
-    std::vector<std::string> messages;
-    std::vector<std::pair<int, std::string>> runtime_errors;
-
-    forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string&,
-                                 forms::MsgIcon) override {
-        messages.push_back(text);
-        return buttons == forms::MsgButtons::YesNo || buttons == forms::MsgButtons::YesNoCancel
-                   ? forms::MsgResult::Yes
-                   : forms::MsgResult::Ok;
-    }
-    std::optional<std::string> input_box(const std::string& prompt, const std::string&, const std::string&) override {
-        prompts.push_back(prompt);
-        if (inputs.empty()) return std::nullopt;
-        auto a = inputs.front();
-        inputs.pop_front();
-        return a;
-    }
-    std::optional<int> choose_item(const std::string& prompt, const std::string&, const std::vector<std::string>&,
-                                   int preset) override {
-        prompts.push_back(prompt);
-        if (items.empty()) return preset;
-        auto a = items.front();
-        items.pop_front();
-        return a;
-    }
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override {
         // A file named on the command line answers as it does on the real platform.
         if (open_answer_pending()) return gui::QtPlatform::file_dialog(request);
-        if (files.empty()) return std::nullopt;
-        auto a = files.front();
-        files.pop_front();
-        return a;
-    }
-    void report_runtime_error(int number, const std::string& description) override {
-        runtime_errors.emplace_back(number, description);
+        return Answering::file_dialog(request);
     }
 };
 
@@ -194,6 +158,10 @@ protected:
 class RecordRoadTest : public RealPlatformTest {
 protected:
     void SetUp() override;
+    /// Chooses an item of the main frame's menus.
+    void choose(const char* action);
+    /// "Open/Add Record" for both files of the record, answering "1" and "1" to the prompts.
+    void open_record();
 
     std::string x_file, y_file;
     QMainWindow* frame = nullptr;

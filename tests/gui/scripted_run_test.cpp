@@ -37,34 +37,15 @@ namespace {
 
 class ScriptedRun : public test::RecordRoadTest {
 protected:
-    void choose(const char* action) {
-        QAction* a = frame->findChild<QAction*>(action);
-        ASSERT_NE(a, nullptr) << action;
-        a->trigger();
-        test::settle();
-    }
-
-    /// "Open/Add Record" for both files of the record, answering "1" and "1" to the prompts.
-    void open_record() {
-        platform.inputs = {"1", "1"};
-        platform.files = {x_file, y_file};
-        choose("menu_open");
-        choose("menu_open");
-    }
-
     template <class W>
     W* in_form1(const char* name) {
         return in<W>(program.form<windows::Form1>(), name);
     }
 };
 
-TEST_F(ScriptedRun, MainFrameComesUpWithItsCaption) {
+TEST_F(ScriptedRun, WindowsFitASmallScreenAndTheWindowMenuReachesThem) {
     EXPECT_EQ(frame->windowTitle(), "Tremorvault");
     EXPECT_TRUE(frame->isVisible());
-    test::save_shot(*frame, "run_0_frame");
-}
-
-TEST_F(ScriptedRun, WindowsFitASmallScreenAndTheWindowMenuReachesThem) {
     frame->resize(1366, 768);
     test::settle();
     open_record();
@@ -237,7 +218,7 @@ TEST_F(ScriptedRun, TheGuidesPicturesAtALaptopsSize) {
 
 TEST_F(ScriptedRun, FilesOnTheCommandLineGoTheOpenAddRecordRoad) {
     const QString samples = QStringLiteral(TV_SOURCE_DIR "/samples/");
-    platform.inputs = {"1", "5"};
+    platform.input_answers = {"1", "5"};
     open_command_line_files(platform, {samples + "synthetic_X.txt", samples + "synthetic_Y.txt"});
     EXPECT_EQ(platform.prompts,
               (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
@@ -250,7 +231,7 @@ TEST_F(ScriptedRun, FilesOnTheCommandLineGoTheOpenAddRecordRoad) {
     EXPECT_EQ(in_form1<QLineEdit>("Xfline")->text(), "5");
     EXPECT_EQ(in_form1<QLineEdit>("Text2")->text(), "0.3");
     // The X file's header declares its step: offered, and Yes types it into the box.
-    EXPECT_EQ(platform.messages, (std::vector<std::string>{"synthetic_X.txt declares a time step of 0.01 s (DT= 0.01 "
+    EXPECT_EQ(platform.message_texts(), (std::vector<std::string>{"synthetic_X.txt declares a time step of 0.01 s (DT= 0.01 "
                                                            "SEC, line 4); Time Step dt holds 0.005. Take 0.01 s?"}));
     EXPECT_EQ(in_form1<QLineEdit>("xstep")->text(), "0.01");
     QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
@@ -265,12 +246,12 @@ TEST_F(ScriptedRun, FilesOnTheCommandLineGoTheOpenAddRecordRoad) {
 }
 
 TEST_F(ScriptedRun, ACancelledPromptDropsTheCommandLineFiles) {
-    platform.files = {x_file};
+    platform.file_answers = {x_file};
     open_command_line_files(platform, {QString::fromStdString(x_file), QString::fromStdString(y_file)});
     EXPECT_EQ(platform.prompts.size(), 2u);
     EXPECT_FALSE(program.is_loaded<windows::Form1>());
     EXPECT_FALSE(platform.open_answer_pending());
-    EXPECT_EQ(platform.files.size(), 1u);  // no dialog was asked for
+    EXPECT_EQ(platform.file_answers.size(), 1u);  // no dialog was asked for
 }
 
 TEST_F(ScriptedRun, AboutWaitsUntilItIsClosed) {
