@@ -1,10 +1,13 @@
-// Each window's view: every control of the model has a widget of its kind, and the views
-// look as they should (screenshots under <build>/gui-screenshots).
+// Each window's view: every control of the model has a widget of its kind, the views look as
+// they should (screenshots under <build>/gui-screenshots), charts take the room they are given,
+// busy panels cover them, the Persian texts run right to left.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -12,6 +15,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextLayout>
 
 #include "gui/bind/mnemonics.h"
 #include "gui/bind/picture_view.h"
@@ -38,6 +46,24 @@ namespace tv::gui {
 namespace {
 
 using ViewsTest = test::ViewTest;
+using test::tick;
+
+/// Whether every character of `text` finds a glyph in the font `widget` paints with, fallbacks
+/// included.
+bool all_glyphs_found(const QString& text, const QWidget& widget) {
+    QTextLayout layout(text, widget.font());
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    int glyphs = 0;
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        for (quint32 g : run.glyphIndexes()) {
+            if (g == 0) return false;
+            ++glyphs;
+        }
+    }
+    return glyphs > 0;
+}
 
 TEST_F(ViewsTest, MainFrame) {
     auto& w = open<windows::frmMain>();
@@ -127,6 +153,104 @@ TEST_F(ViewsTest, RecordPlotStandsInItsViewport) {
     auto* plot = find<PictureView>("picNemodar");
     EXPECT_EQ(plot->parentWidget(), viewport);
     EXPECT_EQ(plot->size(), viewport->size());
+}
+
+TEST_F(ViewsTest, DesignSpectrumScrollBarAndChart) {
+    auto& w = open<windows::Form2>();
+    // The scroll bar stands under the plot's viewport, no wider.
+    auto* viewport = find<PictureView>("picNemodar1");
+    auto* scroll = find<QScrollBar>("HScroll1");
+    EXPECT_EQ(scroll->width(), viewport->width());
+    EXPECT_EQ(scroll->mapTo(&w, QPoint()).x(), viewport->mapTo(&w, QPoint()).x());
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(ViewsTest, ResponseSpectrumBusyPanel) {
+    auto& f3 = program.form<windows::Form3>();
+    auto& w = open<windows::Form3>();
+    // The progress panel lies over the chart, hiding it, and leaves the buttons free.
+    auto* panel = find<QGroupBox>("Picbar");
+    auto* card = find<QWidget>("chartPanel");
+    EXPECT_TRUE(panel->isHidden());
+    f3.Picbar.set_visible(true);
+    f3.pbar.set_max(10);
+    f3.pbar.set_value(4);
+    test::settle();
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(panel->parentWidget(), card);
+    EXPECT_EQ(panel->geometry(), card->contentsRect());
+    EXPECT_EQ(find<QProgressBar>("pbar")->value(), 400);
+    test::save_shot(w, "Form3_busy");
+    f3.Picbar.set_visible(false);
+    EXPECT_TRUE(panel->isHidden());
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(ViewsTest, ComparisonPersianCaptionAndColours) {
+    auto& w = open<windows::Form4>();
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.17");
+
+    // The Persian caption reads right to left, its box at its right end, and every letter has a
+    // glyph to show.
+    auto* rule = find<QCheckBox>("Check2");
+    EXPECT_EQ(rule->text(), QString::fromUtf8("\u0646\u0634\u0631\u064a\u0647 &360"));
+    EXPECT_TRUE(rule->text().isRightToLeft());
+    EXPECT_EQ(rule->layoutDirection(), Qt::RightToLeft);
+    EXPECT_TRUE(all_glyphs_found(rule->text(), *rule));
+    tick(rule);
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.3");
+
+    // The read-outs wear the colours of their marker lines.
+    auto* red = find<QLabel>("LabelRed");
+    auto* blue = find<QLabel>("LabelBlue");
+    EXPECT_EQ(red->palette().color(red->foregroundRole()), QColor(255, 0, 0));
+    EXPECT_EQ(blue->palette().color(blue->foregroundRole()), QColor(0, 0, 255));
+    test::save_shot(w, "Form4_view");
+    expect_chart_takes_spare_room();
+}
+
+// The response spectrum chart's legend names the RotD curves that were calculated, and only then.
+TEST_F(ViewsTest, RotDLegendShowsOnlyTheCalculatedCurves) {
+    auto& f3 = program.form<windows::Form3>();
+    open<windows::Form3>();
+    auto* legend = find<QLabel>("chartLegend");
+    ASSERT_NE(legend, nullptr);
+    EXPECT_TRUE(legend->isHidden());
+    f3.rotd50Calculated = true;
+    find<PictureView>("picNemodar")->repaint();
+    test::settle();
+    EXPECT_FALSE(legend->isHidden());
+    EXPECT_TRUE(legend->text().contains("RotD50"));
+    EXPECT_FALSE(legend->text().contains("RotD100"));
+}
+
+TEST_F(ViewsTest, FourierOmegaCountAndChart) {
+    auto& f12 = program.form<windows::Form12>();
+    open<windows::Form12>();
+
+    // "No. Omega=" opens the count and Find Omega.
+    f12.Check1.set_enabled(true);
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_TRUE(find<QLineEdit>("Text8")->isEnabled());
+    EXPECT_TRUE(find<QPushButton>("Command5")->isEnabled());
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_FALSE(find<QLineEdit>("Text8")->isEnabled());
+
+    // The checkbox stands in the caption column, right-aligned like the captions below it.
+    auto* box = find<QCheckBox>("Check1");
+    auto* caption = find<QLabel>("captionText9");
+    EXPECT_LE(std::abs(box->geometry().right() - caption->geometry().right()), 2);
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(ViewsTest, MeasuresPreviewWithProcessingOffSaysSo) {
+    open<windows::MeasuresWindow>();
+    EXPECT_EQ(find<QComboBox>("FilterKind")->count(), 4);
+    // Processing off: Preview says so instead of processing.
+    QTest::mouseClick(find<QPushButton>("Preview"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(find<QLabel>("Message")->text().startsWith("Processing is off"));
+    EXPECT_FALSE(find<QPushButton>("Undo")->isEnabled());
 }
 
 }  // namespace
