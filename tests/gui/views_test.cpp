@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,16 +15,21 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSlider>
+#include <QTableView>
 #include <QTest>
 #include <QTextLayout>
 
 #include "gui/bind/mnemonics.h"
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
 #include "gui_fixture.h"
+#include "support/files.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/diagram_window.h"
@@ -251,6 +257,97 @@ TEST_F(ViewsTest, MeasuresPreviewWithProcessingOffSaysSo) {
     test::settle();
     EXPECT_TRUE(find<QLabel>("Message")->text().startsWith("Processing is off"));
     EXPECT_FALSE(find<QPushButton>("Undo")->isEnabled());
+}
+
+// The capacity spectrum wizard and its diagram: the popup of the calculation table waits out of
+// sight, and the shipped sample runs through the wizard's pages by the widgets.
+TEST_F(ViewsTest, CapacityWizardAtLoad) {
+    windows::Form9& f9 = program.form<windows::Form9>();
+    QWidget& w = open<windows::Form9>();
+    // A key on the unit's list reaches the model.
+    auto& unit = child<QComboBox>(w, "Combo1");
+    unit.setFocus();
+    QTest::keyClick(&unit, Qt::Key_Down);
+    test::settle();
+    EXPECT_EQ(f9.Combo1.list_index(), 1);
+    // The popup menu is the model's, kept out of sight until asked for.
+    auto& popup = child<QMenu>(w, "menu_file");
+    EXPECT_FALSE(popup.isVisible());
+    ASSERT_EQ(popup.actions().size(), 1);
+}
+
+TEST_F(ViewsTest, CapacityDiagramOfTheSample) {
+    platform.printer_names = {"Office Laser"};
+    // The sample read, its demand spectrum made and swept on the last page, then Next: the diagram.
+    QWidget& wizard = open<windows::Form9>();
+    type_into(wizard, "Text1", QStringLiteral(TV_SOURCE_DIR "/samples/capacity_sample.txt"));
+    for (const char* button : {"Command2", "Command3", "Command6", "Command7", "Command3", "Command9", "Command3"})
+        click(wizard, button);
+    ASSERT_TRUE(program.is_loaded<windows::Form10>());
+    windows::Form10& f10 = program.form<windows::Form10>();
+    QWidget& w = open<windows::Form10>();
+    EXPECT_EQ(child<QComboBox>(w, "xprinter").currentText(), "Office Laser");
+    // The pointer over the plot gives the read-out.
+    auto& plot = child<PictureView>(w, "picNemodar");
+    QMouseEvent move(QEvent::MouseMove, QPointF(200, 100), plot.mapToGlobal(QPointF(200, 100)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&plot, &move);
+    test::settle();
+    EXPECT_TRUE(child<QLabel>(w, "Label1").text().startsWith("X: ")) << child<QLabel>(w, "Label1").text().toStdString();
+    test::expect_labels_inside_strips(w);
+    test::save_shot(w, "Form10");
+    // A wider X scale opens the scroll bar.
+    child<QSlider>(w, "Slider1").setValue(3);
+    test::settle();
+    EXPECT_EQ(child<QLabel>(w, "Label6").text().toStdString(), f10.chart.Label6.caption());
+    EXPECT_TRUE(child<QLabel>(w, "Label6").text().endsWith("3X"));
+    EXPECT_TRUE(child<QScrollBar>(w, "HScroll1").isEnabled());
+}
+
+// The coefficient method's views: the worked curve is fitted and handed on through the widgets.
+TEST_F(ViewsTest, TEffectiveWindowAtLoad) {
+    windows::Form6& f6 = program.form<windows::Form6>();
+    QWidget& w = open<windows::Form6>();
+    // The diagram and its strips stand inside the printed area, at the model's size.
+    auto& area = child<PictureView>(w, "Picture1");
+    for (const char* part : {"picDiagram", "xBar", "yBar"}) {
+        auto& p = child<PictureView>(w, part);
+        EXPECT_EQ(p.parentWidget(), &area) << part;
+        EXPECT_TRUE(test::inside(p, area)) << part;
+    }
+    EXPECT_EQ(area.width(), twips_to_px(f6.Picture1.width(), &area));
+    EXPECT_EQ(area.height(), twips_to_px(f6.Picture1.height(), &area));
+
+    // "Excel table" shows the sample sheet, its picture inside its frame.
+    click(w, "Command7");
+    EXPECT_FALSE(child<QGroupBox>(w, "Frame2").isHidden());
+    EXPECT_TRUE(test::inside(child<PictureView>(w, "Picture2"), child<QGroupBox>(w, "Frame2")));
+    test::save_shot(w, "Form6_sample_sheet");
+}
+
+TEST_F(ViewsTest, TheMethodsSideBySideOpenFromTheFittedCurve) {
+    // The worked curve read by Start and its yield point found by Auto Yeld Point.
+    test::TempDir scratch;
+    QWidget& v6 = open<windows::Form6>();
+    type_into(v6, "Text1", QString::fromStdString(scratch.write("curve.txt", test::kSofteningListing)));
+    for (const char* button : {"Command2", "Command3", "cmdNsp"}) click(v6, button);
+    windows::NspWindow& model = program.form<windows::NspWindow>();
+    EXPECT_TRUE(model.visible());
+    QWidget& w = open<windows::NspWindow>();
+    EXPECT_EQ(child<QLineEdit>(w, "txtTe").text().toStdString(), model.txtTe.text());
+    // Form8 is not open: the weight is typed here, and the table fills.
+    type_into(w, "txtW", "10000");
+    click(w, "cmdCalculate");
+    // A value's cell shows its number and, under the pointer, its clause.
+    const QAbstractItemModel& table = *child<QTableView>(w, "grdMethods").model();
+    const forms::Grid& g = model.grdMethods;
+    int row = 1;
+    while (row < g.rows() && g.cell_tool_tip(row, 2).empty()) ++row;
+    ASSERT_LT(row, g.rows());
+    const QModelIndex cell = table.index(row - 1, 2);
+    EXPECT_EQ(table.data(cell).toString().toStdString(), g.text(row, 2));
+    EXPECT_EQ(table.data(cell, Qt::ToolTipRole).toString().toStdString(), g.cell_tool_tip(row, 2));
+    test::save_shot(w, "frmNsp");
 }
 
 }  // namespace
