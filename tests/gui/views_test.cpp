@@ -19,6 +19,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTableView>
@@ -152,17 +153,30 @@ TEST_F(ViewsTest, AboutShowsTheVersion) {
     EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
 }
 
-// The record's plot sits in its viewport, at the viewport's size, until Show Diagram widens it.
-TEST_F(ViewsTest, RecordPlotStandsInItsViewport) {
+// Only record 1's tables show at first; the record's plot sits in its viewport, at the
+// viewport's size, until Show Diagram widens it.
+TEST_F(ViewsTest, RecordInputAtLoad) {
     open<windows::Form1>();
+    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(find<QTableView>(shown)->isHidden()) << shown;
+    for (const char* hidden : {"Grid3", "grid4", "grid5", "grid6"})
+        EXPECT_TRUE(find<QTableView>(hidden)->isHidden()) << hidden;
     auto* viewport = find<PictureView>("picNemodar1");
     auto* plot = find<PictureView>("picNemodar");
     EXPECT_EQ(plot->parentWidget(), viewport);
     EXPECT_EQ(plot->size(), viewport->size());
 }
 
-TEST_F(ViewsTest, DesignSpectrumScrollBarAndChart) {
+TEST_F(ViewsTest, DesignSpectrumFromFileScrollBarAndChart) {
+    auto& f2 = program.form<windows::Form2>();
     auto& w = open<windows::Form2>();
+    // "From File" greys the options out, and back.
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_EQ(f2.Check1.value(), 1);
+    EXPECT_FALSE(find<QGroupBox>("Frame2")->isEnabled());
+    EXPECT_FALSE(find<QRadioButton>("Option3")->isEnabled());
+    EXPECT_TRUE(find<QPushButton>("Command3")->isEnabled());
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_TRUE(find<QRadioButton>("Option3")->isEnabled());
     // The scroll bar stands under the plot's viewport, no wider.
     auto* viewport = find<PictureView>("picNemodar1");
     auto* scroll = find<QScrollBar>("HScroll1");
@@ -302,6 +316,27 @@ TEST_F(ViewsTest, CapacityDiagramOfTheSample) {
     EXPECT_EQ(child<QLabel>(w, "Label6").text().toStdString(), f10.chart.Label6.caption());
     EXPECT_TRUE(child<QLabel>(w, "Label6").text().endsWith("3X"));
     EXPECT_TRUE(child<QScrollBar>(w, "HScroll1").isEnabled());
+}
+
+// "Calculate SA": From File greys the code spectrum's settings and opens Browse.
+TEST_F(ViewsTest, SaWindowFromFileAndCalculate) {
+    windows::Form11& f11 = program.form<windows::Form11>();
+    QWidget& w = open<windows::Form11>();
+    EXPECT_EQ(child<QGroupBox>(w, "Frisk").title(), "Hazard");
+    EXPECT_FALSE(child<QPushButton>(w, "Command4").isEnabled());
+    EXPECT_FALSE(child<QPushButton>(w, "Command7").isEnabled());
+    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(child<QPushButton>(w, "Command4").isEnabled());
+    EXPECT_FALSE(child<QGroupBox>(w, "fsoil").isEnabled());
+    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(child<QGroupBox>(w, "fsoil").isEnabled());
+    QTest::mouseClick(&child<QRadioButton>(w, "Option3"), Qt::LeftButton);
+    click(w, "Command6");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(f11.demand.Option3.value());
+    EXPECT_FALSE(f11.demand.Option1.value());
 }
 
 // The coefficient method's views: the worked curve is fitted and handed on through the widgets.
