@@ -343,6 +343,7 @@ TEST_F(ViewsTest, SaWindowFromFileAndCalculate) {
 TEST_F(ViewsTest, TEffectiveWindowAtLoad) {
     windows::Form6& f6 = program.form<windows::Form6>();
     QWidget& w = open<windows::Form6>();
+    EXPECT_EQ(w.windowTitle(), "Calculate T-Effective");
     // The diagram and its strips stand inside the printed area, at the model's size.
     auto& area = child<PictureView>(w, "Picture1");
     for (const char* part : {"picDiagram", "xBar", "yBar"}) {
