@@ -1,4 +1,5 @@
-// Event chains of the simple controls: what fires when code or a user changes a control.
+// The controls: the event chains of the simple ones (what fires when code or a user changes a
+// control), the table of text cells and the recording picture.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -6,11 +7,16 @@
 
 #include "forms/app.h"
 #include "forms/form.h"
+#include "forms/grid.h"
+#include "forms/picture_box.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 #include "text/runtime_error.h"
 
 namespace tv::forms {
 namespace {
+
+using tv::test::error_of;
 
 // A window with one of each kind; every handler writes its name into `fired`.
 class Panel : public Form {
@@ -258,6 +264,347 @@ TEST_F(ControlsTest, ControlsAreFoundByName) {
     EXPECT_EQ(w.find("Nothing"), nullptr);
     EXPECT_EQ(w.Option1.container(), &w.Frame1);
     EXPECT_EQ(&w.Option1.form(), &w);
+}
+
+// The table of text cells: sizes, bounds, hidden rows, selection, the current cell and redraw.
+class TableWindow : public Form {
+public:
+    explicit TableWindow(App& app) : Form(app, "TableWindow", "Table") {
+        Fg.RowColChange = [this] { ++row_col_changes; };
+        Fg.changed = [this] { ++view_updates; };
+    }
+    Grid& Fg = grid("Fg", 3, 2);
+    int row_col_changes = 0;
+    int view_updates = 0;
+};
+
+class GridTest : public ::testing::Test {
+protected:
+    test::FakePlatform platform;
+    App app{platform};
+    TableWindow& w = app.form<TableWindow>();
+    Grid& g = w.Fg;
+};
+
+TEST_F(GridTest, StartsEmptyWithTheCurrentRowUnderTheHeading) {
+    EXPECT_EQ(g.rows(), 3);
+    EXPECT_EQ(g.cols(), 2);
+    EXPECT_EQ(g.text(2, 1), "");
+    EXPECT_EQ(g.row(), 1);
+    EXPECT_EQ(g.col(), 0);
+    EXPECT_TRUE(g.redraw());
+}
+
+TEST_F(GridTest, ResizeKeepsTheCellsThatFit) {
+    g.set_text(0, 0, "Step");
+    g.set_text(1, 1, "0.25");
+    g.set_text(2, 1, "0.5");
+    g.set_cols(4);
+    g.set_rows(5);
+    EXPECT_EQ(g.text(0, 0), "Step");
+    EXPECT_EQ(g.text(1, 1), "0.25");
+    EXPECT_EQ(g.text(2, 1), "0.5");
+    EXPECT_EQ(g.text(4, 3), "");
+    EXPECT_EQ(g.text(1, 2), "");
+    g.set_rows(2);
+    g.set_cols(1);
+    EXPECT_EQ(g.text(0, 0), "Step");
+    EXPECT_EQ(error_of([&] { g.text(1, 1); }), text::kSubscript);
+    g.set_rows(3);
+    g.set_cols(2);
+    EXPECT_EQ(g.text(2, 1), "");  // what was cut off does not come back
+    EXPECT_EQ(g.text(1, 1), "");
+}
+
+TEST_F(GridTest, OutOfRangeRaisesSubscript) {
+    EXPECT_EQ(error_of([&] { g.text(3, 0); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.text(0, 2); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.text(-1, 0); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_text(0, -1, "x"); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_col_width(2, 900); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_row_hidden(3, true); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_row(3); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_col(-1); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_cell_back_color(9, 0, 0xFF); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { g.set_rows(-1); }), text::kSubscript);
+}
+
+TEST_F(GridTest, ClearEmptiesEveryCellKeepingTheSize) {
+    g.set_text(0, 0, "T");
+    g.set_text(2, 1, "9");
+    g.clear();
+    EXPECT_EQ(g.text(0, 0), "");
+    EXPECT_EQ(g.text(2, 1), "");
+    EXPECT_EQ(g.rows(), 3);
+}
+
+TEST_F(GridTest, HiddenRowsFollowTheRowCount) {
+    g.set_row_hidden(2, true);
+    EXPECT_TRUE(g.row_hidden(2));
+    EXPECT_FALSE(g.row_hidden(1));
+    g.set_rows(6);
+    EXPECT_TRUE(g.row_hidden(2));
+    EXPECT_FALSE(g.row_hidden(5));
+    g.set_rows(2);
+    g.set_rows(3);
+    EXPECT_FALSE(g.row_hidden(2));
+}
+
+TEST_F(GridTest, ColumnsKeepWidthAlignmentAndHiddenFlag) {
+    EXPECT_EQ(g.col_width(1), -1);
+    g.set_col_width(1, 1200);
+    g.set_col_alignment(1, 4);
+    g.set_col_hidden(0, true);
+    g.set_cols(3);
+    EXPECT_EQ(g.col_width(1), 1200);
+    EXPECT_EQ(g.col_alignment(1), 4);
+    EXPECT_TRUE(g.col_hidden(0));
+    EXPECT_EQ(g.col_width(2), -1);
+}
+
+TEST_F(GridTest, SelectionDropsRowsThatAreCutOff) {
+    g.set_rows(10);
+    g.set_selected_rows({2, 5, 9});
+    EXPECT_EQ(g.selected_row_count(), 3);
+    g.set_rows(6);
+    EXPECT_EQ(g.selected_rows(), (std::set<int>{2, 5}));
+}
+
+TEST_F(GridTest, BackColoursDropWithTheirRows) {
+    g.set_cell_back_color(2, 1, 0x00FF00);
+    EXPECT_EQ(g.cell_back_color(2, 1), 0x00FF00);
+    EXPECT_EQ(g.cell_back_color(1, 1), -1);
+    g.set_rows(2);
+    g.set_rows(3);
+    EXPECT_EQ(g.cell_back_color(2, 1), -1);
+}
+
+TEST_F(GridTest, RowColChangeFiresOnlyWhenTheCellMoves) {
+    g.set_row(1);
+    EXPECT_EQ(w.row_col_changes, 0);
+    g.set_row(2);
+    g.set_col(1);
+    g.set_col(1);
+    EXPECT_EQ(w.row_col_changes, 2);
+    EXPECT_EQ(g.row(), 2);
+    EXPECT_EQ(g.col(), 1);
+}
+
+TEST_F(GridTest, CurrentCellStaysInsideWhenTheTableShrinks) {
+    g.set_rows(10);
+    g.set_row(9);
+    g.set_rows(4);
+    EXPECT_EQ(g.row(), 3);
+    g.set_rows(0);
+    EXPECT_EQ(g.row(), 0);
+}
+
+TEST_F(GridTest, RedrawOffHoldsTheViewAndOnNotifiesOnce) {
+    const auto layout = g.layout_revision();
+    w.view_updates = 0;
+    g.set_redraw(false);
+    g.set_rows(50);
+    for (int r = 1; r < 50; ++r) g.set_text(r, 0, std::to_string(r));
+    g.set_row_hidden(3, true);
+    g.set_row(7);  // events still fire with redraw off
+    EXPECT_EQ(w.view_updates, 0);
+    EXPECT_EQ(w.row_col_changes, 1);
+    g.set_redraw(true);
+    EXPECT_EQ(w.view_updates, 1);
+    EXPECT_GT(g.layout_revision(), layout);
+    g.set_redraw(true);
+    EXPECT_EQ(w.view_updates, 1);
+    g.set_text(1, 1, "x");
+    EXPECT_EQ(w.view_updates, 2);
+    g.set_text(1, 1, "x");  // the same text: nothing to redraw
+    EXPECT_EQ(w.view_updates, 2);
+}
+
+TEST_F(GridTest, ColumnWidthsAndHiddenFlagsCountAsLayout) {
+    auto before = g.layout_revision();
+    g.set_text(1, 1, "cell");
+    EXPECT_EQ(g.layout_revision(), before);
+    g.set_col_width(0, 500);
+    EXPECT_GT(g.layout_revision(), before);
+    before = g.layout_revision();
+    g.set_row_hidden(1, true);
+    EXPECT_GT(g.layout_revision(), before);
+}
+
+TEST_F(GridTest, CopiesAsTabSeparatedTextWithItsHeading) {
+    g.set_rows(4);
+    g.set_cols(3);
+    for (int r = 0; r < 4; ++r)
+        for (int c = 0; c < 3; ++c) g.set_text(r, c, std::string(1, static_cast<char>('a' + r)) + std::to_string(c));
+    g.set_text(2, 0, "c\t0");
+    // The whole table, but what the user does not see.
+    g.set_row_hidden(3, true);
+    g.set_col_width(1, 0);
+    EXPECT_EQ(tab_separated(g), "a0\ta2\nb0\tb2\nc 0\tc2\n");
+    // A selection keeps the heading row above it.
+    g.set_col_width(1, -1);
+    EXPECT_EQ(tab_separated(g, {2}, {1, 2}), "a1\ta2\nc1\tc2\n");
+    // A table without a heading row.
+    g.set_fixed_rows(0);
+    EXPECT_EQ(tab_separated(g, {0}), "a0\ta1\ta2\n");
+}
+
+TEST_F(GridTest, TablesOfOneOrNoRowHaveTheirCurrentRowAtZero) {
+    class Small : public Form {
+    public:
+        explicit Small(App& a) : Form(a, "Small", "") {}
+        Grid& A = grid("A", 1, 3);
+        Grid& B = grid("B", 0, 0);
+    };
+    Small& s = app.form<Small>();
+    EXPECT_EQ(s.A.row(), 0);
+    EXPECT_EQ(s.B.row(), 0);
+    EXPECT_EQ(s.B.col(), 0);
+    s.B.set_cols(2);
+    s.B.set_rows(3);
+    EXPECT_EQ(s.B.text(2, 1), "");
+}
+
+// The recording picture: user scale to twips, what is recorded, clearing, a scale of no size.
+class Chart : public Form {
+public:
+    explicit Chart(App& app) : Form(app, "Chart", "Chart") {}
+    PictureBox& picNemodar = picture("picNemodar", 9165, 3000);
+};
+
+class PictureBoxTest : public ::testing::Test {
+protected:
+    test::FakePlatform platform;
+    App app{platform};
+    PictureBox& p = app.form<Chart>().picNemodar;
+};
+
+TEST_F(PictureBoxTest, WithoutAUserScaleUnitsAreTwips) {
+    EXPECT_EQ(p.scale_width(), 9165);
+    EXPECT_EQ(p.scale_height(), 3000);
+    p.line(10, 20, 30, 40);
+    ASSERT_EQ(p.ops().size(), 1u);
+    const DrawOp& op = p.ops()[0];
+    EXPECT_EQ(op.kind, DrawOp::Kind::Line);
+    EXPECT_EQ(op.x1, 10);
+    EXPECT_EQ(op.y1, 20);
+    EXPECT_EQ(op.x2, 30);
+    EXPECT_EQ(op.y2, 40);
+    EXPECT_EQ(op.color, -1);
+    EXPECT_EQ(op.width, 1);
+}
+
+TEST_F(PictureBoxTest, UserScaleMapsOntoTheTwipsOfThePicture) {
+    // A record chart: index on x from 0 to 1000, value from r = 0.6 at the top to -0.6 at the foot.
+    p.scale(0, 0.6, 1000, -0.6);
+    EXPECT_EQ(p.scale_left(), 0);
+    EXPECT_EQ(p.scale_top(), 0.6);
+    EXPECT_EQ(p.scale_width(), 1000);
+    EXPECT_EQ(p.scale_height(), -1.2);
+    EXPECT_DOUBLE_EQ(p.x_to_twips(500), 4582.5);
+    EXPECT_DOUBLE_EQ(p.y_to_twips(0), 1500);
+    EXPECT_DOUBLE_EQ(p.y_to_twips(0.6), 0);
+    EXPECT_DOUBLE_EQ(p.y_to_twips(-0.6), 3000);
+    EXPECT_DOUBLE_EQ(p.y_to_twips(0.3), 750);
+    EXPECT_DOUBLE_EQ(p.dx_to_twips(100), 916.5);
+    EXPECT_DOUBLE_EQ(p.dy_to_twips(0.6), -1500);
+    EXPECT_DOUBLE_EQ(p.x_from_twips(4582.5), 500);
+    EXPECT_DOUBLE_EQ(p.y_from_twips(750), 0.3);
+}
+
+TEST_F(PictureBoxTest, OperationsAreRecordedInTwips) {
+    p.scale(0, 0.6, 1000, -0.6);
+    p.line(0, 0, 1000, 0.3, 255);
+    p.pset(500, -0.6, 0xFF0000);
+    p.set_draw_width(2);
+    p.line(0, 0.6, 0, -0.6);
+    ASSERT_EQ(p.ops().size(), 3u);
+    EXPECT_DOUBLE_EQ(p.ops()[0].x2, 9165);
+    EXPECT_DOUBLE_EQ(p.ops()[0].y2, 750);
+    EXPECT_EQ(p.ops()[0].color, 255);
+    EXPECT_EQ(p.ops()[1].kind, DrawOp::Kind::Point);
+    EXPECT_DOUBLE_EQ(p.ops()[1].x1, 4582.5);
+    EXPECT_DOUBLE_EQ(p.ops()[1].y1, 3000);
+    EXPECT_EQ(p.ops()[2].width, 2);
+    EXPECT_DOUBLE_EQ(p.ops()[2].y2, 3000);
+}
+
+TEST_F(PictureBoxTest, DrawingMovesTheCurrentPointAndPrintStartsTheNextLine) {
+    p.scale(0, 100, 100, 0);
+    p.line(10, 20, 30, 40);
+    EXPECT_EQ(p.current_x(), 30);
+    EXPECT_EQ(p.current_y(), 40);
+    p.set_current_x(50);
+    p.set_current_y(80);
+    const double line_height = p.text_height();
+    p.print("0.4");
+    ASSERT_EQ(p.ops().size(), 2u);
+    EXPECT_EQ(p.ops()[1].kind, DrawOp::Kind::Text);
+    EXPECT_EQ(p.ops()[1].text, "0.4");
+    EXPECT_DOUBLE_EQ(p.ops()[1].x1, 4582.5);
+    EXPECT_DOUBLE_EQ(p.ops()[1].y1, 600);
+    EXPECT_EQ(p.current_x(), 0);
+    EXPECT_DOUBLE_EQ(p.current_y(), 80 + line_height);
+    EXPECT_LT(line_height, 0);  // the scale runs upward, so a line down is negative
+}
+
+TEST_F(PictureBoxTest, TextMetricsComeInTheUserScale) {
+    const double twips = platform.text_width_twips("12.5", p.font_name, p.font_size);
+    EXPECT_DOUBLE_EQ(p.text_width("12.5"), twips);
+    p.scale(0, 0, 2 * 9165, 3000);  // two user units a twip across
+    EXPECT_DOUBLE_EQ(p.text_width("12.5"), 2 * twips);
+}
+
+TEST_F(PictureBoxTest, ClsClearsAndCounts) {
+    p.scale(0, 1, 10, -1);
+    p.line(0, 0, 5, 0.5);
+    const auto revision = p.revision();
+    int repaints = 0;
+    p.changed = [&] { ++repaints; };
+    p.cls();
+    EXPECT_TRUE(p.ops().empty());
+    EXPECT_EQ(p.current_x(), 0);
+    EXPECT_EQ(p.current_y(), 0);
+    EXPECT_EQ(p.revision(), revision + 1);
+    EXPECT_EQ(repaints, 1);
+    EXPECT_EQ(p.scale_height(), -2);  // the scale stays
+    p.refresh();
+    EXPECT_EQ(repaints, 2);
+}
+
+TEST_F(PictureBoxTest, ScaleOfNoSizeRaisesWhenDrawnOn) {
+    p.scale(0, 0, 0, -1);  // an empty record: no width
+    for (auto draw : {+[](PictureBox& q) { q.line(0, 0, 1, 1); }, +[](PictureBox& q) { q.pset(0, 0); },
+                      +[](PictureBox& q) { q.print("x"); }}) {
+        try {
+            draw(p);
+            ADD_FAILURE();
+        } catch (const text::RuntimeError& e) {
+            EXPECT_EQ(e.number(), text::kInvalidCall);
+        }
+    }
+    EXPECT_TRUE(p.ops().empty());
+    p.scale(0, 0, 1, 0);
+    EXPECT_THROW(p.line(0, 0, 1, 1), text::RuntimeError);
+}
+
+TEST_F(PictureBoxTest, ResizeKeepsACustomScaleAndFollowsTwipsOtherwise) {
+    p.set_width(4 * 9165);
+    EXPECT_EQ(p.scale_width(), 4 * 9165);
+    p.scale(0, 1, 1000, -1);
+    p.set_width(9165);
+    EXPECT_EQ(p.scale_width(), 1000);
+    EXPECT_DOUBLE_EQ(p.x_to_twips(1000), 9165);
+    p.scale_reset();
+    EXPECT_EQ(p.scale_width(), 9165);
+    EXPECT_EQ(p.scale_top(), 0);
+    p.set_height(1000);
+    EXPECT_EQ(p.scale_height(), 1000);
+}
+
+TEST_F(PictureBoxTest, DrawWidthIsAtLeastOne) {
+    p.set_draw_width(0);
+    EXPECT_EQ(p.draw_width(), 1);
 }
 
 }  // namespace

@@ -41,14 +41,13 @@ std::string save_shot(QWidget& widget, const std::string& name) {
     return path;
 }
 
-bool save_image(const QImage& image, const std::string& name) {
-    return image.save(QString::fromStdString(shots_dir() + "/" + name + ".png"));
-}
-
 void settle() {
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
+namespace {
+
+// Whether the object bound to a control is of the control's kind.
 bool right_kind(const forms::Control& c, QObject* o) {
     switch (c.kind()) {
         case ControlKind::TextBox: return qobject_cast<QLineEdit*>(o) || qobject_cast<QPlainTextEdit*>(o);
@@ -71,7 +70,9 @@ bool right_kind(const forms::Control& c, QObject* o) {
     return false;
 }
 
-void expect_all_bound(const QWidget& view, const forms::Form& model, Visibility visibility) {
+}  // namespace
+
+void expect_all_bound(const QWidget& view, const forms::Form& model) {
     gui::bind::Binder* b = gui::bind::binder_of(&view);
     ASSERT_NE(b, nullptr);
     for (const auto& c : model.controls()) {
@@ -87,10 +88,8 @@ void expect_all_bound(const QWidget& view, const forms::Form& model, Visibility 
         EXPECT_TRUE(right_kind(*c, o)) << model.name() << ": " << c->name() << " is a "
                                        << o->metaObject()->className();
         // A hidden control has a hidden widget; the others can be seen.
-        if (visibility == Visibility::Matched) {
-            if (auto* w = qobject_cast<QWidget*>(o)) {
-                EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
-            }
+        if (auto* w = qobject_cast<QWidget*>(o)) {
+            EXPECT_NE(w->isHidden(), c->visible()) << model.name() << ": " << c->name();
         }
     }
     EXPECT_TRUE(b->unbound().empty());
@@ -156,7 +155,8 @@ void expect_tables_whole(const QWidget& view) {
     }
 }
 
-void SingleViewTest::expect_chart_takes_spare_room() {
+void ViewTest::expect_chart_takes_spare_room() {
+    QWidget* view = opened.back().get();
     const QSize own = view->sizeHint();
     EXPECT_LE(own.width(), 1200);
     EXPECT_LE(own.height(), 780);
@@ -182,6 +182,20 @@ void RecordRoadTest::SetUp() {
     ASSERT_NE(frame, nullptr);
     frame->resize(1360, 900);
     settle();
+}
+
+void RecordRoadTest::choose(const char* action) {
+    QAction* a = frame->findChild<QAction*>(action);
+    ASSERT_NE(a, nullptr) << action;
+    a->trigger();
+    settle();
+}
+
+void RecordRoadTest::open_record() {
+    platform.input_answers = {"1", "1"};
+    platform.file_answers = {x_file, y_file};
+    choose("menu_open");
+    choose("menu_open");
 }
 
 }  // namespace tv::test

@@ -5,14 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QImage>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QStringList>
 #include <QTest>
 #include <QWidget>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -28,23 +25,28 @@
 
 namespace tv::test {
 
+/// The softening curve of the window's tests, in kg and cm: the scan stops at K = 1435, so the
+/// yield point is (1.99, 2855.7214) and Te = 1.022 with Ti = 1.
+inline const char* kSofteningListing =
+    "Pushover curve, case PUSH\n"
+    "Step  Displacement  BaseForce  Hinges\n"
+    " 0  0  0  0\n"
+    " 1  1  1500  0\n"
+    " 2  2  2600  0\n"
+    " 3  3  3000  0\n"
+    " 4  5  3200  0\n"
+    " 5  8  3300  0\n";
+
 /// <build>/gui-screenshots, created on first use.
 std::string shots_dir();
 /// Saves the widget's image under shots_dir() as <name>.png and gives the path.
 std::string save_shot(QWidget& widget, const std::string& name);
-/// Saves an image under shots_dir() as <name>.png; whether it was written.
-bool save_image(const QImage& image, const std::string& name);
 /// Lets queued refreshes, layouts and paints run.
 void settle();
 
-/// Whether the object bound to a control is of the control's kind.
-bool right_kind(const forms::Control& c, QObject* o);
-
-/// Whether expect_all_bound also holds each widget's visibility to its control's.
-enum class Visibility { Ignored, Matched };
-
-/// Every control of the window finds an object of its kind; lines stand on a bound picture.
-void expect_all_bound(const QWidget& view, const forms::Form& model, Visibility visibility = Visibility::Ignored);
+/// Every control of the window finds an object of its kind, hidden when the control is; lines
+/// stand on a bound picture.
+void expect_all_bound(const QWidget& view, const forms::Form& model);
 
 /// A click on the box of a check box or option, where a user aims: a click in the empty room
 /// beside its text is no click.
@@ -63,61 +65,25 @@ void expect_labels_inside_strips(const QWidget& view);
 /// No table of the view cuts a heading or a number: each column is as wide as both.
 void expect_tables_whole(const QWidget& view);
 
-/// Views over their models alone, on the fake platform.
+/// Views over their models alone, on the fake platform; each view opened stays open until the
+/// test ends, and find() and expect_chart_takes_spare_room() look at the last.
 class ViewTest : public ::testing::Test {
 protected:
     ViewTest() : program(platform) { gui::register_views(views); }
 
-    FakePlatform platform;
-    windows::Program program;
-    gui::ViewRegistry views;
-};
-
-/// One view at a time: opening another drops the last.
-class SingleViewTest : public ViewTest {
-protected:
-    ~SingleViewTest() override { view.reset(); }
-
     /// The view of a window model, bound, shown at its own size.
     template <class F>
     QWidget& open() {
-        F& model = program.form<F>();
-        view.reset(views.create(model, program));
-        view->show();
-        settle();
-        return *view;
-    }
-
-    void expect_all_bound(const forms::Form& model, Visibility visibility = Visibility::Ignored) {
-        test::expect_all_bound(*view, model, visibility);
-    }
-
-    template <class W>
-    W* find(const char* name) {
-        return view->findChild<W*>(name);
-    }
-
-    /// The window fits the main frame's document area, and what it is given beyond its own
-    /// size goes to the chart.
-    void expect_chart_takes_spare_room();
-
-    std::unique_ptr<QWidget> view;
-};
-
-/// Several views open at once, reached by their widgets' names.
-class MultiViewTest : public ViewTest {
-protected:
-    ~MultiViewTest() override { opened.clear(); }
-
-    /// The view of a window model, bound and shown at its own size.
-    template <class F>
-    QWidget& open() {
-        F& model = program.form<F>();
-        opened.emplace_back(views.create(model, program));
+        opened.emplace_back(views.create(program.form<F>(), program));
         QWidget& w = *opened.back();
         w.show();
         settle();
         return w;
+    }
+
+    template <class W>
+    W* find(const char* name) {
+        return opened.back()->findChild<W*>(name);
     }
 
     template <class W>
@@ -140,53 +106,25 @@ protected:
         settle();
     }
 
+    /// The window fits the main frame's document area, and what it is given beyond its own
+    /// size goes to the chart.
+    void expect_chart_takes_spare_room();
+
+    FakePlatform platform;
+    windows::Program program;
+    gui::ViewRegistry views;
     std::vector<std::unique_ptr<QWidget>> opened;
 };
 
 /// QtPlatform with every dialog answered from a queue (empty queue: cancel, Ok, Yes).
-class ScriptedPlatform : public gui::QtPlatform {
+class ScriptedPlatform : public Answering<gui::QtPlatform> {
 public:
-    using gui::QtPlatform::QtPlatform;
+    using Answering::Answering;
 
-    std::deque<std::optional<std::string>> inputs;
-    std::deque<std::optional<std::string>> files;
-    std::deque<std::optional<int>> items;
-    std::vector<std::string> prompts;
-    std::vector<std::string> messages;
-    std::vector<std::pair<int, std::string>> runtime_errors;
-
-    forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string&,
-                                 forms::MsgIcon) override {
-        messages.push_back(text);
-        return buttons == forms::MsgButtons::YesNo || buttons == forms::MsgButtons::YesNoCancel
-                   ? forms::MsgResult::Yes
-                   : forms::MsgResult::Ok;
-    }
-    std::optional<std::string> input_box(const std::string& prompt, const std::string&, const std::string&) override {
-        prompts.push_back(prompt);
-        if (inputs.empty()) return std::nullopt;
-        auto a = inputs.front();
-        inputs.pop_front();
-        return a;
-    }
-    std::optional<int> choose_item(const std::string& prompt, const std::string&, const std::vector<std::string>&,
-                                   int preset) override {
-        prompts.push_back(prompt);
-        if (items.empty()) return preset;
-        auto a = items.front();
-        items.pop_front();
-        return a;
-    }
     std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override {
         // A file named on the command line answers as it does on the real platform.
         if (open_answer_pending()) return gui::QtPlatform::file_dialog(request);
-        if (files.empty()) return std::nullopt;
-        auto a = files.front();
-        files.pop_front();
-        return a;
-    }
-    void report_runtime_error(int number, const std::string& description) override {
-        runtime_errors.emplace_back(number, description);
+        return Answering::file_dialog(request);
     }
 };
 
@@ -220,6 +158,10 @@ protected:
 class RecordRoadTest : public RealPlatformTest {
 protected:
     void SetUp() override;
+    /// Chooses an item of the main frame's menus.
+    void choose(const char* action);
+    /// "Open/Add Record" for both files of the record, answering "1" and "1" to the prompts.
+    void open_record();
 
     std::string x_file, y_file;
     QMainWindow* frame = nullptr;

@@ -31,6 +31,45 @@ using forms::MsgButtons;
 using forms::MsgIcon;
 using forms::MsgResult;
 
+class PageForm : public forms::Form {
+public:
+    explicit PageForm(forms::App& app) : forms::Form(app, "PageForm", "Page", 4000, 2000) {
+        pic1.scale(0, 1, 10, -1);
+        for (int i = 0; i < 10; ++i) pic1.line(i, (i % 2) ? 0.8 : -0.8, i + 1, (i % 2) ? -0.8 : 0.8, 0x0000FF);
+        pic1.line(0, 0, 10, 0);
+    }
+    forms::PictureBox& pic1 = picture("pic1", 6000, 3000);
+    forms::Label& Label1 = label("Label1", "Final Results");
+    int unloads = 0;
+    int cancel_next = 0;
+    void Form_Unload(int& cancel) override {
+        ++unloads;
+        cancel = cancel_next;
+    }
+};
+
+// A window with a view of its own, shown without a frame.
+class PageView : public QWidget {
+public:
+    PageView(PageForm& model, forms::App& app) {
+        auto* l = new QVBoxLayout(this);
+        auto* label = new QLabel(this);
+        label->setObjectName("Label1");
+        l->addWidget(label);
+        bind::all(*this, model, app);
+    }
+};
+
+// The platform, with a view for PageForm.
+class QtPlatformTest : public ::testing::Test {
+protected:
+    QtPlatformTest() : platform(views), app(platform) { views.add<PageForm, PageView>("PageForm"); }
+    ~QtPlatformTest() override { platform.release_views(); }
+    ViewRegistry views;
+    QtPlatform platform;
+    forms::App app;
+};
+
 TEST(QtPlatformBoxes, MessageBoxKeepsTitleButtonsAndIcon) {
     auto box = QtPlatform::make_message_box("enter File y", MsgButtons::Ok, "Error", MsgIcon::Critical);
     EXPECT_EQ(box->windowTitle(), "Error");
@@ -63,9 +102,7 @@ TEST(QtPlatformBoxes, RuntimeErrorBox) {
     EXPECT_EQ(box->icon(), QMessageBox::Critical);
 }
 
-TEST(QtPlatformBoxes, MessageBoxRunsAndReturnsTheButtonPressed) {
-    ViewRegistry views;
-    QtPlatform platform(views);
+TEST_F(QtPlatformTest, MessageBoxRunsAndReturnsTheButtonPressed) {
     QTimer::singleShot(0, [] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(box, nullptr);
@@ -74,9 +111,7 @@ TEST(QtPlatformBoxes, MessageBoxRunsAndReturnsTheButtonPressed) {
     EXPECT_EQ(platform.message_box("Overwrite?", MsgButtons::YesNo, "Save", MsgIcon::Question), MsgResult::No);
 }
 
-TEST(QtPlatformBoxes, PickListOffersTheItemsWithThePresetChosen) {
-    ViewRegistry views;
-    QtPlatform platform(views);
+TEST_F(QtPlatformTest, PickListOffersTheItemsWithThePresetChosen) {
     QTimer::singleShot(0, [] {
         auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
@@ -88,9 +123,7 @@ TEST(QtPlatformBoxes, PickListOffersTheItemsWithThePresetChosen) {
     EXPECT_EQ(platform.choose_item("Component for X:", "Components", {"L1 (177°)", "V2", "T3 (267°)"}, 2), 1);
 }
 
-TEST(QtPlatformMisc, BusyPointerIsAStateNotAStack) {
-    ViewRegistry views;
-    QtPlatform platform(views);
+TEST_F(QtPlatformTest, BusyPointerIsAStateNotAStack) {
     platform.set_busy(true);
     platform.set_busy(true);
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
@@ -99,61 +132,35 @@ TEST(QtPlatformMisc, BusyPointerIsAStateNotAStack) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST(QtPlatformMisc, Clipboard) {
-    ViewRegistry views;
-    QtPlatform platform(views);
+TEST_F(QtPlatformTest, Clipboard) {
     platform.set_clipboard_text("T\tSa\r\n0.1\t2.5");
     if (QGuiApplication::clipboard()->text().isEmpty()) GTEST_SKIP() << "no clipboard on this platform";
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "T\tSa\r\n0.1\t2.5");
 }
 
-class PageForm : public forms::Form {
-public:
-    explicit PageForm(forms::App& app) : forms::Form(app, "PageForm", "Page", 4000, 2000) {
-        pic1.scale(0, 1, 10, -1);
-        for (int i = 0; i < 10; ++i) pic1.line(i, (i % 2) ? 0.8 : -0.8, i + 1, (i % 2) ? -0.8 : 0.8, 0x0000FF);
-        pic1.line(0, 0, 10, 0);
-    }
-    forms::PictureBox& pic1 = picture("pic1", 6000, 3000);
-    forms::Label& Label1 = label("Label1", "Final Results");
-    int unloads = 0;
-    int cancel_next = 0;
-    void Form_Unload(int& cancel) override {
-        ++unloads;
-        cancel = cancel_next;
-    }
-};
 
-TEST(QtPlatformPrint, PagesBecomeOnePdfInMemory) {
-    ViewRegistry views;
-    QtPlatform platform(views);
-    forms::App app(platform);
+// The window pages and the desktop's report (polylines and Persian text) through Qt give one
+// sound PDF, a page for each, with every font embedded.
+TEST_F(QtPlatformTest, PagesBecomeOneSoundPdfWithEmbeddedFonts) {
+    windows::ReportComposer c(windows::Paper::letter, {"Ground Motion Report", "a.txt", "2026-11-26", "1.0"},
+                              [&](const std::string& t, const forms::PageFont& f) { return platform.page_text_width(t, f); });
+    c.value("Combination of the components", "\u0646\u0634\u0631\u064a\u0647 360");
+    c.plot({"Spectra", "Period (s)", "Sa (g)", {{"Average", 0x1F5FBF, {0, 1, 2}, {0.5, 1.2, 0.4}, false}}});
+    std::vector<forms::Page> pages = c.finish();
     windows::PageContent content;
     content.title = "Pushover";
     content.picture = &app.form<PageForm>().pic1;
     content.heading = "Final Results";
     content.lines = {"Pushover Area :  12.5", "K-Effective : 3.1"};
     const forms::Page page = windows::compose_page(content, platform);
+    pages.insert(pages.end(), {page, page});
     std::string pdf, reason;
-    ASSERT_TRUE(platform.render_pdf({page, page}, pdf, reason)) << reason;
+    ASSERT_TRUE(platform.render_pdf(pages, pdf, reason)) << reason;
     EXPECT_EQ(pdf.rfind("%PDF-", 0), 0u);
-    int pages = 0;
+    std::size_t count = 0;
     for (std::size_t at = pdf.find("/Type /Page"); at != std::string::npos; at = pdf.find("/Type /Page", at + 1))
-        pages += pdf.compare(at, 12, "/Type /Pages") != 0;
-    EXPECT_EQ(pages, 2);
-}
-
-// The desktop's report: polylines and Persian text through Qt give a sound PDF with every font
-// embedded.
-TEST(QtPlatformPrint, ReportPagesAreASoundPdfWithEmbeddedFonts) {
-    ViewRegistry views;
-    QtPlatform platform(views);
-    windows::ReportComposer c(windows::Paper::letter, {"Ground Motion Report", "a.txt", "2026-11-26", "1.0"},
-                              [&](const std::string& t, const forms::PageFont& f) { return platform.page_text_width(t, f); });
-    c.value("Combination of the components", "\u0646\u0634\u0631\u064a\u0647 360");
-    c.plot({"Spectra", "Period (s)", "Sa (g)", {{"Average", 0x1F5FBF, {0, 1, 2}, {0.5, 1.2, 0.4}, false}}});
-    std::string pdf, reason;
-    ASSERT_TRUE(platform.render_pdf(c.finish(), pdf, reason)) << reason;
+        count += pdf.compare(at, 12, "/Type /Pages") != 0;
+    EXPECT_EQ(count, pages.size());
     const std::string path = QDir::temp().filePath("tv_qt_report.pdf").toStdString();
     ASSERT_TRUE(compute::write_file(path, pdf).ok());
     EXPECT_EQ(std::system(("qpdf --check '" + path + "' >/dev/null").c_str()), 0);
@@ -162,28 +169,7 @@ TEST(QtPlatformPrint, ReportPagesAreASoundPdfWithEmbeddedFonts) {
     std::remove(path.c_str());
 }
 
-// A window with a view of its own, shown without a frame.
-class PageView : public QWidget {
-public:
-    PageView(PageForm& model, forms::App& app) {
-        auto* l = new QVBoxLayout(this);
-        auto* label = new QLabel(this);
-        label->setObjectName("Label1");
-        l->addWidget(label);
-        bind::all(*this, model, app);
-    }
-};
-
-class QtPlatformWindows : public ::testing::Test {
-protected:
-    QtPlatformWindows() : platform(views), app(platform) { views.add<PageForm, PageView>("PageForm"); }
-    ~QtPlatformWindows() override { platform.release_views(); }
-    ViewRegistry views;
-    QtPlatform platform;
-    forms::App app;
-};
-
-TEST_F(QtPlatformWindows, CaptionAndVisibilityFollowTheModel) {
+TEST_F(QtPlatformTest, CaptionAndVisibilityFollowTheModel) {
     PageForm& form = app.form<PageForm>();
     form.show();
     QWidget* window = platform.window_of(form);
@@ -199,7 +185,7 @@ TEST_F(QtPlatformWindows, CaptionAndVisibilityFollowTheModel) {
     EXPECT_EQ(platform.window_of(form), window);  // the same view again
 }
 
-TEST_F(QtPlatformWindows, ClosingIsAnUnloadTheWindowMayRefuse) {
+TEST_F(QtPlatformTest, ClosingIsAnUnloadTheWindowMayRefuse) {
     PageForm& form = app.form<PageForm>();
     form.show();
     QPointer<QWidget> window = platform.window_of(form);
@@ -216,7 +202,7 @@ TEST_F(QtPlatformWindows, ClosingIsAnUnloadTheWindowMayRefuse) {
     EXPECT_TRUE(window.isNull());
 }
 
-TEST_F(QtPlatformWindows, ModalShowWaitsUntilTheWindowGoes) {
+TEST_F(QtPlatformTest, ModalShowWaitsUntilTheWindowGoes) {
     PageForm& form = app.form<PageForm>();
     bool waited = false;
     QTimer::singleShot(20, [&] {
@@ -228,7 +214,7 @@ TEST_F(QtPlatformWindows, ModalShowWaitsUntilTheWindowGoes) {
     EXPECT_FALSE(app.is_loaded<PageForm>());
 }
 
-TEST_F(QtPlatformWindows, WindowWithoutAViewIsIgnored) {
+TEST_F(QtPlatformTest, WindowWithoutAViewIsIgnored) {
     class Bare : public forms::Form {
     public:
         explicit Bare(forms::App& a) : forms::Form(a, "Bare", "Bare") {}

@@ -1,8 +1,10 @@
-// Each window's view: every control of the model has a widget of its kind, and the views
-// look as they should (screenshots under <build>/gui-screenshots).
+// Each window's view: every control of the model has a widget of its kind, the views look as
+// they should (screenshots under <build>/gui-screenshots), charts take the room they are given,
+// busy panels cover them, the Persian texts run right to left.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,6 +15,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -21,16 +24,13 @@
 #include <QSlider>
 #include <QTableView>
 #include <QTest>
-#include <memory>
+#include <QTextLayout>
 
-#include "gui/bind/binder.h"
 #include "gui/bind/mnemonics.h"
+#include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
-#include "gui/platform/view_registry.h"
-#include "gui/views.h"
 #include "gui_fixture.h"
-#include "support/fake_platform.h"
-#include "windows/program.h"
+#include "support/files.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/diagram_window.h"
@@ -52,16 +52,28 @@
 namespace tv::gui {
 namespace {
 
-using ViewsTest = test::SingleViewTest;
+using ViewsTest = test::ViewTest;
+using test::tick;
 
-TEST_F(ViewsTest, RegisteredWindows) {
-    for (const char* name : {"frmMain", "xhelp", "Form1", "Form14"}) EXPECT_TRUE(views.has(name)) << name;
+/// Whether every character of `text` finds a glyph in the font `widget` paints with, fallbacks
+/// included.
+bool all_glyphs_found(const QString& text, const QWidget& widget) {
+    QTextLayout layout(text, widget.font());
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    int glyphs = 0;
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        for (quint32 g : run.glyphIndexes()) {
+            if (g == 0) return false;
+            ++glyphs;
+        }
+    }
+    return glyphs > 0;
 }
 
 TEST_F(ViewsTest, MainFrame) {
-    auto& frame = program.form<windows::frmMain>();
     auto& w = open<windows::frmMain>();
-    expect_all_bound(frame);
     auto* main = qobject_cast<QMainWindow*>(&w);
     ASSERT_NE(main, nullptr);
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
@@ -82,15 +94,20 @@ TEST_F(ViewsTest, MainFrame) {
                                     "Open &Project...", "&Save Project", "Save Project &As...",
                                     "Recent Pro&jects", "-", "&Exit"}));
     main->resize(900, 560);
-    test::save_shot(w, "frmMain");
+    test::save_shot(w, "frmMain_900x560");
 }
 
-// Every box a user types into or picks from says what it is and its unit; every button, tick,
-// option and menu item answers Alt.
-TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
+// Every window's view: each control finds a widget of its kind, hidden where its control is;
+// the view fits a small screen; every box a user types into or picks from says what it is and
+// its unit; every button, tick, option and menu item answers Alt. A picture of each goes under
+// <build>/gui-screenshots.
+TEST_F(ViewsTest, EveryWindowIsBoundFitsAndAnswersAlt) {
     auto check = [this]<class F>() {
         QWidget& w = open<F>();
-        const std::string window = program.form<F>().name();
+        const forms::Form& model = program.form<F>();
+        const std::string window = model.name();
+        test::expect_all_bound(w, model);
+        test::expect_fits_work_area(w);
         for (QWidget* box : w.findChildren<QWidget*>()) {
             const bool input = (qobject_cast<QLineEdit*>(box) && !qobject_cast<QComboBox*>(box->parentWidget())) ||
                                qobject_cast<QComboBox*>(box) || qobject_cast<QPlainTextEdit*>(box);
@@ -107,6 +124,7 @@ TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
             if (!c.isEmpty()) {
                 EXPECT_FALSE(bind::mnemonic_of(c).isNull()) << window << ": " << c.toStdString();
             }
+        test::save_shot(w, window);
     };
     check.operator()<windows::frmMain>();
     check.operator()<windows::xhelp>();
@@ -128,55 +146,244 @@ TEST_F(ViewsTest, EveryInputHasATipAndEveryButtonAndMenuAKey) {
     check.operator()<windows::frmCurveCapacity>();
 }
 
-TEST_F(ViewsTest, About) {
-    auto& about = program.form<windows::xhelp>();
-    auto& w = open<windows::xhelp>();
-    expect_all_bound(about);
-    auto* version = w.findChild<QLabel*>("lblVersion");
+TEST_F(ViewsTest, AboutShowsTheVersion) {
+    open<windows::xhelp>();
+    auto* version = find<QLabel>("lblVersion");
     ASSERT_NE(version, nullptr);
     EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
-    test::save_shot(w, "xhelp");
 }
 
-TEST_F(ViewsTest, Inputs) {
-    auto& inputs = program.form<windows::Form14>();
-    auto& w = open<windows::Form14>();
-    expect_all_bound(inputs);
-    auto* box = w.findChild<QLineEdit*>("Xfline");
-    ASSERT_NE(box, nullptr);
-    box->setFocus();
-    QTest::keyClicks(box, "5");
-    EXPECT_EQ(inputs.Xfline.text(), "5");
-    test::save_shot(w, "Form14");
-}
-
-TEST_F(ViewsTest, RecordInput) {
-    auto& f1 = program.form<windows::Form1>();
-    auto& w = open<windows::Form1>();
-    expect_all_bound(f1);
-    // Only record 1's tables at first.
-    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(w.findChild<QTableView*>(shown)->isHidden()) << shown;
+// Only record 1's tables show at first; the record's plot sits in its viewport, at the
+// viewport's size, until Show Diagram widens it.
+TEST_F(ViewsTest, RecordInputAtLoad) {
+    open<windows::Form1>();
+    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(find<QTableView>(shown)->isHidden()) << shown;
     for (const char* hidden : {"Grid3", "grid4", "grid5", "grid6"})
-        EXPECT_TRUE(w.findChild<QTableView*>(hidden)->isHidden()) << hidden;
-
-    // Typing and clicking reach the model.
-    auto* step = w.findChild<QLineEdit*>("xstep");
-    step->selectAll();
-    QTest::keyClicks(step, "0.02");
-    EXPECT_EQ(f1.xstep.text(), "0.02");
-    QTest::mouseClick(w.findChild<QRadioButton*>("Option2"), Qt::LeftButton);
-    EXPECT_TRUE(f1.Option2.value());
-    EXPECT_FALSE(f1.Option1.value());
-    // Show Diagram before the Y file: the window's own message.
-    QTest::mouseClick(w.findChild<QPushButton*>("Command2"), Qt::LeftButton);
-    ASSERT_FALSE(platform.messages.empty());
-    EXPECT_EQ(platform.messages.back().text, "enter File y");
-    // The plot sits in its viewport, the strips beside and below it.
-    auto* viewport = w.findChild<PictureView*>("picNemodar1");
-    auto* plot = w.findChild<PictureView*>("picNemodar");
+        EXPECT_TRUE(find<QTableView>(hidden)->isHidden()) << hidden;
+    auto* viewport = find<PictureView>("picNemodar1");
+    auto* plot = find<PictureView>("picNemodar");
     EXPECT_EQ(plot->parentWidget(), viewport);
     EXPECT_EQ(plot->size(), viewport->size());
-    test::save_shot(w, "Form1_empty");
+}
+
+TEST_F(ViewsTest, DesignSpectrumFromFileScrollBarAndChart) {
+    auto& f2 = program.form<windows::Form2>();
+    auto& w = open<windows::Form2>();
+    // "From File" greys the options out, and back.
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_EQ(f2.Check1.value(), 1);
+    EXPECT_FALSE(find<QGroupBox>("Frame2")->isEnabled());
+    EXPECT_FALSE(find<QRadioButton>("Option3")->isEnabled());
+    EXPECT_TRUE(find<QPushButton>("Command3")->isEnabled());
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_TRUE(find<QRadioButton>("Option3")->isEnabled());
+    // The scroll bar stands under the plot's viewport, no wider.
+    auto* viewport = find<PictureView>("picNemodar1");
+    auto* scroll = find<QScrollBar>("HScroll1");
+    EXPECT_EQ(scroll->width(), viewport->width());
+    EXPECT_EQ(scroll->mapTo(&w, QPoint()).x(), viewport->mapTo(&w, QPoint()).x());
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(ViewsTest, ResponseSpectrumBusyPanel) {
+    auto& f3 = program.form<windows::Form3>();
+    auto& w = open<windows::Form3>();
+    // The progress panel lies over the chart, hiding it, and leaves the buttons free.
+    auto* panel = find<QGroupBox>("Picbar");
+    auto* card = find<QWidget>("chartPanel");
+    EXPECT_TRUE(panel->isHidden());
+    f3.Picbar.set_visible(true);
+    f3.pbar.set_max(10);
+    f3.pbar.set_value(4);
+    test::settle();
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(panel->parentWidget(), card);
+    EXPECT_EQ(panel->geometry(), card->contentsRect());
+    EXPECT_EQ(find<QProgressBar>("pbar")->value(), 400);
+    test::save_shot(w, "Form3_busy");
+    f3.Picbar.set_visible(false);
+    EXPECT_TRUE(panel->isHidden());
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(ViewsTest, ComparisonPersianCaptionAndColours) {
+    auto& w = open<windows::Form4>();
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.17");
+
+    // The Persian caption reads right to left, its box at its right end, and every letter has a
+    // glyph to show.
+    auto* rule = find<QCheckBox>("Check2");
+    EXPECT_EQ(rule->text(), QString::fromUtf8("\u0646\u0634\u0631\u064a\u0647 &360"));
+    EXPECT_TRUE(rule->text().isRightToLeft());
+    EXPECT_EQ(rule->layoutDirection(), Qt::RightToLeft);
+    EXPECT_TRUE(all_glyphs_found(rule->text(), *rule));
+    tick(rule);
+    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.3");
+
+    // The read-outs wear the colours of their marker lines.
+    auto* red = find<QLabel>("LabelRed");
+    auto* blue = find<QLabel>("LabelBlue");
+    EXPECT_EQ(red->palette().color(red->foregroundRole()), QColor(255, 0, 0));
+    EXPECT_EQ(blue->palette().color(blue->foregroundRole()), QColor(0, 0, 255));
+    test::save_shot(w, "Form4_view");
+    expect_chart_takes_spare_room();
+}
+
+// The response spectrum chart's legend names the RotD curves that were calculated, and only then.
+TEST_F(ViewsTest, RotDLegendShowsOnlyTheCalculatedCurves) {
+    auto& f3 = program.form<windows::Form3>();
+    open<windows::Form3>();
+    auto* legend = find<QLabel>("chartLegend");
+    ASSERT_NE(legend, nullptr);
+    EXPECT_TRUE(legend->isHidden());
+    f3.rotd50Calculated = true;
+    find<PictureView>("picNemodar")->repaint();
+    test::settle();
+    EXPECT_FALSE(legend->isHidden());
+    EXPECT_TRUE(legend->text().contains("RotD50"));
+    EXPECT_FALSE(legend->text().contains("RotD100"));
+}
+
+TEST_F(ViewsTest, FourierOmegaCountAndChart) {
+    auto& f12 = program.form<windows::Form12>();
+    open<windows::Form12>();
+
+    // "No. Omega=" opens the count and Find Omega.
+    f12.Check1.set_enabled(true);
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_TRUE(find<QLineEdit>("Text8")->isEnabled());
+    EXPECT_TRUE(find<QPushButton>("Command5")->isEnabled());
+    tick(find<QCheckBox>("Check1"));
+    EXPECT_FALSE(find<QLineEdit>("Text8")->isEnabled());
+
+    // The checkbox stands in the caption column, right-aligned like the captions below it.
+    auto* box = find<QCheckBox>("Check1");
+    auto* caption = find<QLabel>("captionText9");
+    EXPECT_LE(std::abs(box->geometry().right() - caption->geometry().right()), 2);
+    expect_chart_takes_spare_room();
+}
+
+TEST_F(ViewsTest, MeasuresPreviewWithProcessingOffSaysSo) {
+    open<windows::MeasuresWindow>();
+    EXPECT_EQ(find<QComboBox>("FilterKind")->count(), 4);
+    // Processing off: Preview says so instead of processing.
+    QTest::mouseClick(find<QPushButton>("Preview"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(find<QLabel>("Message")->text().startsWith("Processing is off"));
+    EXPECT_FALSE(find<QPushButton>("Undo")->isEnabled());
+}
+
+// The capacity spectrum wizard and its diagram: the popup of the calculation table waits out of
+// sight, and the shipped sample runs through the wizard's pages by the widgets.
+TEST_F(ViewsTest, CapacityWizardAtLoad) {
+    windows::Form9& f9 = program.form<windows::Form9>();
+    QWidget& w = open<windows::Form9>();
+    // A key on the unit's list reaches the model.
+    auto& unit = child<QComboBox>(w, "Combo1");
+    unit.setFocus();
+    QTest::keyClick(&unit, Qt::Key_Down);
+    test::settle();
+    EXPECT_EQ(f9.Combo1.list_index(), 1);
+    // The popup menu is the model's, kept out of sight until asked for.
+    auto& popup = child<QMenu>(w, "menu_file");
+    EXPECT_FALSE(popup.isVisible());
+    ASSERT_EQ(popup.actions().size(), 1);
+}
+
+TEST_F(ViewsTest, CapacityDiagramOfTheSample) {
+    platform.printer_names = {"Office Laser"};
+    // The sample read, its demand spectrum made and swept on the last page, then Next: the diagram.
+    QWidget& wizard = open<windows::Form9>();
+    type_into(wizard, "Text1", QStringLiteral(TV_SOURCE_DIR "/samples/capacity_sample.txt"));
+    for (const char* button : {"Command2", "Command3", "Command6", "Command7", "Command3", "Command9", "Command3"})
+        click(wizard, button);
+    ASSERT_TRUE(program.is_loaded<windows::Form10>());
+    windows::Form10& f10 = program.form<windows::Form10>();
+    QWidget& w = open<windows::Form10>();
+    EXPECT_EQ(child<QComboBox>(w, "xprinter").currentText(), "Office Laser");
+    // The pointer over the plot gives the read-out.
+    auto& plot = child<PictureView>(w, "picNemodar");
+    QMouseEvent move(QEvent::MouseMove, QPointF(200, 100), plot.mapToGlobal(QPointF(200, 100)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&plot, &move);
+    test::settle();
+    EXPECT_TRUE(child<QLabel>(w, "Label1").text().startsWith("X: ")) << child<QLabel>(w, "Label1").text().toStdString();
+    test::expect_labels_inside_strips(w);
+    test::save_shot(w, "Form10");
+    // A wider X scale opens the scroll bar.
+    child<QSlider>(w, "Slider1").setValue(3);
+    test::settle();
+    EXPECT_EQ(child<QLabel>(w, "Label6").text().toStdString(), f10.chart.Label6.caption());
+    EXPECT_TRUE(child<QLabel>(w, "Label6").text().endsWith("3X"));
+    EXPECT_TRUE(child<QScrollBar>(w, "HScroll1").isEnabled());
+}
+
+// "Calculate SA": From File greys the code spectrum's settings and opens Browse.
+TEST_F(ViewsTest, SaWindowFromFileAndCalculate) {
+    windows::Form11& f11 = program.form<windows::Form11>();
+    QWidget& w = open<windows::Form11>();
+    EXPECT_EQ(child<QGroupBox>(w, "Frisk").title(), "Hazard");
+    EXPECT_FALSE(child<QPushButton>(w, "Command4").isEnabled());
+    EXPECT_FALSE(child<QPushButton>(w, "Command7").isEnabled());
+    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(child<QPushButton>(w, "Command4").isEnabled());
+    EXPECT_FALSE(child<QGroupBox>(w, "fsoil").isEnabled());
+    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
+    test::settle();
+    EXPECT_TRUE(child<QGroupBox>(w, "fsoil").isEnabled());
+    QTest::mouseClick(&child<QRadioButton>(w, "Option3"), Qt::LeftButton);
+    click(w, "Command6");
+    EXPECT_TRUE(platform.runtime_errors.empty());
+    EXPECT_TRUE(f11.demand.Option3.value());
+    EXPECT_FALSE(f11.demand.Option1.value());
+}
+
+// The coefficient method's views: the worked curve is fitted and handed on through the widgets.
+TEST_F(ViewsTest, TEffectiveWindowAtLoad) {
+    windows::Form6& f6 = program.form<windows::Form6>();
+    QWidget& w = open<windows::Form6>();
+    EXPECT_EQ(w.windowTitle(), "Calculate T-Effective");
+    // The diagram and its strips stand inside the printed area, at the model's size.
+    auto& area = child<PictureView>(w, "Picture1");
+    for (const char* part : {"picDiagram", "xBar", "yBar"}) {
+        auto& p = child<PictureView>(w, part);
+        EXPECT_EQ(p.parentWidget(), &area) << part;
+        EXPECT_TRUE(test::inside(p, area)) << part;
+    }
+    EXPECT_EQ(area.width(), twips_to_px(f6.Picture1.width(), &area));
+    EXPECT_EQ(area.height(), twips_to_px(f6.Picture1.height(), &area));
+
+    // "Excel table" shows the sample sheet, its picture inside its frame.
+    click(w, "Command7");
+    EXPECT_FALSE(child<QGroupBox>(w, "Frame2").isHidden());
+    EXPECT_TRUE(test::inside(child<PictureView>(w, "Picture2"), child<QGroupBox>(w, "Frame2")));
+    test::save_shot(w, "Form6_sample_sheet");
+}
+
+TEST_F(ViewsTest, TheMethodsSideBySideOpenFromTheFittedCurve) {
+    // The worked curve read by Start and its yield point found by Auto Yeld Point.
+    test::TempDir scratch;
+    QWidget& v6 = open<windows::Form6>();
+    type_into(v6, "Text1", QString::fromStdString(scratch.write("curve.txt", test::kSofteningListing)));
+    for (const char* button : {"Command2", "Command3", "cmdNsp"}) click(v6, button);
+    windows::NspWindow& model = program.form<windows::NspWindow>();
+    EXPECT_TRUE(model.visible());
+    QWidget& w = open<windows::NspWindow>();
+    EXPECT_EQ(child<QLineEdit>(w, "txtTe").text().toStdString(), model.txtTe.text());
+    // Form8 is not open: the weight is typed here, and the table fills.
+    type_into(w, "txtW", "10000");
+    click(w, "cmdCalculate");
+    // A value's cell shows its number and, under the pointer, its clause.
+    const QAbstractItemModel& table = *child<QTableView>(w, "grdMethods").model();
+    const forms::Grid& g = model.grdMethods;
+    int row = 1;
+    while (row < g.rows() && g.cell_tool_tip(row, 2).empty()) ++row;
+    ASSERT_LT(row, g.rows());
+    const QModelIndex cell = table.index(row - 1, 2);
+    EXPECT_EQ(table.data(cell).toString().toStdString(), g.text(row, 2));
+    EXPECT_EQ(table.data(cell, Qt::ToolTipRole).toString().toStdString(), g.cell_tool_tip(row, 2));
+    test::save_shot(w, "frmNsp");
 }
 
 }  // namespace

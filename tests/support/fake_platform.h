@@ -21,8 +21,15 @@ struct Message {
     forms::MsgIcon icon;
 };
 
-class FakePlatform : public forms::Platform {
+/// The answer of a box nobody answered: Yes to a question, Abort or Retry where those are offered.
+forms::MsgResult answer_to(forms::MsgButtons buttons);
+
+/// Dialogs answered from queues, and a record of what was asked, over any platform.
+template <class Base>
+class Answering : public Base {
 public:
+    using Base::Base;
+
     // Answers, taken from the front; an empty queue answers Ok / Yes, cancels input and dialogs.
     std::deque<forms::MsgResult> message_answers;
     std::deque<std::optional<std::string>> input_answers;
@@ -36,10 +43,52 @@ public:
     std::vector<std::vector<std::string>> choices;
     std::vector<forms::FileDialogRequest> file_requests;
     std::vector<std::pair<int, std::string>> runtime_errors;
+
+    forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
+                                 forms::MsgIcon icon) override {
+        messages.push_back({text, buttons, title, icon});
+        return next(message_answers, answer_to(buttons));
+    }
+    std::optional<std::string> input_box(const std::string& prompt, const std::string&, const std::string&) override {
+        prompts.push_back(prompt);
+        return next(input_answers, std::optional<std::string>());
+    }
+    std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override {
+        file_requests.push_back(request);
+        return next(file_answers, std::optional<std::string>());
+    }
+    /// Records the prompt and the items (in `prompts` and `choices`).
+    std::optional<int> choose_item(const std::string& prompt, const std::string&, const std::vector<std::string>& items,
+                                   int preset) override {
+        prompts.push_back(prompt);
+        choices.push_back(items);
+        return next(choice_answers, std::optional<int>(preset));
+    }
+    void report_runtime_error(int number, const std::string& description) override {
+        runtime_errors.emplace_back(number, description);
+    }
+
+    /// The texts of the message boxes shown so far.
+    std::vector<std::string> message_texts() const {
+        std::vector<std::string> out;
+        for (const auto& m : messages) out.push_back(m.text);
+        return out;
+    }
+
+private:
+    template <class T>
+    static T next(std::deque<T>& answers, T otherwise) {
+        if (answers.empty()) return otherwise;
+        T a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+};
+
+class FakePlatform : public Answering<forms::Platform> {
+public:
     std::string clipboard;
     std::vector<Printed> printed;
-    /// The pages of every PDF made; the PDF itself is a short stand-in text.
-    std::vector<std::vector<forms::Page>> pdfs;
     /// The next PDF fails, as a broken stream would.
     bool pdf_fails = false;
     std::vector<std::string> printer_names;
@@ -48,18 +97,11 @@ public:
     bool program_ended = false;
     std::vector<std::string> shown, hidden, unloaded;
 
-    forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
-                                 forms::MsgIcon icon) override;
-    std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
-                                         const std::string& default_text) override;
-    std::optional<std::string> file_dialog(const forms::FileDialogRequest& request) override;
-    /// Records the prompt and the items (in `prompts` and `choices`).
-    std::optional<int> choose_item(const std::string& prompt, const std::string& title,
-                                   const std::vector<std::string>& items, int preset) override;
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     std::vector<std::string> printers() override { return printer_names; }
     std::string current_printer() override { return printer_names.empty() ? std::string() : printer_names.front(); }
     bool print(const forms::Page& page, const std::string& printer) override;
+    /// The PDF is a short stand-in text.
     bool render_pdf(const std::vector<forms::Page>& pages, std::string& bytes, std::string& reason) override;
     void set_busy(bool b) override { busy = b; }
     void do_events() override { ++do_events_calls; }
@@ -67,12 +109,6 @@ public:
     void hide_form(forms::Form& form) override;
     void unload_form(forms::Form& form) override;
     void end_program() override { program_ended = true; }
-    void report_runtime_error(int number, const std::string& description) override {
-        runtime_errors.emplace_back(number, description);
-    }
-
-    /// The texts of the message boxes shown so far.
-    std::vector<std::string> message_texts() const;
 };
 
 /// The texts of a page in the order they are drawn; its lines come last.

@@ -1,12 +1,18 @@
-// tremorvault-cli --report: each road's report on real data is a sound PDF (qpdf), with every
-// font embedded (pdffonts), holding the values the run printed (pdftotext).
+// tremorvault-cli as a user runs it: --report gives each road's report on real data as a sound
+// PDF (qpdf), with every font embedded (pdffonts), holding the values the run printed
+// (pdftotext); --report-pdf gives the windows' printed pages; the manual page names every
+// command and option.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
 
 #include "cli_run.h"
+#include "support/files.h"
 
 namespace tv::test {
 namespace {
@@ -28,14 +34,11 @@ class ReportCliTest : public ::testing::Test {
 protected:
     void SetUp() override {
         if (!fs::exists(TV_DATA_DIR)) GTEST_SKIP() << "the real input files are not at " << TV_DATA_DIR;
-        dir = fs::temp_directory_path() / ("tv_report_cli_" + std::to_string(::getpid()));
-        fs::create_directories(dir);
     }
-    void TearDown() override { fs::remove_all(dir); }
 
     // Runs the command with --report and checks the file; gives its text.
     std::string report(std::vector<std::string> args, const std::string& size = "595.28 x 841.89") {
-        const std::string pdf = (dir / "report.pdf").string();
+        const std::string pdf = dir.file("report.pdf");
         args.insert(args.begin() + 1, {"--report", pdf});
         const CliResult r = run_cli(args);
         EXPECT_EQ(r.status, 0) << r.err;
@@ -57,7 +60,7 @@ protected:
         return printed.substr(from, printed.find('\n', from) - from);
     }
 
-    fs::path dir;
+    TempDir dir;
     std::string printed;
     const std::string data = TV_DATA_DIR;
 };
@@ -87,6 +90,64 @@ TEST_F(ReportCliTest, CapacityReportOnLetterHoldsBeffSraSrv) {
     for (const char* key : {"target displacement", "SRA", "SRV", "Beff"})
         EXPECT_NE(text.find(value(key)), std::string::npos) << key;
     EXPECT_EQ(run_cli({"capacity", "--paper", "a3", data + "/capacity/capacity_spectrum.txt"}).status, 2);
+}
+
+// --report-pdf: the windows' printed pages in one PDF file, a page for each printed window, and
+// a refused target named in the error. The printed values are the golden cases'.
+const std::string kInputs = TV_SOURCE_DIR "/tests/golden/inputs/";
+
+int pages_in(const std::filesystem::path& p) {
+    const std::string pdf = slurp(p);
+    EXPECT_EQ(pdf.rfind("%PDF-", 0), 0u);
+    int n = 0;
+    for (std::size_t at = pdf.find("/Type /Page"); at != std::string::npos; at = pdf.find("/Type /Page", at + 1))
+        n += pdf.compare(at, 12, "/Type /Pages") != 0;
+    return n;
+}
+
+TEST(ReportPdfCli, ThePrintedPagesGoToAPdfFile) {
+    TempDir dir;
+    const std::string curve = kInputs + "softening_curve.txt";
+    CliResult r = run_cli({"coefficient", "--report-pdf", dir.file("one.pdf"), curve});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(pages_in(dir.file("one.pdf")), 1);
+    r = run_cli({"coefficient", "--weight", "10000", "--stories", "3", "--sa", "0.5", "--report-pdf",
+                 dir.file("two.pdf"), curve});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(pages_in(dir.file("two.pdf")), 2);
+    r = run_cli({"capacity", "--report-pdf", dir.file("diagram.pdf"), kInputs + "smooth_capacity.txt"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(pages_in(dir.file("diagram.pdf")), 1);
+    // Nothing is left beside the targets.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 3);
+
+    r = run_cli({"coefficient", "--report-pdf", "/nonexistent/dir/r.pdf", curve});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find("/nonexistent/dir/r.pdf"), std::string::npos);
+}
+
+// The manual page is made from the help at build time: it must hold every command and option.
+TEST(CliTest, ManualPageHoldsEveryCommandAndOption) {
+    std::ifstream in(TV_BINARY_DIR "/packaging/tremorvault-cli.1");
+    ASSERT_TRUE(in) << "manual page not built";
+    const std::string page{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    auto roff = [](std::string s) {
+        for (std::size_t i = 0; (i = s.find('-', i)) != std::string::npos; i += 2) s.insert(i, "\\");
+        return s;
+    };
+    const std::string version = run_cli({"--version"}).out;
+    EXPECT_NE(page.find('"' + version.substr(0, version.find('\n')) + '"'), std::string::npos);  // in its title line
+    const std::string usage = run_cli({"--help"}).out;
+    const std::regex command("\n  ([a-z]+)  "), option("--[a-z0-9-]+");
+    int commands = 0;
+    for (std::sregex_iterator c(usage.begin(), usage.end(), command), end; c != end; ++c, ++commands) {
+        const std::string name = (*c)[1];
+        EXPECT_NE(page.find(".SS " + name + "\n"), std::string::npos) << name;
+        const std::string help = run_cli({name, "--help"}).out;
+        for (std::sregex_iterator o(help.begin(), help.end(), option); o != end; ++o)
+            EXPECT_NE(page.find(roff(o->str())), std::string::npos) << name << ' ' << o->str();
+    }
+    EXPECT_GT(commands, 0);
 }
 
 }  // namespace
