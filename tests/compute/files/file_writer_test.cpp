@@ -196,9 +196,7 @@ TEST(TextFileTest, LinesEndAtLfCrLfOrALoneCr) {
     EXPECT_EQ(missing.error, 53);
     EXPECT_NE(missing.description.find("/nonexistent/tv/file.txt"), std::string::npos);
     EXPECT_EQ(missing.reason, "No such file or directory");
-    TextFile folder = read_text_file(std::filesystem::temp_directory_path().string());
-    EXPECT_EQ(folder.error, 75);
-    EXPECT_EQ(folder.reason, "Is a directory");
+    // A folder, a device, a pipe, a link loop and a file too large: UnreadableInputs.
 }
 
 }  // namespace
