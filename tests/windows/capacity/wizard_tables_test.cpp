@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "capacity_fixture.h"
 #include "compute/capacity/capacity_reader.h"
 #include "compute/files/text_file.h"
@@ -194,27 +196,13 @@ TEST(InputTeffFromCapacity, CopiesFromTheSkippedRowsAndLeavesColumnOne) {
 TextTable swept_table() {
     TextTable Fg3(6, kCount);
     header(Fg3);
-    const char* d[] = {"1.0000", "2.0000", "3.0000"};
-    const char* a[] = {"0.5000", "0.8000", "0.9000"};
-    for (long i = 1; i <= 3; ++i) {
-        Fg3.set_text(i, kSdpi, d[i - 1]);
-        Fg3.set_text(i, kSapi, a[i - 1]);
-        Fg3.set_text(i, kSdReduce, "2.5000");
-        Fg3.set_text(i, kSaReduce, "0.7000");
+    const std::string path = std::string(TV_SOURCE_DIR) + "/tests/golden/inputs/swept_table.txt";
+    for (const std::string& line : test::lines_of(path)) {
+        std::istringstream cell(line);
+        long r = 0, c = 0;
+        std::string text;
+        if (!line.starts_with('#') && cell >> r >> c >> text) Fg3.set_text(r, c, text);
     }
-    Fg3.set_text(1, kBilinearD, "0");
-    Fg3.set_text(1, kBilinearA, "0");
-    Fg3.set_text(2, kBilinearD, "1.5000");
-    Fg3.set_text(2, kBilinearA, "0.7500");
-    Fg3.set_text(3, kBilinearD, "2.4000");
-    Fg3.set_text(3, kBilinearA, "0.8400");
-    for (long j = 1; j <= 4; ++j) {
-        Fg3.set_text(j, kSdDemand, j == 1 ? "0" : "1.5000");
-        Fg3.set_text(j, kSaDemand, j == 2 ? "1.2500" : "1.0000");
-        Fg3.set_text(j, kSdReDemand, "0");
-        Fg3.set_text(j, kSaReDemand, "0");
-    }
-    Fg3.set_text(2, kTarget, "3.0000");
     return Fg3;
 }
 
