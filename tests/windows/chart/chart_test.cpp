@@ -103,25 +103,7 @@ TEST_F(ChartTest, ControlsStandUnderTheirNames) {
     EXPECT_EQ(RecordWindow(program, spectrum_options()).find("Label7")->name(), "Label7");
 }
 
-TEST_F(ChartTest, SliderWidensThePlotAndOpensTheScrollBar) {
-    RecordWindow w(program, record_options());
-    w.curMaxX = 1.5;
-    w.record = wave(3500);
-    w.chart.plot(w.record, 0.005, true);
-
-    w.chart.Slider1.set_value(4);
-    EXPECT_EQ(w.replots, 1);
-    EXPECT_EQ(w.chart.picNemodar.width(), 36660);
-    // "X Axis Scale :4X", the scroll bar on to 275; 17.5 s on 36660 twips: every second labelled.
-    expect_state(dump(w), "chart_slider_4");
-
-    w.chart.Slider1.set_value(1);
-    EXPECT_EQ(w.chart.picNemodar.width(), 9165);
-    // "X Axis Scale :1X", the scroll bar off, to 0.
-    expect_state(dump(w), "chart_slider_1");
-}
-
-TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
+TEST_F(ChartTest, SliderWidensThePlotAndScrollSlidesItAndTheLabelsButKeepsTheCurve) {
     // The window's own strips go over the chart's, after them.
     ChartOptions o = record_options();
     const RecordWindow* seen = nullptr;
@@ -131,7 +113,13 @@ TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
     seen = &w;
     w.curMaxX = 1.5;
     w.record = wave(3500);
+    w.chart.plot(w.record, 0.005, true);
+
     w.chart.Slider1.set_value(4);
+    EXPECT_EQ(w.replots, 1);
+    EXPECT_EQ(w.chart.picNemodar.width(), 36660);
+    // "X Axis Scale :4X", the scroll bar on to 275; 17.5 s on 36660 twips: every second labelled.
+    expect_state(dump(w), "chart_slider_4");
     expect_state(dump(w.chart.PicxSxale), "chart_labels_4x");
     auto curve = w.chart.picNemodar.ops().size();
     auto revision = w.chart.picNemodar.revision();
@@ -149,6 +137,11 @@ TEST_F(ChartTest, ScrollSlidesThePlotAndTheLabelsButKeepsTheCurve) {
     w.chart.plot(w.record, 0.005, true);
     EXPECT_EQ(w.chart.HScroll1.value(), 0);
     EXPECT_EQ(w.chart.picNemodar.left(), 0);
+
+    w.chart.Slider1.set_value(1);
+    EXPECT_EQ(w.chart.picNemodar.width(), 9165);
+    // "X Axis Scale :1X", the scroll bar off, to 0.
+    expect_state(dump(w), "chart_slider_1");
 
     // A bar may move alone.
     ChartOptions still = record_options();
