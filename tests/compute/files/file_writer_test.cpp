@@ -1,5 +1,6 @@
 // The one file writer against the ways a write goes wrong: each case checks the status, the
-// message and what is left on disk (the old file whole, no temporary file behind).
+// message and what is left on disk (the old file whole, no temporary file behind); and the text
+// file reader's line ends and errors.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -14,6 +15,7 @@
 #include <sstream>
 
 #include "compute/files/file_writer.h"
+#include "compute/files/text_file.h"
 #include "support/files.h"
 
 namespace tv::compute {
@@ -184,6 +186,17 @@ TEST(FileWriter, TheMessageNamesTheFileAsGiven) {
     const FileStatus st = write_file("/nonexistent-tv-folder/out.txt", "x");
     EXPECT_EQ(st.description, "Path not found: /nonexistent-tv-folder/out.txt");
     EXPECT_EQ(st.path, "/nonexistent-tv-folder/out.txt");
+}
+
+TEST(TextFileTest, LinesEndAtLfCrLfOrALoneCr) {
+    EXPECT_EQ(split_lines("a\nb\r\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_EQ(split_lines("a\n\n"), (std::vector<std::string>{"a", ""}));
+    EXPECT_TRUE(split_lines("").empty());
+    TextFile missing = read_text_file("/nonexistent/tv/file.txt");
+    EXPECT_EQ(missing.error, 53);
+    EXPECT_NE(missing.description.find("/nonexistent/tv/file.txt"), std::string::npos);
+    EXPECT_EQ(missing.reason, "No such file or directory");
+    // A folder, a device, a pipe, a link loop and a file too large: UnreadableInputs.
 }
 
 }  // namespace

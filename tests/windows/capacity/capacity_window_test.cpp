@@ -9,16 +9,13 @@
 namespace tv::test {
 namespace {
 
-TEST_F(CapacityTest, TheMenuShowsTheWizardOnItsFirstPage) {
+TEST_F(CapacityTest, TheMenuShowsTheWizardOnItsFirstPageAndTheUnitWritesGravity) {
     EXPECT_TRUE(program.form<windows::frmMain>().menu_adrs.enabled());
     windows::Form9& f = form9();
     EXPECT_TRUE(f.visible());
     EXPECT_EQ(f.pageIndex, 0);
     expect_shown("opened");
-}
-
-TEST_F(CapacityTest, TheUnitWritesGravityAndItsName) {
-    windows::Form9& f = form9();
+    // The unit writes gravity and its name.
     run([&] { f.Combo1.set_list_index(2); });
     EXPECT_EQ(f.T1.text() + " " + f.vahed.caption(), "9.81 m");
     run([&] { f.Combo1.set_list_index(1); });
@@ -76,7 +73,7 @@ TEST_F(CapacityTest, EnteringTheDemandPageAgainForgetsTheFileAndTheTick) {
     press(f.Command5);
     press(f.Command3);
     EXPECT_FALSE(f.demand.fromFile);
-    expect_shown("demand_page_again");
+    expect_shown("page1");  // as first entered
 }
 
 TEST_F(CapacityTest, AStepOfZeroShowsTheDivisionAndKeepsShowDiagramDisabled) {
@@ -138,7 +135,7 @@ TEST_F(CapacityTest, AFailingSweepKeepsTheRowsItWroteAndNextStaysOff) {
     EXPECT_EQ(f.Re1.text(), "");
 }
 
-TEST_F(CapacityTest, TheReportsDiagramDrawsEverySeriesOfTheSweep) {
+TEST_F(CapacityTest, TheReportsDiagramDrawsEverySeriesOfTheSweepAndTheClipboardTakesTheTable) {
     sweep_hand_case();
     int curves = 0, dots = 0;
     for (const forms::Page& page : windows::capacity_report(program, {}))
@@ -149,10 +146,8 @@ TEST_F(CapacityTest, TheReportsDiagramDrawsEverySeriesOfTheSweep) {
     // Demand, reduced demand, capacity and the bilinear form as lines, the sweep's points as dots.
     EXPECT_EQ(curves, 4);
     EXPECT_GT(dots, 0);
-}
 
-TEST_F(CapacityTest, TheClipboardStartsWithTheThirtyVisibleHeadings) {
-    sweep_hand_case();
+    // The clipboard starts with the thirty visible headings.
     windows::Form9& f = form9();
     run([&] { f.copy.choose(); });
     const std::string first = platform.clipboard.substr(0, platform.clipboard.find("\r\n"));

@@ -26,14 +26,8 @@ protected:
 class DiagramAxesTest : public DiagramTest {
 protected:
     windows::Form10& diagram_in_mm() {
-        const double d[] = {0, 1, 2, 4, 6, 8};
-        const double a[] = {0, 0.4, 0.8, 1.0, 1.1, 1.15};
-        const double T[] = {0.3, 0.4, 0.5, 0.6, 0.8, 1.0};
-        std::string curve = "Teff\n";
-        for (int i = 0; i < 6; ++i)
-            curve += " " + std::to_string(i + 1) + " " + std::to_string(T[i]) + " 5 " +
-                     std::to_string(d[i] * 100) + " " + std::to_string(a[i]) + " 0 0 0 1.2\n";
         run([&] { form9().Combo1.set_list_index(0); });
+        const std::string curve = slurp(std::string(TV_SOURCE_DIR) + "/tests/golden/inputs/hand_curve_mm.txt");
         windows::Form10& diagram = to_diagram_of(curve);
         EXPECT_TRUE(platform.messages.empty());
         return diagram;

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "capacity_fixture.h"
 #include "compute/capacity/capacity_reader.h"
 #include "compute/files/text_file.h"
@@ -43,13 +45,11 @@ TextTable hand_curve() {
     return capacity_table({lines.begin() + 2, lines.end()});
 }
 
-SweepBoxes hand_settings(int kind = 1) {
+// g 1000, T0 0.5; no rows skipped, m 2 and kind A as the window starts.
+SweepBoxes hand_settings() {
     SweepBoxes s;
     s.T1 = "1000";
     s.T2 = "0.5";
-    s.T3 = "0";
-    s.T4 = "2";
-    s.kind = kind;
     return s;
 }
 
@@ -95,24 +95,23 @@ TEST(SweepTable, AFailureKeepsTheCellsWrittenBeforeIt) {
     EXPECT_EQ(r.Re1, "");
     EXPECT_EQ(Fg3.text(1, kSdpi), "0.0000");
     EXPECT_EQ(Fg3.text(1, kA), "");
-}
-
-TEST(SweepTable, ADemandTableShorterThanTheCurveFails) {
-    TextTable Fg3(1, kCount);
-    SweepResults r;
-    EXPECT_EQ(error_of([&] { calculate(hand_curve(), demand_table({1, 1, 1}, 4), hand_settings(), Fg3, r); }),
+    // A demand table shorter than the curve.
+    TextTable cut(1, kCount);
+    EXPECT_EQ(error_of([&] { calculate(hand_curve(), demand_table({1, 1, 1}, 4), hand_settings(), cut, r); }),
               text::kSubscript);
-    EXPECT_EQ(Fg3.rows(), 3);
+    EXPECT_EQ(cut.rows(), 3);
 }
 
 TEST(SweepTable, HeaderHidesThreeColumnsAndAnotherRunStartsClean) {
     Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}), hand_settings());
     // The headings from "Sort" to "bilinear"; Sort, X and Sa(tarsim) hidden, Target shown.
     s.expect_table("hand");
-    // Running again without a crossing clears the marks, targets and results.
+    // Running again without a crossing clears the marks, targets and results, as a first run
+    // without one leaves them: no bilinear form, the reduced demand "0", the steps blue.
     calculate(hand_curve(), demand_table({0, 0, 0, 0, 0}), hand_settings(), s.Fg3, s.results);
-    s.expect_table("hand_again_without_crossing");
+    s.expect_table("without_crossing");
     EXPECT_EQ(s.results.Re1, "");
+    EXPECT_EQ(s.results.lastCrossing, 0);
 }
 
 TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod) {
@@ -121,20 +120,10 @@ TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod)
     // "0", no step.
     Sweep s(hand_curve(), demand_table({1.0, 0.9, 0.85, 0.8, 0.3}, 10), hand_settings());
     s.expect_table("ten_demand_rows");
-    // Without a crossing: no results, no bilinear form, the reduced demand "0", the steps blue.
-    Sweep none(hand_curve(), demand_table({0, 0, 0, 0, 0}), hand_settings());
-    EXPECT_EQ(none.results.Re1, "");
-    EXPECT_EQ(none.results.lastCrossing, 0);
-    none.expect_table("without_crossing");
 }
 
 TEST(StepTable, HeadingsAndTheCellsOfTheRowsAsCut) {
-    const compute::CapacityTable t = compute::parse_capacity_lines(
-        {" Step Teff Betaeff Sd_C Sa_C Sd_d Sa_d ALPHA Pf_fi", " 0 0.40 5 0 0 0 0 0 1.3",
-         " 1 0.42 5 10.5 0.25 11 0.24 0.9 1.3"});
-    TextTable Fg(1, 9);
-    write_capacity_headings(Fg);
-    write_capacity_rows(Fg, t);
+    TextTable Fg = capacity_table({" 0 0.40 5 0 0 0 0 0 1.3", " 1 0.42 5 10.5 0.25 11 0.24 0.9 1.3"});
     EXPECT_EQ(Fg.rows(), 3);
     EXPECT_EQ(Fg.row_texts(0), (std::vector<std::string>{"Step", "Teff", "Betaeff", "Sd_C", "Sa_C", "Sd_d",
                                                           "Sa_d", "ALPHA", "Pf_fi"}));
@@ -204,27 +193,13 @@ TEST(InputTeffFromCapacity, CopiesFromTheSkippedRowsAndLeavesColumnOne) {
 TextTable swept_table() {
     TextTable Fg3(6, kCount);
     header(Fg3);
-    const char* d[] = {"1.0000", "2.0000", "3.0000"};
-    const char* a[] = {"0.5000", "0.8000", "0.9000"};
-    for (long i = 1; i <= 3; ++i) {
-        Fg3.set_text(i, kSdpi, d[i - 1]);
-        Fg3.set_text(i, kSapi, a[i - 1]);
-        Fg3.set_text(i, kSdReduce, "2.5000");
-        Fg3.set_text(i, kSaReduce, "0.7000");
+    const std::string path = std::string(TV_SOURCE_DIR) + "/tests/golden/inputs/swept_table.txt";
+    for (const std::string& line : test::lines_of(path)) {
+        std::istringstream cell(line);
+        long r = 0, c = 0;
+        std::string text;
+        if (!line.starts_with('#') && cell >> r >> c >> text) Fg3.set_text(r, c, text);
     }
-    Fg3.set_text(1, kBilinearD, "0");
-    Fg3.set_text(1, kBilinearA, "0");
-    Fg3.set_text(2, kBilinearD, "1.5000");
-    Fg3.set_text(2, kBilinearA, "0.7500");
-    Fg3.set_text(3, kBilinearD, "2.4000");
-    Fg3.set_text(3, kBilinearA, "0.8400");
-    for (long j = 1; j <= 4; ++j) {
-        Fg3.set_text(j, kSdDemand, j == 1 ? "0" : "1.5000");
-        Fg3.set_text(j, kSaDemand, j == 2 ? "1.2500" : "1.0000");
-        Fg3.set_text(j, kSdReDemand, "0");
-        Fg3.set_text(j, kSaReDemand, "0");
-    }
-    Fg3.set_text(2, kTarget, "3.0000");
     return Fg3;
 }
 
@@ -246,28 +221,22 @@ void expect_diagram(const CapacityDiagram& g, const std::string& name) {
 
 // Demand (1.25 in row 2), reduced demand, capacity and sweep of four and three rows, the bilinear
 // form of the curve's three rows only (a text below them is not read); element 0 never written;
-// the largest abscissa 3 and ordinate 1.25.
-TEST(Fillarray, FiveSeriesAndTheLargestValues) {
+// the largest abscissa 3 and ordinate 1.25. Without a crossing the bilinear series stays empty;
+// a gap in the demand's Sd leaves a zero behind.
+TEST(Fillarray, FiveSeriesTheLargestValuesNoCrossingAndAGap) {
     TextTable Fg3 = swept_table();
     Fg3.set_text(4, kBilinearD, "9.0000");
     Fg3.set_text(4, kBilinearA, "9.0000");
     expect_diagram(fillarray(Fg3), "five_series");
-}
-
-TEST(Fillarray, NoCrossingLeavesTheBilinearSeriesEmpty) {
-    TextTable Fg3 = swept_table();
+    Fg3 = swept_table();
+    Fg3.set_text(3, kSdDemand, "");
+    expect_diagram(fillarray(Fg3), "gap");
+    Fg3 = swept_table();
     for (long r = 1; r <= 3; ++r) {
         Fg3.set_text(r, kBilinearD, "");
         Fg3.set_text(r, kBilinearA, "");
     }
     expect_diagram(fillarray(Fg3), "no_crossing");
-}
-
-// A gap in the demand's Sd leaves a zero behind.
-TEST(Fillarray, AGapLeavesAZeroBehind) {
-    TextTable Fg3 = swept_table();
-    Fg3.set_text(3, kSdDemand, "");
-    expect_diagram(fillarray(Fg3), "gap");
 }
 
 class GridTableTest : public ::testing::Test {
@@ -299,33 +268,29 @@ TEST_F(GridTableTest, ToTableTakesTextsLayoutAndColours) {
     EXPECT_EQ(t.cell_colors().size(), 1u);
 }
 
-TEST_F(GridTableTest, CopyToGridResizesAndResetsColoursTheTableDropped) {
+TEST_F(GridTableTest, CopyToGridResizesAndResetsColoursTheTableDroppedInOneRefresh) {
     grid.set_cell_back_color(1, 1, windows::kBlue);
     grid.set_cell_back_color(2, 2, windows::kRed);
     grid.set_col_width(3, 700);
     windows::TextTable t = to_table(grid);
     t.clear();  // drops the colours, as the sweep's clearing does
-    t.set_rows(5);
+    t.set_rows(40);
+    for (int r = 1; r < 40; ++r) t.set_text(r, 1, std::to_string(r));
     t.set_text(4, 0, "x");
     t.set_cell_color(4, 2, windows::kBlue);
     t.set_col_hidden(2, true);
+    int updates = 0;
+    grid.changed = [&] { ++updates; };
     copy_to_grid(t, grid);
-    EXPECT_EQ(grid.rows(), 5);
+    EXPECT_EQ(updates, 1);  // the copy reaches the view as one refresh
+    EXPECT_EQ(grid.rows(), 40);
     EXPECT_EQ(grid.text(4, 0), "x");
+    EXPECT_EQ(grid.text(39, 1), "39");
     EXPECT_EQ(grid.cell_back_color(1, 1), -1);
     EXPECT_EQ(grid.cell_back_color(2, 2), -1);
     EXPECT_EQ(grid.cell_back_color(4, 2), windows::kBlue);
     EXPECT_TRUE(grid.col_hidden(2));
     EXPECT_EQ(grid.col_width(3), 700);
-}
-
-TEST_F(GridTableTest, TheCopyReachesTheViewAsOneRefresh) {
-    int updates = 0;
-    grid.changed = [&] { ++updates; };
-    windows::TextTable t(40, 4);
-    for (int r = 1; r < 40; ++r) t.set_text(r, 1, std::to_string(r));
-    copy_to_grid(t, grid);
-    EXPECT_EQ(updates, 1);
 }
 
 TEST_F(GridTableTest, ATableWithoutWidthsLeavesTheGridsAndRedrawComesBack) {

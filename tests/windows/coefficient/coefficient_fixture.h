@@ -8,6 +8,7 @@
 
 #include "support/fake_platform.h"
 #include "support/files.h"
+#include "support/softening_curve.h"
 #include "support/workbooks.h"
 #include "windows/coefficient/note_window.h"
 #include "windows/coefficient/pushover_window.h"
@@ -16,18 +17,6 @@
 #include "windows/project/main_frame_window.h"
 
 namespace tv::test {
-
-/// The softening curve worked by hand in the scan's tests, in kg and cm: the target is step 5
-/// at (8, 3300); Ki = 1500, A = 21550, and the scan stops at K = 1435.
-inline const char* kSofteningListing =
-    "Pushover curve, case PUSH\n"
-    "Step  Displacement  BaseForce  Hinges\n"
-    " 0  0  0  0\n"
-    " 1  1  1500  0\n"
-    " 2  2  2600  0\n"
-    " 3  3  3000  0\n"
-    " 4  5  3200  0\n"
-    " 5  8  3300  0\n";
 
 class CoefficientTest : public ::testing::Test {
 protected:

@@ -2,12 +2,11 @@
 // is read, it shows the targets of the comparison on the inputs it took over, changes them
 // without touching Form6 or Form8, draws every method and prints one page.
 #include "coefficient_fixture.h"
+#include "support/form_dump.h"
 
 #include <algorithm>
 #include <set>
-#include <tuple>
 
-#include "windows/coefficient/nsp_inputs.h"
 #include "windows/coefficient/nsp_window.h"
 #include "windows/spectra/design_spectrum_window.h"
 
@@ -48,41 +47,20 @@ TEST_F(NspWindowTest, OpensOnceACurveIsReadWithTheTargetsOfTheComparison) {
     windows::NspWindow& w = opened();
     EXPECT_TRUE(w.visible());
     EXPECT_EQ(w.txtTe.text(), f6().txtTEF.caption());
-    EXPECT_EQ(w.txtW.text(), "200000");
-    EXPECT_EQ(w.txtStories.text(), "3");
-
-    // The same inputs as the window's own, with its demand: EN 1998-1 type 1, ground B, 0.15 g.
-    nsp::NspInputs in = windows::nsp_inputs(program);
-    in.asce41.stories = 3;
-    in.demand = *nsp::ec8_demand({1, 'B', 0.15, 5});
-    const nsp::NspComparison expected = nsp::compare_procedures(in);
-    ASSERT_EQ(expected.columns.size(), 5u);
+    // Te, W = 200000 and 3 stories taken over; the targets of the five methods on EN 1998-1 type
+    // 1, ground B, 0.15 g, each in its unit.
+    expect_state(dump(w), "nsp_opened");
     const forms::Grid& g = w.grdMethods;
-    ASSERT_EQ(g.cols(), 6);
-    const int target = row_named(g, "Target displacement");
-    ASSERT_GT(target, 0);
-    for (std::size_t c = 0; c < expected.columns.size(); ++c) {
-        const nsp::MethodColumn& m = expected.columns[c];
-        const int col = static_cast<int>(c) + 1;
-        EXPECT_EQ(g.text(0, col), m.title);
-        ASSERT_TRUE(m.target) << m.title << ": " << m.no_result;
-        EXPECT_EQ(g.text(target, col), nsp::six_digits(*m.target) + " " + m.target_unit);
-    }
     // Each value stands in its row with its clause as the tip.
     const int c1 = row_named(g, "C1");
     ASSERT_GT(c1, 0);
     EXPECT_EQ(g.cell_tool_tip(c1, 2).rfind("C1: ASCE 41-17 \u00A77.4.3.3.2", 0), 0u) << g.cell_tool_tip(c1, 2);
 
-    // The capacity and every method's colour are drawn, the axes carry their units.
+    // The capacity and every method's colour are drawn (the axes' units are in the state).
     std::set<int> colours;
-    bool sd_axis = false, sa_axis = false;
-    for (const forms::DrawOp& op : w.picAdrs.ops()) {
-        colours.insert(op.color);
-        sd_axis = sd_axis || op.text == "Sd (cm)";
-        sa_axis = sa_axis || op.text == "Sa (g)";
-    }
-    for (const nsp::MethodColumn& m : expected.columns) EXPECT_TRUE(colours.count(windows::NspWindow::colour(m.method)));
-    EXPECT_TRUE(sd_axis && sa_axis);
+    for (const forms::DrawOp& op : w.picAdrs.ops()) colours.insert(op.color);
+    for (const nsp::MethodColumn& m : w.comparison.columns)
+        EXPECT_TRUE(colours.count(windows::NspWindow::colour(m.method)));
 }
 
 TEST_F(NspWindowTest, AnInputChangedHereLeavesTheCoefficientWindowsAlone) {
@@ -114,51 +92,33 @@ TEST_F(NspWindowTest, TheDesignSpectrumAndTheSettingsReachEveryColumn) {
     type(f2.Text1, "0.4");
     windows::NspWindow& w = opened();
     press(w.cmdTake);
-    EXPECT_EQ(w.cboSoil.text(), "IV");
-    EXPECT_EQ(w.cboHazard.text(), "Very High");
-    EXPECT_EQ(w.txtA.text(), "0.4");
-
     pick(w.cboDemand, 1);
-    EXPECT_FALSE(w.txtAg.enabled());
     type(w.txtGamma, "1.3");
     pick(w.cboC0, 3);
     type(w.txtCm, "0.9");
     click(w.chkNearField);
     pick(w.cboCsmType, 1);
     press(w.cmdCalculate);
-
-    nsp::NspInputs in = windows::nsp_inputs(program);
-    in.demand = *nsp::design_demand(compute::Soil::IV, compute::Hazard::VeryHigh, 0.4);
-    in.gamma_phi = 1.3;
-    in.asce41.c0_from_mode = true;
-    in.asce41.Cm = 0.9;
-    in.asce41.near_field = true;
-    in.csm.kind = 2;
-    const nsp::NspComparison expected = nsp::compare_procedures(in);
-    ASSERT_EQ(w.comparison.columns.size(), expected.columns.size());
-    for (std::size_t c = 0; c < expected.columns.size(); ++c) {
-        EXPECT_EQ(w.comparison.columns[c].target, expected.columns[c].target) << expected.columns[c].title;
-        EXPECT_EQ(w.comparison.columns[c].no_result, expected.columns[c].no_result);
-    }
+    // ag off; every column's values and target on the design spectrum taken over (IV, Very High,
+    // 0.4) and the settings: Γ 1.3, C0 from the mode, Cm 0.9, near field, sweep type B.
+    expect_state(dump(w), "nsp_design_spectrum_and_settings");
 }
 
+// FEMA 440's iterations are in the opening state; EC8 N2's, chosen, in the method's own units.
 TEST_F(NspWindowTest, TheIterationsOfTheChosenMethodAreListedWithUnits) {
     windows::NspWindow& w = opened();
     const forms::Grid& g = w.grdIterations;
-    for (auto [index, method, heading] : {std::tuple{0, nsp::Method::Fema440, "d (cm)"},
-                                          std::tuple{2, nsp::Method::Ec8N2, "Em* (kgf cm)"}}) {
-        pick(w.cboIterations, index);
-        const nsp::MethodColumn* m = nullptr;
-        for (const nsp::MethodColumn& c : w.comparison.columns)
-            if (c.method == method) m = &c;
-        ASSERT_TRUE(m && !m->iterations.rows.empty());
-        ASSERT_EQ(g.rows(), static_cast<int>(m->iterations.rows.size()) + 1);
-        ASSERT_EQ(g.cols(), static_cast<int>(m->iterations.headings.size()));
-        int col = 0;
-        while (col < g.cols() && g.text(0, col) != heading) ++col;
-        ASSERT_LT(col, g.cols()) << heading;
-        EXPECT_EQ(g.text(g.rows() - 1, col), nsp::six_digits(m->iterations.rows.back()[col]));
-    }
+    pick(w.cboIterations, 2);
+    const nsp::MethodColumn* m = nullptr;
+    for (const nsp::MethodColumn& c : w.comparison.columns)
+        if (c.method == nsp::Method::Ec8N2) m = &c;
+    ASSERT_TRUE(m && !m->iterations.rows.empty());
+    ASSERT_EQ(g.rows(), static_cast<int>(m->iterations.rows.size()) + 1);
+    ASSERT_EQ(g.cols(), static_cast<int>(m->iterations.headings.size()));
+    int col = 0;
+    while (col < g.cols() && g.text(0, col) != "Em* (kgf cm)") ++col;
+    ASSERT_LT(col, g.cols());
+    EXPECT_EQ(g.text(g.rows() - 1, col), nsp::six_digits(m->iterations.rows.back()[col]));
 }
 
 }  // namespace

@@ -39,21 +39,17 @@ TEST_F(FourierTest, OpeningTakesTheRecordLengthAndLeavesOnlyGo) {
     expect_shown(f12(), "fourier_opened");
 }
 
-TEST_F(FourierTest, AZeroStepIsARunTimeError) {
+TEST_F(FourierTest, AZeroStepIsARunTimeErrorAndTheFirstPeakStandsAcrossRuns) {
     open_sine();
     go("40", "0");
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].second, "Division by zero");
-}
-
-TEST_F(FourierTest, TheFirstPeakStandsAcrossRuns) {
-    open_sine();
     go("40");
     go("10");  // no omega here reaches the earlier peak
     EXPECT_EQ(f12().Text3.text(), "12.55");
 }
 
-TEST_F(FourierTest, TheCalculatorTurnsAPeriodIntoAWholeOmega) {
+TEST_F(FourierTest, TheCalculatorTurnsAPeriodIntoAWholeOmegaAndCloseGivesNextBack) {
     open_sine();
     program.run([&] { f12().Command7.press(); });
     windows::Form13& f13 = program.form<windows::Form13>();
@@ -74,10 +70,7 @@ TEST_F(FourierTest, TheCalculatorTurnsAPeriodIntoAWholeOmega) {
     program.run([&] { f13.Command2.press(); });
     EXPECT_EQ(f12().Text1.text(), "13");
     EXPECT_FALSE(program.is_loaded<windows::Form13>());
-}
-
-TEST_F(FourierTest, CloseGivesNextBackToTheRecordWindow) {
-    open_sine();
+    // Close gives Next back to the record window.
     program.run([&] { form1().xnext.set_enabled(false); });
     program.run([&] { f12().Command8.press(); });
     EXPECT_TRUE(form1().xnext.enabled());

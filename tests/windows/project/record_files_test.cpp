@@ -1,6 +1,5 @@
 // Record files, plain and as networks and databases publish them, read into the record window's
 // tables.
-#include "compute/files/text_file.h"
 #include "project_fixture.h"
 #include "windows/project/record_file.h"
 
@@ -96,19 +95,6 @@ TEST_F(ProjectTest, ANumberTooLargeForADoubleIsAnOverflowAndTheProgramGoesOn) {
     platform.file_answers = {y};
     open();
     EXPECT_EQ(platform.runtime_errors.size(), 1u);
-}
-
-TEST(TextFileTest, LinesEndAtLfCrLfOrALoneCr) {
-    EXPECT_EQ(compute::split_lines("a\nb\r\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
-    EXPECT_EQ(compute::split_lines("a\n\n"), (std::vector<std::string>{"a", ""}));
-    EXPECT_TRUE(compute::split_lines("").empty());
-    compute::TextFile missing = compute::read_text_file("/nonexistent/tv/file.txt");
-    EXPECT_EQ(missing.error, 53);
-    EXPECT_NE(missing.description.find("/nonexistent/tv/file.txt"), std::string::npos);
-    EXPECT_EQ(missing.reason, "No such file or directory");
-    compute::TextFile folder = compute::read_text_file(std::filesystem::temp_directory_path().string());
-    EXPECT_EQ(folder.error, 75);
-    EXPECT_EQ(folder.reason, "Is a directory");
 }
 
 }  // namespace
