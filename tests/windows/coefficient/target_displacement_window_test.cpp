@@ -49,6 +49,15 @@ TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
     expect_state(dump(f8(), {"Label18", "Text16", "Text14"}), "target_new_yield_point");
 }
 
+TEST_F(TargetDisplacementTest, AYieldPointAboveTheLastForceGivesANegativeAlphaAndC3) {
+    hand_over();
+    type(f8().Text17, "3400");
+    type(f8().Text2, "2");
+    press(f8().Command1);
+    // Alpha (3300 - 3400) / (8 - 1.99) / 1500 = -0.011; C3 = 1 + 0.011 (R - 1)^1.5 / 1.022, two decimals.
+    expect_state(dump(f8(), {"Label17", "Label18", "Text6"}), "target_negative_alpha");
+}
+
 TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {
     hand_over();
     type(f6().txtTI, "0");
