@@ -7,6 +7,8 @@
 #include <set>
 #include <tuple>
 
+#include "support/form_dump.h"
+#include "support/page_dump.h"
 #include "windows/coefficient/nsp_inputs.h"
 #include "windows/coefficient/nsp_window.h"
 #include "windows/spectra/design_spectrum_window.h"
@@ -83,6 +85,8 @@ TEST_F(NspWindowTest, OpensOnceACurveIsReadWithTheTargetsOfTheComparison) {
     }
     for (const nsp::MethodColumn& m : expected.columns) EXPECT_TRUE(colours.count(windows::NspWindow::colour(m.method)));
     EXPECT_TRUE(sd_axis && sa_axis);
+    // The demands cut at the frame's edges, the performance points in it.
+    expect_state(dump(w.picAdrs), "nsp_adrs");
 }
 
 TEST_F(NspWindowTest, AnInputChangedHereLeavesTheCoefficientWindowsAlone) {
