@@ -54,6 +54,14 @@ TEST(Measures, SineBurstInClosedForm) {
     EXPECT_EQ(m.velocity.size(), 2001u);
 }
 
+TEST(Measures, WholeCyclesInAPowerOfTwoSamplesAreNotPaddedFurther) {
+    // 1024 samples of 16 whole cycles at 1 Hz: the amplitude lies in one bin, Tm is 1 s.
+    const double dt = 1.0 / 64;
+    const MeasuresOutcome r = ground_motion_measures(sine(0.1, 1, dt, 1023 * dt), dt);
+    ASSERT_TRUE(r.ok()) << r.error;
+    EXPECT_NEAR(r.measures.mean_period, 1.0, 1e-9);
+}
+
 TEST(Measures, BadRecordsGiveAMessage) {
     const std::vector<double> one{0.1}, zeros(100, 0.0), fine = sine(0.1, 1, 0.01, 2);
     EXPECT_EQ(ground_motion_measures(one, 0.01).error, "the record has fewer than two samples");

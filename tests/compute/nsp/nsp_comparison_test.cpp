@@ -188,6 +188,12 @@ TEST(Comparison, WithoutAYieldPointTheOthersStand) {
     EXPECT_EQ(column(c, "window").no_result, "the coefficient window has not been run");
 }
 
+TEST(Comparison, AYieldDisplacementBelowOneIsAYieldPoint) {
+    NspInputs in = sample();
+    in.yield->d = 0.5;
+    EXPECT_TRUE(column(compare_procedures(in), "fema440").target);
+}
+
 TEST(Comparison, APeriodOutsideTheSpectrumIsNamed) {
     NspInputs in = sample();
     in.demand.T_max = 0.3;

@@ -134,6 +134,12 @@ TEST(StepTable, HeadingsAndTheCellsOfTheRowsAsCut) {
     // A later file without rows leaves the table as it stood.
     write_capacity_rows(Fg, compute::parse_capacity_lines({"nothing"}));
     EXPECT_EQ(Fg.rows(), 3);
+
+    // A table of fewer columns grows to nine, keeping its cells.
+    TextTable narrow(2, 3);
+    narrow.set_text(1, 2, "kept");
+    write_capacity_headings(narrow);
+    EXPECT_EQ(narrow.row_texts(1), (std::vector<std::string>{"", "", "kept", "", "", "", "", "", ""}));
 }
 
 // A spectrum on 0.02 .. 0.1 s as the wizard's Show Diagram stores it.

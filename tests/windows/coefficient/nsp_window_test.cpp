@@ -3,10 +3,7 @@
 // without touching Form6 or Form8, draws every method and prints one page.
 #include "coefficient_fixture.h"
 #include "support/form_dump.h"
-
-#include <algorithm>
-#include <set>
-
+#include "support/page_dump.h"
 #include "windows/coefficient/nsp_window.h"
 #include "windows/spectra/design_spectrum_window.h"
 
@@ -56,11 +53,9 @@ TEST_F(NspWindowTest, OpensOnceACurveIsReadWithTheTargetsOfTheComparison) {
     ASSERT_GT(c1, 0);
     EXPECT_EQ(g.cell_tool_tip(c1, 2).rfind("C1: ASCE 41-17 \u00A77.4.3.3.2", 0), 0u) << g.cell_tool_tip(c1, 2);
 
-    // The capacity and every method's colour are drawn (the axes' units are in the state).
-    std::set<int> colours;
-    for (const forms::DrawOp& op : w.picAdrs.ops()) colours.insert(op.color);
-    for (const nsp::MethodColumn& m : w.comparison.columns)
-        EXPECT_TRUE(colours.count(windows::NspWindow::colour(m.method)));
+    // The capacity and each method in its colour, the demands cut at the frame's edges, the
+    // performance points in it.
+    expect_state(dump(w.picAdrs), "nsp_adrs");
 }
 
 TEST_F(NspWindowTest, AnInputChangedHereLeavesTheCoefficientWindowsAlone) {

@@ -2,6 +2,7 @@
 // a step, the yield point by the scan or by hand, Te, the R factor and the printed page.
 #include "coefficient_fixture.h"
 #include "support/form_dump.h"
+#include "support/page_dump.h"
 #include "windows/chart/chart_data.h"
 
 namespace tv::test {
@@ -27,6 +28,8 @@ TEST_F(PushoverWindowTest, TheMenuOpensTheWindowWithItsDefaults) {
     EXPECT_TRUE(f6().visible());
     // The activation lists the printers with the current one chosen.
     expect_shown("opened");
+    // The sample of the table a workbook must hold: six rows, four column lines.
+    expect_state(dump(f6().Picture2), "pushover_excel_sample");
 }
 
 TEST_F(PushoverWindowTest, SaveDataIsThePointsTheDiagramJoinsInTheChosenUnits) {

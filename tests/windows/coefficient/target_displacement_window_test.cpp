@@ -7,6 +7,8 @@
 #include "support/form_dump.h"
 #include "support/page_dump.h"
 #include "windows/capacity/sa_window.h"
+#include "compute/nsp/nsp_comparison.h"
+#include "windows/road_reports.h"
 
 namespace tv::test {
 namespace {
@@ -47,6 +49,32 @@ TEST_F(TargetDisplacementTest, Form6IsReadAgainAtEachCalculation) {
     press(f8().Command1);
     // Label18 ((3300 - 2855.72) / (8 - 1)) / 1500 = 0.0423 as 0.04; dy 1.99; Rmax 7.83.
     expect_state(dump(f8(), {"Label18", "Text16", "Text14"}), "target_new_yield_point");
+}
+
+TEST_F(TargetDisplacementTest, AYieldPointAboveTheLastForceGivesANegativeAlphaAndC3) {
+    hand_over();
+    type(f8().Text17, "3400");
+    type(f8().Text2, "2");
+    press(f8().Command1);
+    // Alpha (3300 - 3400) / (8 - 1.99) / 1500 = -0.011; C3 = 1 + 0.011 (R - 1)^1.5 / 1.022, two decimals.
+    expect_state(dump(f8(), {"Label17", "Label18", "Text6"}), "target_negative_alpha");
+}
+
+// The report: Form8's section once its target is worked out; a procedure's demand as a line.
+TEST_F(TargetDisplacementTest, TheReportHoldsForm8WhenCalculatedAndEachDemandAsALine) {
+    hand_over();
+    compute::nsp::NspComparison nsp{{}, {compute::nsp::MethodColumn{}}};
+    nsp.columns[0].demand = {{0, 1}, {2, 0.5}, {4, 0.3}};
+    auto count = [&](const compute::nsp::NspComparison* c, forms::PageOp::Kind kind, const std::string& text) {
+        std::size_t n = 0;
+        for (const forms::Page& page : windows::coefficient_report(program, {}, c))
+            for (const forms::PageOp& op : page.ops) n += op.kind == kind && op.text == text;
+        return n;
+    };
+    EXPECT_EQ(count(nullptr, forms::PageOp::Kind::Text, "Building and demand"), 0u);
+    press(f8().Command1);
+    EXPECT_EQ(count(nullptr, forms::PageOp::Kind::Text, "Building and demand"), 1u);
+    EXPECT_EQ(count(&nsp, forms::PageOp::Kind::Polyline, ""), count(nullptr, forms::PageOp::Kind::Polyline, "") + 1);
 }
 
 TEST_F(TargetDisplacementTest, APeriodOfZeroIsARunTimeError) {

@@ -146,6 +146,10 @@ TEST_F(FourierTest, MeasuresAfterAFourierRunAreTheRecordsOwn) {
     const double pga = measured_pga();
     go("100");
     EXPECT_EQ(measured_pga(), pga);
+    // The scratch holds the sums (the table's texts to four decimals), as a later response
+    // spectrum of record 1 reads them.
+    EXPECT_NEAR(state().accelX1(251), text::val(f12().Grid1.text(251, 0)), 5e-5);
+    EXPECT_NEAR(state().accelY1(251), text::val(f12().Grid1.text(251, 1)), 5e-5);
 }
 
 }  // namespace

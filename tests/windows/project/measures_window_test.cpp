@@ -60,6 +60,13 @@ TEST_F(MeasuresWindowTest, AComponentOfZerosIsNamedAndTheOtherStillShown) {
     EXPECT_EQ(m.MeasureTable.text(1, 3), "");
 }
 
+TEST_F(MeasuresWindowTest, ADragPastTheEndStopsWithTheRecordsLastSecondShown) {
+    open_record();
+    windows::MeasuresWindow& m = open_measures();
+    program.run([&] { m.set_time_view(0.9, 0.5); });
+    EXPECT_EQ(m.time_view_from(), 0.5);
+}
+
 TEST_F(MeasuresWindowTest, ARecordOfOneSampleGivesAMessage) {
     open_texts("head\n0.1\n", "head\n0.2\n");
     windows::MeasuresWindow& m = open_measures();

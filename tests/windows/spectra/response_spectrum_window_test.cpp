@@ -42,6 +42,7 @@ TEST_F(SpectraTest, AnOptionClickBeforeCalculateStartsTheCalculation) {
     EXPECT_TRUE(state().specY1.allocated());
     EXPECT_EQ(f.Label4.caption(), "(Default : Pseudo.Acceleration)");  // not set on this road
     EXPECT_FALSE(f.chart.picNemodar.ops().empty());
+    EXPECT_FALSE(f.Picbar.visible());  // the bar goes with the run
 }
 
 TEST_F(SpectraTest, ACancelledExportWritesNothingButSaysDoneAndClosesTheInputs) {
