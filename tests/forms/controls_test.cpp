@@ -2,6 +2,7 @@
 // control), the table of text cells and the recording picture.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "forms/picture_box.h"
 #include "support/errors.h"
 #include "support/fake_platform.h"
+#include "support/tables.h"
 #include "text/runtime_error.h"
 
 namespace tv::forms {
@@ -80,31 +82,6 @@ protected:
     Panel& w = app.form<Panel>();
 };
 
-TEST_F(ControlsTest, TextBoxChangesOnlyWhenTheTextChanges) {
-    w.Text1.set_text("1");
-    EXPECT_TRUE(w.fired.empty());
-    w.Text1.set_text("1.0");  // the same number, another text
-    w.Text1.set_text("");
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text1_Change", "Text1_Change"}));
-    EXPECT_EQ(w.Text1.text(), "");
-}
-
-TEST_F(ControlsTest, TextChangeChainsIntoTheBoxesItWrites) {
-    w.Text2.set_text("0.07");
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text2_Change", "Text3_Change"}));
-    EXPECT_EQ(w.Text3.text(), "");
-    w.fired.clear();
-    w.Text2.set_text("0.05");  // Text3 is already empty: no second Change
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text2_Change"}));
-}
-
-TEST_F(ControlsTest, LockedTextBoxStillTakesTextFromCode) {
-    w.Text1.locked = true;
-    w.Text1.set_text("2");
-    EXPECT_EQ(w.Text1.text(), "2");
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text1_Change"}));
-}
-
 TEST_F(ControlsTest, ChangedHookTellsTheViewOfEveryChange) {
     int calls = 0;
     w.Text1.changed = [&] { ++calls; };
@@ -116,145 +93,73 @@ TEST_F(ControlsTest, ChangedHookTellsTheViewOfEveryChange) {
     EXPECT_EQ(calls, 3);
 }
 
-TEST_F(ControlsTest, CheckBoxClicksWhenCodeChangesItsValue) {
-    w.Check1.set_value(0);
-    EXPECT_TRUE(w.fired.empty());
-    w.Check1.set_value(1);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check1_Click"}));
-    EXPECT_TRUE(w.Check1.checked());
+// What "?Name" reads: the value a control holds (a list's as index:text).
+std::string value_of(const Control& c) {
+    if (auto* t = dynamic_cast<const TextBox*>(&c)) return t->text();
+    if (auto* b = dynamic_cast<const CheckBox*>(&c)) return std::to_string(b->value());
+    if (auto* o = dynamic_cast<const OptionButton*>(&c)) return std::to_string(o->value());
+    if (auto* l = dynamic_cast<const ComboBox*>(&c)) return std::to_string(l->list_index()) + ":" + l->text();
+    if (auto* s = dynamic_cast<const Slider*>(&c)) return std::to_string(s->value());
+    return std::to_string(dynamic_cast<const HScrollBar&>(c).value());
 }
 
-TEST_F(ControlsTest, TwoCheckBoxesThatUntickEachOtherPlayOutTheChain) {
-    w.Check1.user_click();  // ticks Check1; Check2 is already unticked
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check1_Click"}));
-    w.fired.clear();
-    w.Check2.user_click();  // ticks Check2, which unticks Check1, whose Click then sees 0
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check2_Click", "Check1_Click"}));
-    EXPECT_EQ(w.Check1.value(), 0);
-    EXPECT_EQ(w.Check2.value(), 1);
-    w.fired.clear();
-    w.Check2.user_click();  // unticks: nothing else moves
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check2_Click"}));
-    EXPECT_EQ(w.Check1.value() + w.Check2.value(), 0);
-}
-
-TEST_F(ControlsTest, DisabledCheckBoxIgnoresTheUserButNotTheCode) {
-    w.Check1.set_enabled(false);
-    w.Check1.user_click();
-    EXPECT_EQ(w.Check1.value(), 0);
-    EXPECT_TRUE(w.fired.empty());
-    w.Check1.set_value(1);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check1_Click"}));
-}
-
-TEST_F(ControlsTest, OptionClicksWhenSetAndClearsItsFrameOnly) {
-    w.Option3.set_value(true);
-    w.fired.clear();
-    w.Option1.set_value(true);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Option1_Click"}));
-    w.Option2.set_value(true);
-    EXPECT_FALSE(w.Option1.value());
-    EXPECT_TRUE(w.Option2.value());
-    EXPECT_TRUE(w.Option3.value());  // another frame keeps its choice
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Option1_Click", "Option2_Click"}));
-}
-
-TEST_F(ControlsTest, OptionOnTheWindowIsItsOwnGroup) {
-    w.Option1.set_value(true);
-    w.Option5.set_value(true);
-    EXPECT_TRUE(w.Option1.value());
-    EXPECT_TRUE(w.Option5.value());
-}
-
-TEST_F(ControlsTest, OptionAlreadySetOrClearedDoesNotClick) {
-    w.Option1.set_value(true);
-    w.fired.clear();
-    w.Option1.set_value(true);
-    w.Option1.user_click();
-    w.Option1.set_value(false);
-    EXPECT_TRUE(w.fired.empty());
-    EXPECT_FALSE(w.Option1.value());
-    EXPECT_FALSE(w.Option2.value());
-}
-
-TEST_F(ControlsTest, DisabledOptionIgnoresTheUser) {
-    w.Option4.set_enabled(false);
-    w.Option4.user_click();
-    EXPECT_FALSE(w.Option4.value());
-    w.Option3.user_click();
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Option3_Click"}));
-}
-
-TEST_F(ControlsTest, DisabledOrHiddenButtonDoesNotClick) {
-    w.Command1.set_enabled(false);
-    w.Command1.press();
-    w.Command1.set_enabled(true);
-    w.Command1.set_visible(false);
-    w.Command1.press();
-    EXPECT_TRUE(w.fired.empty());
-    w.Command1.set_visible(true);
-    w.Command1.press();
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Command1_Click"}));
-}
-
-TEST_F(ControlsTest, ComboClicksOnIndexChange) {
-    w.Combo1.add_item("I");
-    w.Combo1.add_item("II");
-    w.Combo1.add_item("III");
-    EXPECT_EQ(w.Combo1.list_index(), -1);
-    w.Combo1.set_list_index(1);
-    EXPECT_EQ(w.Combo1.text(), "II");
-    w.Combo1.set_list_index(1);
-    w.Combo1.set_list_index(2);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Combo1_Click", "Combo1_Click"}));
-    EXPECT_EQ(w.Combo1.text(), "III");
-    w.Combo1.set_list_index(-1);
-    EXPECT_EQ(w.Combo1.text(), "");
-}
-
-TEST_F(ControlsTest, ComboIndexOutsideTheListIsInvalidPropertyValue) {
-    w.Combo1.add_item("I");
-    try {
-        w.Combo1.set_list_index(1);
-        FAIL();
-    } catch (const text::RuntimeError& e) {
-        EXPECT_EQ(e.number(), 380);
+// One step on the panel: "Name=v" sets the value from code, "Name.enabled=0" (.visible, .locked,
+// .max) a property, "Name+item" adds to a list, "Name!" is the user's click (a press, a tick, a
+// menu choice), "Name~v" the user's drag of a scroll bar, "?Name" writes the value into `fired`.
+void play(Panel& w, const std::string& step) {
+    if (step[0] == '?') {
+        w.fired.push_back(step.substr(1) + "=" + value_of(*w.find(step.substr(1))));
+        return;
     }
-    EXPECT_EQ(w.Combo1.list_index(), -1);
-    EXPECT_TRUE(w.fired.empty());
+    const std::size_t at = step.find_first_of(".=+!~");
+    Control& c = *w.find(step.substr(0, at));
+    const std::string v = step.substr(step.find_first_of("=+!~", at) + 1);
+    const int n = std::atoi(v.c_str());
+    if (step[at] == '.') {
+        const std::string property = step.substr(at + 1, step.find('=') - at - 1);
+        if (property == "enabled") c.set_enabled(n);
+        if (property == "visible") c.set_visible(n);
+        if (property == "locked") dynamic_cast<TextBox&>(c).locked = n;
+        if (property == "max") dynamic_cast<HScrollBar&>(c).set_max(n);
+    } else if (step[at] == '+') {
+        dynamic_cast<ComboBox&>(c).add_item(v);
+    } else if (step[at] == '~') {
+        dynamic_cast<HScrollBar&>(c).user_scroll(n);
+    } else if (step[at] == '!') {
+        if (auto* b = dynamic_cast<CheckBox*>(&c)) b->user_click();
+        if (auto* o = dynamic_cast<OptionButton*>(&c)) o->user_click();
+        if (auto* b = dynamic_cast<CommandButton*>(&c)) b->press();
+        if (auto* t = dynamic_cast<Timer*>(&c)) t->tick();
+        if (auto* m = dynamic_cast<Menu*>(&c)) m->choose();
+        if (auto* l = dynamic_cast<Label*>(&c)) l->click();
+    } else {
+        if (auto* t = dynamic_cast<TextBox*>(&c)) t->set_text(v);
+        if (auto* b = dynamic_cast<CheckBox*>(&c)) b->set_value(n);
+        if (auto* o = dynamic_cast<OptionButton*>(&c)) o->set_value(n);
+        if (auto* l = dynamic_cast<ComboBox*>(&c)) l->set_list_index(n);
+        if (auto* s = dynamic_cast<Slider*>(&c)) s->set_value(n);
+        if (auto* s = dynamic_cast<HScrollBar*>(&c)) s->set_value(n);
+    }
 }
 
-TEST_F(ControlsTest, SliderClampsAndChangesOnce) {
-    w.Slider1.set_value(4);
-    w.Slider1.set_value(4);
-    w.Slider1.set_value(99);
-    EXPECT_EQ(w.Slider1.value(), 10);
-    w.Slider1.set_value(12);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Slider1_Change", "Slider1_Change"}));
-}
-
-TEST_F(ControlsTest, ScrollBarTellsCodeFromDrag) {
-    w.HScroll1.set_max(275);
-    w.HScroll1.set_value(50);
-    w.HScroll1.user_scroll(60);
-    w.HScroll1.set_value(500);
-    EXPECT_EQ(w.HScroll1.value(), 275);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"HScroll1_Change", "HScroll1_Scroll", "HScroll1_Change"}));
-    w.HScroll1.set_max(0);
-    EXPECT_EQ(w.HScroll1.value(), 0);
-}
-
-TEST_F(ControlsTest, TimerMenuAndLabelRunOnlyWhenEnabled) {
-    w.Timer1.tick();
-    w.Timer1.set_enabled(false);
-    w.Timer1.tick();
-    w.mnuExit.choose();
-    w.mnuExit.set_enabled(false);
-    w.mnuExit.choose();
-    w.Label1.click();
-    w.Label1.set_enabled(false);
-    w.Label1.click();
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Timer1_Timer", "mnuExit_Click", "Label1_Click"}));
+// tests/golden/tables/controls.txt: steps on a new panel -> what fired and what was read, in
+// order; a run-time error fires "!<number>" and the steps go on.
+TEST(ControlEvents, StepsFireTheirEvents) {
+    test::run_table("controls.txt", {{"play", [](const test::TableArgs& steps) -> test::TableResult {
+                                          test::FakePlatform platform;
+                                          App app{platform};
+                                          Panel& w = app.form<Panel>();
+                                          for (std::size_t i = 1; i < steps.size(); ++i) {
+                                              try {
+                                                  play(w, steps[i]);
+                                              } catch (const text::RuntimeError& e) {
+                                                  w.fired.push_back("!" + std::to_string(e.number()));
+                                              }
+                                          }
+                                          std::string out;
+                                          for (const std::string& f : w.fired) out += (out.empty() ? "" : " ") + f;
+                                          return out;
+                                      }}});
 }
 
 TEST_F(ControlsTest, ControlsAreFoundByName) {
