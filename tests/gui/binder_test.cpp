@@ -98,13 +98,9 @@ protected:
         label = add<QLabel>(view, "Label1");
         check = add<QCheckBox>(view, "Check1");
         frame = add<QGroupBox>(view, "Frame1");
-        auto* fl = new QVBoxLayout(frame);
-        option1 = new QRadioButton(frame);
-        option1->setObjectName("Option1");
-        option2 = new QRadioButton(frame);
-        option2->setObjectName("Option2");
-        fl->addWidget(option1);
-        fl->addWidget(option2);
+        new QVBoxLayout(frame);
+        option1 = add<QRadioButton>(*frame, "Option1");
+        option2 = add<QRadioButton>(*frame, "Option2");
         command1 = add<QPushButton>(view, "Command1");
         command2 = add<QPushButton>(view, "Command2");
         combo = add<QComboBox>(view, "Combo1");
