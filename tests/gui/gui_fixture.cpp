@@ -22,7 +22,6 @@
 
 #include "gui/bind/binder.h"
 #include "gui/bind/picture_view.h"
-#include "windows/project/main_frame_window.h"
 
 namespace tv::test {
 
@@ -171,31 +170,6 @@ void ViewTest::expect_chart_takes_spare_room() {
     settle();
     EXPECT_EQ(card->size(), before + QSize(200, 120));
     EXPECT_EQ(chart->size(), chart_before + QSize(200, 120));
-}
-
-void RecordRoadTest::SetUp() {
-    x_file = data_path("records/northridge1994_rinaldi_228.txt");
-    y_file = data_path("records/northridge1994_rinaldi_318.txt");
-    if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
-    program.run([this] { windows::start(program); });
-    frame = platform.frame();
-    ASSERT_NE(frame, nullptr);
-    frame->resize(1360, 900);
-    settle();
-}
-
-void RecordRoadTest::choose(const char* action) {
-    QAction* a = frame->findChild<QAction*>(action);
-    ASSERT_NE(a, nullptr) << action;
-    a->trigger();
-    settle();
-}
-
-void RecordRoadTest::open_record() {
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x_file, y_file};
-    choose("menu_open");
-    choose("menu_open");
 }
 
 }  // namespace tv::test

@@ -363,9 +363,8 @@ TEST_F(ViewsTest, TEffectiveWindowAtLoad) {
 
 TEST_F(ViewsTest, TheMethodsSideBySideOpenFromTheFittedCurve) {
     // The worked curve read by Start and its yield point found by Auto Yeld Point.
-    test::TempDir scratch;
     QWidget& v6 = open<windows::Form6>();
-    type_into(v6, "Text1", QString::fromStdString(scratch.write("curve.txt", test::kSofteningListing)));
+    type_into(v6, "Text1", test::kSofteningCurve);
     for (const char* button : {"Command2", "Command3", "cmdNsp"}) click(v6, button);
     windows::NspWindow& model = program.form<windows::NspWindow>();
     EXPECT_TRUE(model.visible());
