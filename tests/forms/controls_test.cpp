@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -10,15 +12,12 @@
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/picture_box.h"
-#include "support/errors.h"
 #include "support/fake_platform.h"
 #include "support/tables.h"
 #include "text/runtime_error.h"
 
 namespace tv::forms {
 namespace {
-
-using tv::test::error_of;
 
 // A window with one of each kind; every handler writes its name into `fired`.
 class Panel : public Form {
@@ -191,118 +190,74 @@ protected:
     Grid& g = w.Fg;
 };
 
-TEST_F(GridTest, StartsEmptyWithTheCurrentRowUnderTheHeading) {
-    EXPECT_EQ(g.rows(), 3);
-    EXPECT_EQ(g.cols(), 2);
-    EXPECT_EQ(g.text(2, 1), "");
-    EXPECT_EQ(g.row(), 1);
-    EXPECT_EQ(g.col(), 0);
-    EXPECT_TRUE(g.redraw());
+// The table's steps: "key:i:j=v" sets, "?key:i:j" reads; the keys are these.
+using Ints = std::vector<int>;
+using GridSet = std::function<void(Grid&, const Ints&, int, const std::string&)>;
+const std::map<std::string, GridSet> kGridSet{
+    {"rows", [](Grid& g, const Ints&, int n, const std::string&) { g.set_rows(n); }},
+    {"cols", [](Grid& g, const Ints&, int n, const std::string&) { g.set_cols(n); }},
+    {"row", [](Grid& g, const Ints&, int n, const std::string&) { g.set_row(n); }},
+    {"col", [](Grid& g, const Ints&, int n, const std::string&) { g.set_col(n); }},
+    {"clear", [](Grid& g, const Ints&, int, const std::string&) { g.clear(); }},
+    {"text", [](Grid& g, const Ints& a, int, const std::string& v) { g.set_text(a.at(0), a.at(1), v); }},
+    {"back", [](Grid& g, const Ints& a, int n, const std::string&) { g.set_cell_back_color(a.at(0), a.at(1), n); }},
+    {"hidden", [](Grid& g, const Ints& a, int n, const std::string&) { g.set_row_hidden(a.at(0), n); }},
+    {"colhidden", [](Grid& g, const Ints& a, int n, const std::string&) { g.set_col_hidden(a.at(0), n); }},
+    {"width", [](Grid& g, const Ints& a, int n, const std::string&) { g.set_col_width(a.at(0), n); }},
+    {"align", [](Grid& g, const Ints& a, int n, const std::string&) { g.set_col_alignment(a.at(0), n); }},
+    {"select", [](Grid& g, const Ints& a, int, const std::string&) { g.set_selected_rows({a.begin(), a.end()}); }},
+};
+const std::map<std::string, std::function<std::string(const Grid&, const Ints&)>> kGridGet{
+    {"rows", [](const Grid& g, const Ints&) { return std::to_string(g.rows()); }},
+    {"cols", [](const Grid& g, const Ints&) { return std::to_string(g.cols()); }},
+    {"row", [](const Grid& g, const Ints&) { return std::to_string(g.row()); }},
+    {"col", [](const Grid& g, const Ints&) { return std::to_string(g.col()); }},
+    {"redraw", [](const Grid& g, const Ints&) { return std::to_string(g.redraw()); }},
+    {"text", [](const Grid& g, const Ints& a) { return g.text(a.at(0), a.at(1)); }},
+    {"back", [](const Grid& g, const Ints& a) { return std::to_string(g.cell_back_color(a.at(0), a.at(1))); }},
+    {"hidden", [](const Grid& g, const Ints& a) { return std::to_string(g.row_hidden(a.at(0))); }},
+    {"colhidden", [](const Grid& g, const Ints& a) { return std::to_string(g.col_hidden(a.at(0))); }},
+    {"width", [](const Grid& g, const Ints& a) { return std::to_string(g.col_width(a.at(0))); }},
+    {"align", [](const Grid& g, const Ints& a) { return std::to_string(g.col_alignment(a.at(0))); }},
+    {"selcount", [](const Grid& g, const Ints&) { return std::to_string(g.selected_row_count()); }},
+    {"select", [](const Grid& g, const Ints&) {
+         std::string rows;
+         for (int r : g.selected_rows()) rows += ":" + std::to_string(r);
+         return rows;
+     }},
+};
+
+// Plays the steps on a new table of 3 x 2 and gives what was read and each RowColChange, in
+// order; a run-time error gives "!<number>" and the steps go on.
+std::string play_grid(const test::TableArgs& steps) {
+    test::FakePlatform platform;
+    App app{platform};
+    Grid& g = app.form<TableWindow>().Fg;
+    std::string out;
+    auto put = [&](const std::string& s) { out += (out.empty() ? "" : " ") + s; };
+    g.RowColChange = [&] { put("RowColChange"); };
+    for (std::size_t i = 1; i < steps.size(); ++i) {
+        const bool read = steps[i][0] == '?';
+        const std::string step = steps[i].substr(read ? 1 : 0);
+        const std::size_t eq = step.find('=');
+        const std::string lhs = step.substr(0, eq), v = eq == std::string::npos ? "" : step.substr(eq + 1);
+        Ints a;
+        for (std::size_t at = lhs.find(':'); at != std::string::npos; at = lhs.find(':', at + 1))
+            a.push_back(std::atoi(lhs.c_str() + at + 1));
+        const std::string key = lhs.substr(0, lhs.find(':'));
+        try {
+            if (read) put(lhs + "=" + kGridGet.at(key)(g, a));
+            if (!read) kGridSet.at(key)(g, a, std::atoi(v.c_str()), v);
+        } catch (const text::RuntimeError& e) {
+            put("!" + std::to_string(e.number()));
+        }
+    }
+    return out;
 }
 
-TEST_F(GridTest, ResizeKeepsTheCellsThatFit) {
-    g.set_text(0, 0, "Step");
-    g.set_text(1, 1, "0.25");
-    g.set_text(2, 1, "0.5");
-    g.set_cols(4);
-    g.set_rows(5);
-    EXPECT_EQ(g.text(0, 0), "Step");
-    EXPECT_EQ(g.text(1, 1), "0.25");
-    EXPECT_EQ(g.text(2, 1), "0.5");
-    EXPECT_EQ(g.text(4, 3), "");
-    EXPECT_EQ(g.text(1, 2), "");
-    g.set_rows(2);
-    g.set_cols(1);
-    EXPECT_EQ(g.text(0, 0), "Step");
-    EXPECT_EQ(error_of([&] { g.text(1, 1); }), text::kSubscript);
-    g.set_rows(3);
-    g.set_cols(2);
-    EXPECT_EQ(g.text(2, 1), "");  // what was cut off does not come back
-    EXPECT_EQ(g.text(1, 1), "");
-}
-
-TEST_F(GridTest, OutOfRangeRaisesSubscript) {
-    EXPECT_EQ(error_of([&] { g.text(3, 0); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.text(0, 2); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.text(-1, 0); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_text(0, -1, "x"); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_col_width(2, 900); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_row_hidden(3, true); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_row(3); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_col(-1); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_cell_back_color(9, 0, 0xFF); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_rows(-1); }), text::kSubscript);
-}
-
-TEST_F(GridTest, ClearEmptiesEveryCellKeepingTheSize) {
-    g.set_text(0, 0, "T");
-    g.set_text(2, 1, "9");
-    g.clear();
-    EXPECT_EQ(g.text(0, 0), "");
-    EXPECT_EQ(g.text(2, 1), "");
-    EXPECT_EQ(g.rows(), 3);
-}
-
-TEST_F(GridTest, HiddenRowsFollowTheRowCount) {
-    g.set_row_hidden(2, true);
-    EXPECT_TRUE(g.row_hidden(2));
-    EXPECT_FALSE(g.row_hidden(1));
-    g.set_rows(6);
-    EXPECT_TRUE(g.row_hidden(2));
-    EXPECT_FALSE(g.row_hidden(5));
-    g.set_rows(2);
-    g.set_rows(3);
-    EXPECT_FALSE(g.row_hidden(2));
-}
-
-TEST_F(GridTest, ColumnsKeepWidthAlignmentAndHiddenFlag) {
-    EXPECT_EQ(g.col_width(1), -1);
-    g.set_col_width(1, 1200);
-    g.set_col_alignment(1, 4);
-    g.set_col_hidden(0, true);
-    g.set_cols(3);
-    EXPECT_EQ(g.col_width(1), 1200);
-    EXPECT_EQ(g.col_alignment(1), 4);
-    EXPECT_TRUE(g.col_hidden(0));
-    EXPECT_EQ(g.col_width(2), -1);
-}
-
-TEST_F(GridTest, SelectionDropsRowsThatAreCutOff) {
-    g.set_rows(10);
-    g.set_selected_rows({2, 5, 9});
-    EXPECT_EQ(g.selected_row_count(), 3);
-    g.set_rows(6);
-    EXPECT_EQ(g.selected_rows(), (std::set<int>{2, 5}));
-}
-
-TEST_F(GridTest, BackColoursDropWithTheirRows) {
-    g.set_cell_back_color(2, 1, 0x00FF00);
-    EXPECT_EQ(g.cell_back_color(2, 1), 0x00FF00);
-    EXPECT_EQ(g.cell_back_color(1, 1), -1);
-    g.set_rows(2);
-    g.set_rows(3);
-    EXPECT_EQ(g.cell_back_color(2, 1), -1);
-}
-
-TEST_F(GridTest, RowColChangeFiresOnlyWhenTheCellMoves) {
-    g.set_row(1);
-    EXPECT_EQ(w.row_col_changes, 0);
-    g.set_row(2);
-    g.set_col(1);
-    g.set_col(1);
-    EXPECT_EQ(w.row_col_changes, 2);
-    EXPECT_EQ(g.row(), 2);
-    EXPECT_EQ(g.col(), 1);
-}
-
-TEST_F(GridTest, CurrentCellStaysInsideWhenTheTableShrinks) {
-    g.set_rows(10);
-    g.set_row(9);
-    g.set_rows(4);
-    EXPECT_EQ(g.row(), 3);
-    g.set_rows(0);
-    EXPECT_EQ(g.row(), 0);
-}
+// tests/golden/tables/grid.txt: sizes, bounds, hidden rows and columns, selection, colours and the
+// current cell.
+TEST(GridSteps, StepsReadAndMoveTheTable) { test::run_table("grid.txt", {{"grid", play_grid}}); }
 
 TEST_F(GridTest, RedrawOffHoldsTheViewAndOnNotifiesOnce) {
     const auto layout = g.layout_revision();
