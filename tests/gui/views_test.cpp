@@ -126,24 +126,10 @@ TEST_F(ViewsTest, EveryWindowIsBoundFitsAndAnswersAlt) {
             }
         test::save_shot(w, window);
     };
-    check.operator()<windows::frmMain>();
-    check.operator()<windows::xhelp>();
-    check.operator()<windows::Form1>();
-    check.operator()<windows::Form14>();
-    check.operator()<windows::Form2>();
-    check.operator()<windows::Form3>();
-    check.operator()<windows::Form4>();
-    check.operator()<windows::Form12>();
-    check.operator()<windows::Form13>();
-    check.operator()<windows::MeasuresWindow>();
-    check.operator()<windows::Form6>();
-    check.operator()<windows::Form7>();
-    check.operator()<windows::Form8>();
-    check.operator()<windows::NspWindow>();
-    check.operator()<windows::Form9>();
-    check.operator()<windows::Form10>();
-    check.operator()<windows::Form11>();
-    check.operator()<windows::frmCurveCapacity>();
+    auto each = [&]<class... F>() { (check.operator()<F>(), ...); };
+    using namespace windows;
+    each.operator()<frmMain, xhelp, Form1, Form14, Form2, Form3, Form4, Form12, Form13, MeasuresWindow, Form6, Form7,
+                    Form8, NspWindow, Form9, Form10, Form11, frmCurveCapacity>();
 }
 
 TEST_F(ViewsTest, AboutShowsTheVersion) {
