@@ -164,15 +164,12 @@ TEST_F(ScriptedRun, WindowsFitASmallScreenAndTheWindowMenuReachesThem) {
     auto* menu = frame->findChild<QMenu*>("window_menu");
     ASSERT_NE(menu, nullptr);
     emit menu->aboutToShow();
-    QStringList entries;
-    for (QAction* a : menu->actions()) entries << a->text();
-    EXPECT_EQ(entries.filter("Input file parameters").size(), 1) << entries.join(", ").toStdString();
-    // Choosing a window from the menu brings it to the front.
-    QAction* form1 = nullptr;
+    // The record window is in the menu once; choosing it brings it to the front.
+    QList<QAction*> form1;
     for (QAction* a : menu->actions())
-        if (a->text().contains("Input file parameters")) form1 = a;
-    ASSERT_NE(form1, nullptr);
-    form1->trigger();
+        if (a->text().contains("Input file parameters")) form1 << a;
+    ASSERT_EQ(form1.size(), 1);
+    form1[0]->trigger();
     test::settle();
     EXPECT_EQ(area->activeSubWindow(), platform.window_of(program.form<windows::Form1>()));
 }
