@@ -19,40 +19,55 @@
 namespace tv::forms {
 namespace {
 
+// Steps of the tables below write what happened into a transcript, a word each.
+void put(std::string& out, const std::string& s) { out += (out.empty() ? "" : " ") + s; }
+
+// Runs each step; a run-time error writes "!<number>" and the steps go on.
+void each_step(const test::TableArgs& steps, std::string& out,
+               const std::function<void(const std::string&)>& step) {
+    for (std::size_t i = 1; i < steps.size(); ++i) {
+        try {
+            step(steps[i]);
+        } catch (const text::RuntimeError& e) {
+            put(out, "!" + std::to_string(e.number()));
+        }
+    }
+}
+
 // A window with one of each kind; every handler writes its name into `fired`.
 class Panel : public Form {
 public:
     explicit Panel(App& app) : Form(app, "Panel", "Panel") {
-        Text1.Change = [this] { fired.push_back("Text1_Change"); };
-        Text1.changed = [this] { fired.push_back("Text1_view"); };  // what tells the view
+        Text1.Change = [this] { put(fired, "Text1_Change"); };
+        Text1.changed = [this] { put(fired, "Text1_view"); };  // what tells the view
         Text2.Change = [this] {
-            fired.push_back("Text2_Change");
+            put(fired, "Text2_Change");
             Text3.set_text("");  // a result goes stale when its input changes
         };
-        Text3.Change = [this] { fired.push_back("Text3_Change"); };
+        Text3.Change = [this] { put(fired, "Text3_Change"); };
         Check1.Click = [this] {
-            fired.push_back("Check1_Click");
+            put(fired, "Check1_Click");
             if (Check1.value() == 1) Check2.set_value(0);
         };
         Check2.Click = [this] {
-            fired.push_back("Check2_Click");
+            put(fired, "Check2_Click");
             if (Check2.value() == 1) Check1.set_value(0);
         };
-        Option1.Click = [this] { fired.push_back("Option1_Click"); };
-        Option2.Click = [this] { fired.push_back("Option2_Click"); };
-        Option3.Click = [this] { fired.push_back("Option3_Click"); };
-        Option4.Click = [this] { fired.push_back("Option4_Click"); };
-        Command1.Click = [this] { fired.push_back("Command1_Click"); };
-        Combo1.Click = [this] { fired.push_back("Combo1_Click"); };
-        Slider1.Change = [this] { fired.push_back("Slider1_Change"); };
-        HScroll1.Change = [this] { fired.push_back("HScroll1_Change"); };
-        HScroll1.Scroll = [this] { fired.push_back("HScroll1_Scroll"); };
-        Timer1.OnTimer = [this] { fired.push_back("Timer1_Timer"); };
-        mnuExit.Click = [this] { fired.push_back("mnuExit_Click"); };
-        Label1.Click = [this] { fired.push_back("Label1_Click"); };
+        Option1.Click = [this] { put(fired, "Option1_Click"); };
+        Option2.Click = [this] { put(fired, "Option2_Click"); };
+        Option3.Click = [this] { put(fired, "Option3_Click"); };
+        Option4.Click = [this] { put(fired, "Option4_Click"); };
+        Command1.Click = [this] { put(fired, "Command1_Click"); };
+        Combo1.Click = [this] { put(fired, "Combo1_Click"); };
+        Slider1.Change = [this] { put(fired, "Slider1_Change"); };
+        HScroll1.Change = [this] { put(fired, "HScroll1_Change"); };
+        HScroll1.Scroll = [this] { put(fired, "HScroll1_Scroll"); };
+        Timer1.OnTimer = [this] { put(fired, "Timer1_Timer"); };
+        mnuExit.Click = [this] { put(fired, "mnuExit_Click"); };
+        Label1.Click = [this] { put(fired, "Label1_Click"); };
     }
 
-    std::vector<std::string> fired;
+    std::string fired;
 
     TextBox& Text1 = text_box("Text1", "1");
     TextBox& Text2 = text_box("Text2", "0.05");
@@ -80,7 +95,8 @@ std::string value_of(const Control& c) {
     if (auto* t = dynamic_cast<const TextBox*>(&c)) return t->text();
     if (auto* b = dynamic_cast<const CheckBox*>(&c)) return std::to_string(b->value());
     if (auto* o = dynamic_cast<const OptionButton*>(&c)) return std::to_string(o->value());
-    if (auto* l = dynamic_cast<const ComboBox*>(&c)) return std::to_string(l->list_index()) + ":" + l->text();
+    if (auto* l = dynamic_cast<const ComboBox*>(&c))
+        return std::to_string(l->list_index()) + ":" + l->text();
     if (auto* s = dynamic_cast<const Slider*>(&c)) return std::to_string(s->value());
     return std::to_string(dynamic_cast<const HScrollBar&>(c).value());
 }
@@ -90,7 +106,7 @@ std::string value_of(const Control& c) {
 // menu choice), "Name~v" the user's drag of a scroll bar, "?Name" writes the value into `fired`.
 void play(Panel& w, const std::string& step) {
     if (step[0] == '?') {
-        w.fired.push_back(step.substr(1) + "=" + value_of(*w.find(step.substr(1))));
+        put(w.fired, step.substr(1) + "=" + value_of(*w.find(step.substr(1))));
         return;
     }
     const std::size_t at = step.find_first_of(".=+!~");
@@ -125,23 +141,17 @@ void play(Panel& w, const std::string& step) {
 }
 
 // tests/golden/tables/controls.txt: steps on a new panel -> what fired and what was read, in
-// order; a run-time error fires "!<number>" and the steps go on.
+// order.
+test::TableResult play_panel(const test::TableArgs& steps) {
+    test::FakePlatform platform;
+    App app{platform};
+    Panel& w = app.form<Panel>();
+    each_step(steps, w.fired, [&](const std::string& step) { play(w, step); });
+    return w.fired;
+}
+
 TEST(ControlEvents, StepsFireTheirEvents) {
-    test::run_table("controls.txt", {{"play", [](const test::TableArgs& steps) -> test::TableResult {
-                                          test::FakePlatform platform;
-                                          App app{platform};
-                                          Panel& w = app.form<Panel>();
-                                          for (std::size_t i = 1; i < steps.size(); ++i) {
-                                              try {
-                                                  play(w, steps[i]);
-                                              } catch (const text::RuntimeError& e) {
-                                                  w.fired.push_back("!" + std::to_string(e.number()));
-                                              }
-                                          }
-                                          std::string out;
-                                          for (const std::string& f : w.fired) out += (out.empty() ? "" : " ") + f;
-                                          return out;
-                                      }}});
+    test::run_table("controls.txt", {{"play", play_panel}});
 }
 
 TEST(ControlEvents, ControlsAreFoundByName) {
@@ -172,51 +182,49 @@ protected:
 };
 
 // Steps on a control, as words: "key:a:b=text" does, "?key:a:b" reads and writes "key:a:b=<value>"
-// into the transcript; a run-time error writes "!<number>" and the steps go on.
+// into the transcript.
 using Nums = std::vector<double>;
+using Text = const std::string&;
 template <class C>
-using Does = std::map<std::string, std::function<void(C&, const Nums&, const std::string&)>>;
+using Does = std::map<std::string, std::function<void(C&, const Nums&, Text)>>;
 template <class C>
 using Reads = std::map<std::string, std::function<std::string(const C&, const Nums&)>>;
 
-void put(std::string& out, const std::string& s) { out += (out.empty() ? "" : " ") + s; }
-
 template <class C>
-void play_steps(C& c, const Does<C>& does, const Reads<C>& reads, const test::TableArgs& steps, std::string& out) {
-    for (std::size_t i = 1; i < steps.size(); ++i) {
-        const bool read = steps[i][0] == '?';
-        const std::string step = steps[i].substr(read ? 1 : 0);
+void play_steps(C& c, const Does<C>& does, const Reads<C>& reads, const test::TableArgs& steps,
+                std::string& out) {
+    each_step(steps, out, [&](const std::string& word) {
+        const bool read = word[0] == '?';
+        const std::string step = word.substr(read ? 1 : 0);
         const std::size_t eq = step.find('=');
-        const std::string lhs = step.substr(0, eq), v = eq == std::string::npos ? "" : step.substr(eq + 1);
+        const std::string lhs = step.substr(0, eq);
+        const std::string v = eq == std::string::npos ? "" : step.substr(eq + 1);
         Nums a;
         for (std::size_t at = lhs.find(':'); at != std::string::npos; at = lhs.find(':', at + 1))
             a.push_back(test::number(lhs.substr(at + 1, lhs.find(':', at + 1) - at - 1)));
         const std::string key = lhs.substr(0, lhs.find(':'));
-        try {
-            if (read) put(out, lhs + "=" + reads.at(key)(c, a));
-            if (!read) does.at(key)(c, a, v);
-        } catch (const text::RuntimeError& e) {
-            put(out, "!" + std::to_string(e.number()));
-        }
-    }
+        if (read) put(out, lhs + "=" + reads.at(key)(c, a));
+        if (!read) does.at(key)(c, a, v);
+    });
 }
 
 std::string n(double x) { return test::shortest(x); }
 
 const Does<Grid> kGridDoes{
-    {"rows", [](Grid& g, const Nums& a, const std::string&) { g.set_rows(a.at(0)); }},
-    {"cols", [](Grid& g, const Nums& a, const std::string&) { g.set_cols(a.at(0)); }},
-    {"row", [](Grid& g, const Nums& a, const std::string&) { g.set_row(a.at(0)); }},
-    {"col", [](Grid& g, const Nums& a, const std::string&) { g.set_col(a.at(0)); }},
-    {"clear", [](Grid& g, const Nums&, const std::string&) { g.clear(); }},
-    {"redraw", [](Grid& g, const Nums& a, const std::string&) { g.set_redraw(a.at(0)); }},
-    {"text", [](Grid& g, const Nums& a, const std::string& v) { g.set_text(a.at(0), a.at(1), v); }},
-    {"back", [](Grid& g, const Nums& a, const std::string&) { g.set_cell_back_color(a.at(0), a.at(1), a.at(2)); }},
-    {"hidden", [](Grid& g, const Nums& a, const std::string&) { g.set_row_hidden(a.at(0), a.at(1)); }},
-    {"colhidden", [](Grid& g, const Nums& a, const std::string&) { g.set_col_hidden(a.at(0), a.at(1)); }},
-    {"width", [](Grid& g, const Nums& a, const std::string&) { g.set_col_width(a.at(0), a.at(1)); }},
-    {"align", [](Grid& g, const Nums& a, const std::string&) { g.set_col_alignment(a.at(0), a.at(1)); }},
-    {"select", [](Grid& g, const Nums& a, const std::string&) { g.set_selected_rows({a.begin(), a.end()}); }},
+    {"rows", [](Grid& g, const Nums& a, Text) { g.set_rows(a.at(0)); }},
+    {"cols", [](Grid& g, const Nums& a, Text) { g.set_cols(a.at(0)); }},
+    {"row", [](Grid& g, const Nums& a, Text) { g.set_row(a.at(0)); }},
+    {"col", [](Grid& g, const Nums& a, Text) { g.set_col(a.at(0)); }},
+    {"clear", [](Grid& g, const Nums&, Text) { g.clear(); }},
+    {"redraw", [](Grid& g, const Nums& a, Text) { g.set_redraw(a.at(0)); }},
+    {"text", [](Grid& g, const Nums& a, Text v) { g.set_text(a.at(0), a.at(1), v); }},
+    {"back",
+     [](Grid& g, const Nums& a, Text) { g.set_cell_back_color(a.at(0), a.at(1), a.at(2)); }},
+    {"hidden", [](Grid& g, const Nums& a, Text) { g.set_row_hidden(a.at(0), a.at(1)); }},
+    {"colhidden", [](Grid& g, const Nums& a, Text) { g.set_col_hidden(a.at(0), a.at(1)); }},
+    {"width", [](Grid& g, const Nums& a, Text) { g.set_col_width(a.at(0), a.at(1)); }},
+    {"align", [](Grid& g, const Nums& a, Text) { g.set_col_alignment(a.at(0), a.at(1)); }},
+    {"select", [](Grid& g, const Nums& a, Text) { g.set_selected_rows({a.begin(), a.end()}); }},
 };
 const Reads<Grid> kGridReads{
     {"rows", [](const Grid& g, const Nums&) { return n(g.rows()); }},
@@ -242,18 +250,18 @@ const Reads<Grid> kGridReads{
 // tests/golden/tables/grid.txt: steps on a new table of 3 x 2, each RowColChange and each word to
 // the view in the transcript: sizes, bounds, hidden rows and columns, selection, colours, the
 // current cell and redraw.
-TEST(GridSteps, StepsReadAndMoveTheTable) {
-    test::run_table("grid.txt", {{"grid", [](const test::TableArgs& steps) -> test::TableResult {
-                                      test::FakePlatform platform;
-                                      App app{platform};
-                                      Grid& g = app.form<TableWindow>().Fg;
-                                      std::string out;
-                                      g.RowColChange = [&] { put(out, "RowColChange"); };
-                                      g.changed = [&] { put(out, "view"); };
-                                      play_steps(g, kGridDoes, kGridReads, steps, out);
-                                      return out;
-                                  }}});
+test::TableResult play_grid(const test::TableArgs& steps) {
+    test::FakePlatform platform;
+    App app{platform};
+    Grid& g = app.form<TableWindow>().Fg;
+    std::string out;
+    g.RowColChange = [&] { put(out, "RowColChange"); };
+    g.changed = [&] { put(out, "view"); };
+    play_steps(g, kGridDoes, kGridReads, steps, out);
+    return out;
 }
+
+TEST(GridSteps, StepsReadAndMoveTheTable) { test::run_table("grid.txt", {{"grid", play_grid}}); }
 
 TEST_F(GridTest, CopiesAsTabSeparatedTextWithItsHeading) {
     g.set_rows(4);
@@ -311,27 +319,32 @@ TEST_F(PictureBoxTest, TextMetricsComeInTheUserScale) {
 }
 
 std::string op_text(const DrawOp& op) {
-    const std::string kind = op.kind == DrawOp::Kind::Line ? "line" : op.kind == DrawOp::Kind::Point ? "point" : "text";
-    return kind + "," + n(op.x1) + "," + n(op.y1) + "," + n(op.x2) + "," + n(op.y2) + "," + n(op.color) + "," +
-           n(op.width) + (op.kind == DrawOp::Kind::Text ? "," + op.text : "");
+    const bool text = op.kind == DrawOp::Kind::Text;
+    const std::string kind = op.kind == DrawOp::Kind::Line ? "line" : text ? "text" : "point";
+    return kind + "," + n(op.x1) + "," + n(op.y1) + "," + n(op.x2) + "," + n(op.y2) + "," +
+           n(op.color) + "," + n(op.width) + (text ? "," + op.text : "");
 }
 
 const Does<PictureBox> kPictureDoes{
-    {"scale", [](PictureBox& p, const Nums& a, const std::string&) { p.scale(a.at(0), a.at(1), a.at(2), a.at(3)); }},
-    {"reset", [](PictureBox& p, const Nums&, const std::string&) { p.scale_reset(); }},
+    {"scale",
+     [](PictureBox& p, const Nums& a, Text) { p.scale(a.at(0), a.at(1), a.at(2), a.at(3)); }},
+    {"reset", [](PictureBox& p, const Nums&, Text) { p.scale_reset(); }},
     {"line",
-     [](PictureBox& p, const Nums& a, const std::string&) {
+     [](PictureBox& p, const Nums& a, Text) {
          p.line(a.at(0), a.at(1), a.at(2), a.at(3), a.size() > 4 ? a[4] : -1);
      }},
-    {"pset", [](PictureBox& p, const Nums& a, const std::string&) { p.pset(a.at(0), a.at(1), a.size() > 2 ? a[2] : -1); }},
-    {"drawwidth", [](PictureBox& p, const Nums& a, const std::string&) { p.set_draw_width(a.at(0)); }},
-    {"cx", [](PictureBox& p, const Nums& a, const std::string&) { p.set_current_x(a.at(0)); }},
-    {"cy", [](PictureBox& p, const Nums& a, const std::string&) { p.set_current_y(a.at(0)); }},
-    {"print", [](PictureBox& p, const Nums&, const std::string& v) { p.print(v); }},
-    {"cls", [](PictureBox& p, const Nums&, const std::string&) { p.cls(); }},
-    {"refresh", [](PictureBox& p, const Nums&, const std::string&) { p.refresh(); }},
-    {"width", [](PictureBox& p, const Nums& a, const std::string&) { p.set_width(a.at(0)); }},
-    {"height", [](PictureBox& p, const Nums& a, const std::string&) { p.set_height(a.at(0)); }},
+    {"pset",
+     [](PictureBox& p, const Nums& a, Text) {
+         p.pset(a.at(0), a.at(1), a.size() > 2 ? a[2] : -1);
+     }},
+    {"drawwidth", [](PictureBox& p, const Nums& a, Text) { p.set_draw_width(a.at(0)); }},
+    {"cx", [](PictureBox& p, const Nums& a, Text) { p.set_current_x(a.at(0)); }},
+    {"cy", [](PictureBox& p, const Nums& a, Text) { p.set_current_y(a.at(0)); }},
+    {"print", [](PictureBox& p, const Nums&, Text v) { p.print(v); }},
+    {"cls", [](PictureBox& p, const Nums&, Text) { p.cls(); }},
+    {"refresh", [](PictureBox& p, const Nums&, Text) { p.refresh(); }},
+    {"width", [](PictureBox& p, const Nums& a, Text) { p.set_width(a.at(0)); }},
+    {"height", [](PictureBox& p, const Nums& a, Text) { p.set_height(a.at(0)); }},
 };
 const Reads<PictureBox> kPictureReads{
     {"left", [](const PictureBox& p, const Nums&) { return n(p.scale_left()); }},
@@ -355,16 +368,18 @@ const Reads<PictureBox> kPictureReads{
 
 // tests/golden/tables/picture.txt: steps on a new picture of 9165 x 3000 twips, each repaint in
 // the transcript: the user scale to twips, what is recorded, clearing, a scale of no size.
+test::TableResult play_picture(const test::TableArgs& steps) {
+    test::FakePlatform platform;
+    App app{platform};
+    PictureBox& p = app.form<Chart>().picNemodar;
+    std::string out;
+    p.changed = [&] { put(out, "changed"); };
+    play_steps(p, kPictureDoes, kPictureReads, steps, out);
+    return out;
+}
+
 TEST(PictureSteps, StepsDrawAndMapThePicture) {
-    test::run_table("picture.txt", {{"picture", [](const test::TableArgs& steps) -> test::TableResult {
-                                         test::FakePlatform platform;
-                                         App app{platform};
-                                         PictureBox& p = app.form<Chart>().picNemodar;
-                                         std::string out;
-                                         p.changed = [&] { put(out, "changed"); };
-                                         play_steps(p, kPictureDoes, kPictureReads, steps, out);
-                                         return out;
-                                     }}});
+    test::run_table("picture.txt", {{"picture", play_picture}});
 }
 
 }  // namespace

@@ -128,8 +128,9 @@ TEST_F(ViewsTest, EveryWindowIsBoundFitsAndAnswersAlt) {
     };
     auto each = [&]<class... F>() { (check.operator()<F>(), ...); };
     using namespace windows;
-    each.operator()<frmMain, xhelp, Form1, Form14, Form2, Form3, Form4, Form12, Form13, MeasuresWindow, Form6, Form7,
-                    Form8, NspWindow, Form9, Form10, Form11, frmCurveCapacity>();
+    each.operator()<frmMain, xhelp, Form1, Form14, Form2, Form3, Form4, Form12, Form13,
+                    MeasuresWindow, Form6, Form7, Form8, NspWindow, Form9, Form10, Form11,
+                    frmCurveCapacity>();
 }
 
 TEST_F(ViewsTest, AboutShowsTheVersion) {
