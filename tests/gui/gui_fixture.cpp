@@ -27,15 +27,10 @@ namespace tv::test {
 
 using forms::ControlKind;
 
-std::string shots_dir() {
-    const QString dir = QStringLiteral(TV_BINARY_DIR "/gui-screenshots");
-    QDir().mkpath(dir);
-    return dir.toStdString();
-}
-
 std::string save_shot(QWidget& widget, const std::string& name) {
     settle();
-    const std::string path = shots_dir() + "/" + name + ".png";
+    QDir().mkpath(QStringLiteral(TV_BINARY_DIR "/gui-screenshots"));
+    const std::string path = TV_BINARY_DIR "/gui-screenshots/" + name + ".png";
     widget.grab().save(QString::fromStdString(path));
     return path;
 }
@@ -102,18 +97,6 @@ void tick(QAbstractButton* box) {
         qobject_cast<QRadioButton*>(box) ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator;
     const QRect indicator = box->style()->subElementRect(element, &option, box);
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
-}
-
-bool inside(const QWidget& inner, const QWidget& outer) {
-    const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
-    return outer.rect().contains(r);
-}
-
-void expect_fits_work_area(const QWidget& view) {
-    const QSize work_area(1280, 800);
-    const QSize least = view.minimumSizeHint();
-    EXPECT_TRUE(least.width() <= work_area.width() && least.height() <= work_area.height())
-        << view.windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
 }
 
 void expect_labels_inside_strips(const QWidget& view) {

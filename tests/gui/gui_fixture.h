@@ -26,9 +26,7 @@ namespace tv::test {
 /// The softening curve of the window's tests, as a file.
 inline const char* kSofteningCurve = TV_SOURCE_DIR "/tests/golden/inputs/softening_curve.txt";
 
-/// <build>/gui-screenshots, created on first use.
-std::string shots_dir();
-/// Saves the widget's image under shots_dir() as <name>.png and gives the path.
+/// Saves the widget's image as <build>/gui-screenshots/<name>.png and gives the path.
 std::string save_shot(QWidget& widget, const std::string& name);
 /// Lets queued refreshes, layouts and paints run.
 void settle();
@@ -40,12 +38,6 @@ void expect_all_bound(const QWidget& view, const forms::Form& model);
 /// A click on the box of a check box or option, where a user aims: a click in the empty room
 /// beside its text is no click.
 void tick(QAbstractButton* box);
-
-/// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
-bool inside(const QWidget& inner, const QWidget& outer);
-
-/// A window of a work area of 1280 x 800 holds the view whole.
-void expect_fits_work_area(const QWidget& view);
 
 /// Every label of the view's axis strips, and of the charts drawn whole by their windows, is
 /// painted whole inside its picture, and there is one.
