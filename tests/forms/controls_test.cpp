@@ -2,6 +2,9 @@
 // control), the table of text cells and the recording picture.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -9,48 +12,62 @@
 #include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/picture_box.h"
-#include "support/errors.h"
 #include "support/fake_platform.h"
+#include "support/tables.h"
 #include "text/runtime_error.h"
 
 namespace tv::forms {
 namespace {
 
-using tv::test::error_of;
+// Steps of the tables below write what happened into a transcript, a word each.
+void put(std::string& out, const std::string& s) { out += (out.empty() ? "" : " ") + s; }
+
+// Runs each step; a run-time error writes "!<number>" and the steps go on.
+void each_step(const test::TableArgs& steps, std::string& out,
+               const std::function<void(const std::string&)>& step) {
+    for (std::size_t i = 1; i < steps.size(); ++i) {
+        try {
+            step(steps[i]);
+        } catch (const text::RuntimeError& e) {
+            put(out, "!" + std::to_string(e.number()));
+        }
+    }
+}
 
 // A window with one of each kind; every handler writes its name into `fired`.
 class Panel : public Form {
 public:
     explicit Panel(App& app) : Form(app, "Panel", "Panel") {
-        Text1.Change = [this] { fired.push_back("Text1_Change"); };
+        Text1.Change = [this] { put(fired, "Text1_Change"); };
+        Text1.changed = [this] { put(fired, "Text1_view"); };  // what tells the view
         Text2.Change = [this] {
-            fired.push_back("Text2_Change");
+            put(fired, "Text2_Change");
             Text3.set_text("");  // a result goes stale when its input changes
         };
-        Text3.Change = [this] { fired.push_back("Text3_Change"); };
+        Text3.Change = [this] { put(fired, "Text3_Change"); };
         Check1.Click = [this] {
-            fired.push_back("Check1_Click");
+            put(fired, "Check1_Click");
             if (Check1.value() == 1) Check2.set_value(0);
         };
         Check2.Click = [this] {
-            fired.push_back("Check2_Click");
+            put(fired, "Check2_Click");
             if (Check2.value() == 1) Check1.set_value(0);
         };
-        Option1.Click = [this] { fired.push_back("Option1_Click"); };
-        Option2.Click = [this] { fired.push_back("Option2_Click"); };
-        Option3.Click = [this] { fired.push_back("Option3_Click"); };
-        Option4.Click = [this] { fired.push_back("Option4_Click"); };
-        Command1.Click = [this] { fired.push_back("Command1_Click"); };
-        Combo1.Click = [this] { fired.push_back("Combo1_Click"); };
-        Slider1.Change = [this] { fired.push_back("Slider1_Change"); };
-        HScroll1.Change = [this] { fired.push_back("HScroll1_Change"); };
-        HScroll1.Scroll = [this] { fired.push_back("HScroll1_Scroll"); };
-        Timer1.OnTimer = [this] { fired.push_back("Timer1_Timer"); };
-        mnuExit.Click = [this] { fired.push_back("mnuExit_Click"); };
-        Label1.Click = [this] { fired.push_back("Label1_Click"); };
+        Option1.Click = [this] { put(fired, "Option1_Click"); };
+        Option2.Click = [this] { put(fired, "Option2_Click"); };
+        Option3.Click = [this] { put(fired, "Option3_Click"); };
+        Option4.Click = [this] { put(fired, "Option4_Click"); };
+        Command1.Click = [this] { put(fired, "Command1_Click"); };
+        Combo1.Click = [this] { put(fired, "Combo1_Click"); };
+        Slider1.Change = [this] { put(fired, "Slider1_Change"); };
+        HScroll1.Change = [this] { put(fired, "HScroll1_Change"); };
+        HScroll1.Scroll = [this] { put(fired, "HScroll1_Scroll"); };
+        Timer1.OnTimer = [this] { put(fired, "Timer1_Timer"); };
+        mnuExit.Click = [this] { put(fired, "mnuExit_Click"); };
+        Label1.Click = [this] { put(fired, "Label1_Click"); };
     }
 
-    std::vector<std::string> fired;
+    std::string fired;
 
     TextBox& Text1 = text_box("Text1", "1");
     TextBox& Text2 = text_box("Text2", "0.05");
@@ -73,191 +90,74 @@ public:
     Label& Label1 = label("Label1", "Set Default");
 };
 
-class ControlsTest : public ::testing::Test {
-protected:
+// What "?Name" reads: the value a control holds (a list's as index:text).
+std::string value_of(const Control& c) {
+    if (auto* t = dynamic_cast<const TextBox*>(&c)) return t->text();
+    if (auto* b = dynamic_cast<const CheckBox*>(&c)) return std::to_string(b->value());
+    if (auto* o = dynamic_cast<const OptionButton*>(&c)) return std::to_string(o->value());
+    if (auto* l = dynamic_cast<const ComboBox*>(&c))
+        return std::to_string(l->list_index()) + ":" + l->text();
+    if (auto* s = dynamic_cast<const Slider*>(&c)) return std::to_string(s->value());
+    return std::to_string(dynamic_cast<const HScrollBar&>(c).value());
+}
+
+// One step on the panel: "Name=v" sets the value from code, "Name.enabled=0" (.visible, .locked,
+// .max) a property, "Name+item" adds to a list, "Name!" is the user's click (a press, a tick, a
+// menu choice), "Name~v" the user's drag of a scroll bar, "?Name" writes the value into `fired`.
+void play(Panel& w, const std::string& step) {
+    if (step[0] == '?') {
+        put(w.fired, step.substr(1) + "=" + value_of(*w.find(step.substr(1))));
+        return;
+    }
+    const std::size_t at = step.find_first_of(".=+!~");
+    Control& c = *w.find(step.substr(0, at));
+    const std::string v = step.substr(step.find_first_of("=+!~", at) + 1);
+    const int n = std::atoi(v.c_str());
+    if (step[at] == '.') {
+        const std::string property = step.substr(at + 1, step.find('=') - at - 1);
+        if (property == "enabled") c.set_enabled(n);
+        if (property == "visible") c.set_visible(n);
+        if (property == "locked") dynamic_cast<TextBox&>(c).locked = n;
+        if (property == "max") dynamic_cast<HScrollBar&>(c).set_max(n);
+    } else if (step[at] == '+') {
+        dynamic_cast<ComboBox&>(c).add_item(v);
+    } else if (step[at] == '~') {
+        dynamic_cast<HScrollBar&>(c).user_scroll(n);
+    } else if (step[at] == '!') {
+        if (auto* b = dynamic_cast<CheckBox*>(&c)) b->user_click();
+        if (auto* o = dynamic_cast<OptionButton*>(&c)) o->user_click();
+        if (auto* b = dynamic_cast<CommandButton*>(&c)) b->press();
+        if (auto* t = dynamic_cast<Timer*>(&c)) t->tick();
+        if (auto* m = dynamic_cast<Menu*>(&c)) m->choose();
+        if (auto* l = dynamic_cast<Label*>(&c)) l->click();
+    } else {
+        if (auto* t = dynamic_cast<TextBox*>(&c)) t->set_text(v);
+        if (auto* b = dynamic_cast<CheckBox*>(&c)) b->set_value(n);
+        if (auto* o = dynamic_cast<OptionButton*>(&c)) o->set_value(n);
+        if (auto* l = dynamic_cast<ComboBox*>(&c)) l->set_list_index(n);
+        if (auto* s = dynamic_cast<Slider*>(&c)) s->set_value(n);
+        if (auto* s = dynamic_cast<HScrollBar*>(&c)) s->set_value(n);
+    }
+}
+
+// tests/golden/tables/controls.txt: steps on a new panel -> what fired and what was read, in
+// order.
+test::TableResult play_panel(const test::TableArgs& steps) {
     test::FakePlatform platform;
     App app{platform};
     Panel& w = app.form<Panel>();
-};
-
-TEST_F(ControlsTest, TextBoxChangesOnlyWhenTheTextChanges) {
-    w.Text1.set_text("1");
-    EXPECT_TRUE(w.fired.empty());
-    w.Text1.set_text("1.0");  // the same number, another text
-    w.Text1.set_text("");
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text1_Change", "Text1_Change"}));
-    EXPECT_EQ(w.Text1.text(), "");
+    each_step(steps, w.fired, [&](const std::string& step) { play(w, step); });
+    return w.fired;
 }
 
-TEST_F(ControlsTest, TextChangeChainsIntoTheBoxesItWrites) {
-    w.Text2.set_text("0.07");
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text2_Change", "Text3_Change"}));
-    EXPECT_EQ(w.Text3.text(), "");
-    w.fired.clear();
-    w.Text2.set_text("0.05");  // Text3 is already empty: no second Change
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text2_Change"}));
+TEST(ControlEvents, StepsFireTheirEvents) {
+    test::run_table("controls.txt", {{"play", play_panel}});
 }
 
-TEST_F(ControlsTest, LockedTextBoxStillTakesTextFromCode) {
-    w.Text1.locked = true;
-    w.Text1.set_text("2");
-    EXPECT_EQ(w.Text1.text(), "2");
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Text1_Change"}));
-}
-
-TEST_F(ControlsTest, ChangedHookTellsTheViewOfEveryChange) {
-    int calls = 0;
-    w.Text1.changed = [&] { ++calls; };
-    w.Text1.set_text("1");
-    w.Text1.set_text("3");
-    w.Text1.set_enabled(false);
-    w.Text1.set_enabled(false);
-    w.Text1.set_visible(false);
-    EXPECT_EQ(calls, 3);
-}
-
-TEST_F(ControlsTest, CheckBoxClicksWhenCodeChangesItsValue) {
-    w.Check1.set_value(0);
-    EXPECT_TRUE(w.fired.empty());
-    w.Check1.set_value(1);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check1_Click"}));
-    EXPECT_TRUE(w.Check1.checked());
-}
-
-TEST_F(ControlsTest, TwoCheckBoxesThatUntickEachOtherPlayOutTheChain) {
-    w.Check1.user_click();  // ticks Check1; Check2 is already unticked
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check1_Click"}));
-    w.fired.clear();
-    w.Check2.user_click();  // ticks Check2, which unticks Check1, whose Click then sees 0
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check2_Click", "Check1_Click"}));
-    EXPECT_EQ(w.Check1.value(), 0);
-    EXPECT_EQ(w.Check2.value(), 1);
-    w.fired.clear();
-    w.Check2.user_click();  // unticks: nothing else moves
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check2_Click"}));
-    EXPECT_EQ(w.Check1.value() + w.Check2.value(), 0);
-}
-
-TEST_F(ControlsTest, DisabledCheckBoxIgnoresTheUserButNotTheCode) {
-    w.Check1.set_enabled(false);
-    w.Check1.user_click();
-    EXPECT_EQ(w.Check1.value(), 0);
-    EXPECT_TRUE(w.fired.empty());
-    w.Check1.set_value(1);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Check1_Click"}));
-}
-
-TEST_F(ControlsTest, OptionClicksWhenSetAndClearsItsFrameOnly) {
-    w.Option3.set_value(true);
-    w.fired.clear();
-    w.Option1.set_value(true);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Option1_Click"}));
-    w.Option2.set_value(true);
-    EXPECT_FALSE(w.Option1.value());
-    EXPECT_TRUE(w.Option2.value());
-    EXPECT_TRUE(w.Option3.value());  // another frame keeps its choice
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Option1_Click", "Option2_Click"}));
-}
-
-TEST_F(ControlsTest, OptionOnTheWindowIsItsOwnGroup) {
-    w.Option1.set_value(true);
-    w.Option5.set_value(true);
-    EXPECT_TRUE(w.Option1.value());
-    EXPECT_TRUE(w.Option5.value());
-}
-
-TEST_F(ControlsTest, OptionAlreadySetOrClearedDoesNotClick) {
-    w.Option1.set_value(true);
-    w.fired.clear();
-    w.Option1.set_value(true);
-    w.Option1.user_click();
-    w.Option1.set_value(false);
-    EXPECT_TRUE(w.fired.empty());
-    EXPECT_FALSE(w.Option1.value());
-    EXPECT_FALSE(w.Option2.value());
-}
-
-TEST_F(ControlsTest, DisabledOptionIgnoresTheUser) {
-    w.Option4.set_enabled(false);
-    w.Option4.user_click();
-    EXPECT_FALSE(w.Option4.value());
-    w.Option3.user_click();
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Option3_Click"}));
-}
-
-TEST_F(ControlsTest, DisabledOrHiddenButtonDoesNotClick) {
-    w.Command1.set_enabled(false);
-    w.Command1.press();
-    w.Command1.set_enabled(true);
-    w.Command1.set_visible(false);
-    w.Command1.press();
-    EXPECT_TRUE(w.fired.empty());
-    w.Command1.set_visible(true);
-    w.Command1.press();
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Command1_Click"}));
-}
-
-TEST_F(ControlsTest, ComboClicksOnIndexChange) {
-    w.Combo1.add_item("I");
-    w.Combo1.add_item("II");
-    w.Combo1.add_item("III");
-    EXPECT_EQ(w.Combo1.list_index(), -1);
-    w.Combo1.set_list_index(1);
-    EXPECT_EQ(w.Combo1.text(), "II");
-    w.Combo1.set_list_index(1);
-    w.Combo1.set_list_index(2);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Combo1_Click", "Combo1_Click"}));
-    EXPECT_EQ(w.Combo1.text(), "III");
-    w.Combo1.set_list_index(-1);
-    EXPECT_EQ(w.Combo1.text(), "");
-}
-
-TEST_F(ControlsTest, ComboIndexOutsideTheListIsInvalidPropertyValue) {
-    w.Combo1.add_item("I");
-    try {
-        w.Combo1.set_list_index(1);
-        FAIL();
-    } catch (const text::RuntimeError& e) {
-        EXPECT_EQ(e.number(), 380);
-    }
-    EXPECT_EQ(w.Combo1.list_index(), -1);
-    EXPECT_TRUE(w.fired.empty());
-}
-
-TEST_F(ControlsTest, SliderClampsAndChangesOnce) {
-    w.Slider1.set_value(4);
-    w.Slider1.set_value(4);
-    w.Slider1.set_value(99);
-    EXPECT_EQ(w.Slider1.value(), 10);
-    w.Slider1.set_value(12);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Slider1_Change", "Slider1_Change"}));
-}
-
-TEST_F(ControlsTest, ScrollBarTellsCodeFromDrag) {
-    w.HScroll1.set_max(275);
-    w.HScroll1.set_value(50);
-    w.HScroll1.user_scroll(60);
-    w.HScroll1.set_value(500);
-    EXPECT_EQ(w.HScroll1.value(), 275);
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"HScroll1_Change", "HScroll1_Scroll", "HScroll1_Change"}));
-    w.HScroll1.set_max(0);
-    EXPECT_EQ(w.HScroll1.value(), 0);
-}
-
-TEST_F(ControlsTest, TimerMenuAndLabelRunOnlyWhenEnabled) {
-    w.Timer1.tick();
-    w.Timer1.set_enabled(false);
-    w.Timer1.tick();
-    w.mnuExit.choose();
-    w.mnuExit.set_enabled(false);
-    w.mnuExit.choose();
-    w.Label1.click();
-    w.Label1.set_enabled(false);
-    w.Label1.click();
-    EXPECT_EQ(w.fired, (std::vector<std::string>{"Timer1_Timer", "mnuExit_Click", "Label1_Click"}));
-}
-
-TEST_F(ControlsTest, ControlsAreFoundByName) {
+TEST(ControlEvents, ControlsAreFoundByName) {
+    test::FakePlatform platform;
+    App app{platform};
+    Panel& w = app.form<Panel>();
     EXPECT_EQ(w.find("Check2"), &w.Check2);
     EXPECT_EQ(w.find_as<TextBox>("Text3"), &w.Text3);
     EXPECT_EQ(w.find_as<TextBox>("Check2"), nullptr);
@@ -269,13 +169,8 @@ TEST_F(ControlsTest, ControlsAreFoundByName) {
 // The table of text cells: sizes, bounds, hidden rows, selection, the current cell and redraw.
 class TableWindow : public Form {
 public:
-    explicit TableWindow(App& app) : Form(app, "TableWindow", "Table") {
-        Fg.RowColChange = [this] { ++row_col_changes; };
-        Fg.changed = [this] { ++view_updates; };
-    }
+    explicit TableWindow(App& app) : Form(app, "TableWindow", "Table") {}
     Grid& Fg = grid("Fg", 3, 2);
-    int row_col_changes = 0;
-    int view_updates = 0;
 };
 
 class GridTest : public ::testing::Test {
@@ -286,150 +181,87 @@ protected:
     Grid& g = w.Fg;
 };
 
-TEST_F(GridTest, StartsEmptyWithTheCurrentRowUnderTheHeading) {
-    EXPECT_EQ(g.rows(), 3);
-    EXPECT_EQ(g.cols(), 2);
-    EXPECT_EQ(g.text(2, 1), "");
-    EXPECT_EQ(g.row(), 1);
-    EXPECT_EQ(g.col(), 0);
-    EXPECT_TRUE(g.redraw());
+// Steps on a control, as words: "key:a:b=text" does, "?key:a:b" reads and writes "key:a:b=<value>"
+// into the transcript.
+using Nums = std::vector<double>;
+using Text = const std::string&;
+template <class C>
+using Does = std::map<std::string, std::function<void(C&, const Nums&, Text)>>;
+template <class C>
+using Reads = std::map<std::string, std::function<std::string(const C&, const Nums&)>>;
+
+template <class C>
+void play_steps(C& c, const Does<C>& does, const Reads<C>& reads, const test::TableArgs& steps,
+                std::string& out) {
+    each_step(steps, out, [&](const std::string& word) {
+        const bool read = word[0] == '?';
+        const std::string step = word.substr(read ? 1 : 0);
+        const std::size_t eq = step.find('=');
+        const std::string lhs = step.substr(0, eq);
+        const std::string v = eq == std::string::npos ? "" : step.substr(eq + 1);
+        Nums a;
+        for (std::size_t at = lhs.find(':'); at != std::string::npos; at = lhs.find(':', at + 1))
+            a.push_back(test::number(lhs.substr(at + 1, lhs.find(':', at + 1) - at - 1)));
+        const std::string key = lhs.substr(0, lhs.find(':'));
+        if (read) put(out, lhs + "=" + reads.at(key)(c, a));
+        if (!read) does.at(key)(c, a, v);
+    });
 }
 
-TEST_F(GridTest, ResizeKeepsTheCellsThatFit) {
-    g.set_text(0, 0, "Step");
-    g.set_text(1, 1, "0.25");
-    g.set_text(2, 1, "0.5");
-    g.set_cols(4);
-    g.set_rows(5);
-    EXPECT_EQ(g.text(0, 0), "Step");
-    EXPECT_EQ(g.text(1, 1), "0.25");
-    EXPECT_EQ(g.text(2, 1), "0.5");
-    EXPECT_EQ(g.text(4, 3), "");
-    EXPECT_EQ(g.text(1, 2), "");
-    g.set_rows(2);
-    g.set_cols(1);
-    EXPECT_EQ(g.text(0, 0), "Step");
-    EXPECT_EQ(error_of([&] { g.text(1, 1); }), text::kSubscript);
-    g.set_rows(3);
-    g.set_cols(2);
-    EXPECT_EQ(g.text(2, 1), "");  // what was cut off does not come back
-    EXPECT_EQ(g.text(1, 1), "");
+std::string n(double x) { return test::shortest(x); }
+
+const Does<Grid> kGridDoes{
+    {"rows", [](Grid& g, const Nums& a, Text) { g.set_rows(a.at(0)); }},
+    {"cols", [](Grid& g, const Nums& a, Text) { g.set_cols(a.at(0)); }},
+    {"row", [](Grid& g, const Nums& a, Text) { g.set_row(a.at(0)); }},
+    {"col", [](Grid& g, const Nums& a, Text) { g.set_col(a.at(0)); }},
+    {"clear", [](Grid& g, const Nums&, Text) { g.clear(); }},
+    {"redraw", [](Grid& g, const Nums& a, Text) { g.set_redraw(a.at(0)); }},
+    {"text", [](Grid& g, const Nums& a, Text v) { g.set_text(a.at(0), a.at(1), v); }},
+    {"back",
+     [](Grid& g, const Nums& a, Text) { g.set_cell_back_color(a.at(0), a.at(1), a.at(2)); }},
+    {"hidden", [](Grid& g, const Nums& a, Text) { g.set_row_hidden(a.at(0), a.at(1)); }},
+    {"colhidden", [](Grid& g, const Nums& a, Text) { g.set_col_hidden(a.at(0), a.at(1)); }},
+    {"width", [](Grid& g, const Nums& a, Text) { g.set_col_width(a.at(0), a.at(1)); }},
+    {"align", [](Grid& g, const Nums& a, Text) { g.set_col_alignment(a.at(0), a.at(1)); }},
+    {"select", [](Grid& g, const Nums& a, Text) { g.set_selected_rows({a.begin(), a.end()}); }},
+};
+const Reads<Grid> kGridReads{
+    {"rows", [](const Grid& g, const Nums&) { return n(g.rows()); }},
+    {"cols", [](const Grid& g, const Nums&) { return n(g.cols()); }},
+    {"row", [](const Grid& g, const Nums&) { return n(g.row()); }},
+    {"col", [](const Grid& g, const Nums&) { return n(g.col()); }},
+    {"redraw", [](const Grid& g, const Nums&) { return n(g.redraw()); }},
+    {"text", [](const Grid& g, const Nums& a) { return g.text(a.at(0), a.at(1)); }},
+    {"back", [](const Grid& g, const Nums& a) { return n(g.cell_back_color(a.at(0), a.at(1))); }},
+    {"hidden", [](const Grid& g, const Nums& a) { return n(g.row_hidden(a.at(0))); }},
+    {"colhidden", [](const Grid& g, const Nums& a) { return n(g.col_hidden(a.at(0))); }},
+    {"width", [](const Grid& g, const Nums& a) { return n(g.col_width(a.at(0))); }},
+    {"align", [](const Grid& g, const Nums& a) { return n(g.col_alignment(a.at(0))); }},
+    {"selcount", [](const Grid& g, const Nums&) { return n(g.selected_row_count()); }},
+    {"layout", [](const Grid& g, const Nums&) { return n(double(g.layout_revision())); }},
+    {"select", [](const Grid& g, const Nums&) {
+         std::string rows;
+         for (int r : g.selected_rows()) rows += ":" + n(r);
+         return rows;
+     }},
+};
+
+// tests/golden/tables/grid.txt: steps on a new table of 3 x 2, each RowColChange and each word to
+// the view in the transcript: sizes, bounds, hidden rows and columns, selection, colours, the
+// current cell and redraw.
+test::TableResult play_grid(const test::TableArgs& steps) {
+    test::FakePlatform platform;
+    App app{platform};
+    Grid& g = app.form<TableWindow>().Fg;
+    std::string out;
+    g.RowColChange = [&] { put(out, "RowColChange"); };
+    g.changed = [&] { put(out, "view"); };
+    play_steps(g, kGridDoes, kGridReads, steps, out);
+    return out;
 }
 
-TEST_F(GridTest, OutOfRangeRaisesSubscript) {
-    EXPECT_EQ(error_of([&] { g.text(3, 0); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.text(0, 2); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.text(-1, 0); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_text(0, -1, "x"); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_col_width(2, 900); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_row_hidden(3, true); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_row(3); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_col(-1); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_cell_back_color(9, 0, 0xFF); }), text::kSubscript);
-    EXPECT_EQ(error_of([&] { g.set_rows(-1); }), text::kSubscript);
-}
-
-TEST_F(GridTest, ClearEmptiesEveryCellKeepingTheSize) {
-    g.set_text(0, 0, "T");
-    g.set_text(2, 1, "9");
-    g.clear();
-    EXPECT_EQ(g.text(0, 0), "");
-    EXPECT_EQ(g.text(2, 1), "");
-    EXPECT_EQ(g.rows(), 3);
-}
-
-TEST_F(GridTest, HiddenRowsFollowTheRowCount) {
-    g.set_row_hidden(2, true);
-    EXPECT_TRUE(g.row_hidden(2));
-    EXPECT_FALSE(g.row_hidden(1));
-    g.set_rows(6);
-    EXPECT_TRUE(g.row_hidden(2));
-    EXPECT_FALSE(g.row_hidden(5));
-    g.set_rows(2);
-    g.set_rows(3);
-    EXPECT_FALSE(g.row_hidden(2));
-}
-
-TEST_F(GridTest, ColumnsKeepWidthAlignmentAndHiddenFlag) {
-    EXPECT_EQ(g.col_width(1), -1);
-    g.set_col_width(1, 1200);
-    g.set_col_alignment(1, 4);
-    g.set_col_hidden(0, true);
-    g.set_cols(3);
-    EXPECT_EQ(g.col_width(1), 1200);
-    EXPECT_EQ(g.col_alignment(1), 4);
-    EXPECT_TRUE(g.col_hidden(0));
-    EXPECT_EQ(g.col_width(2), -1);
-}
-
-TEST_F(GridTest, SelectionDropsRowsThatAreCutOff) {
-    g.set_rows(10);
-    g.set_selected_rows({2, 5, 9});
-    EXPECT_EQ(g.selected_row_count(), 3);
-    g.set_rows(6);
-    EXPECT_EQ(g.selected_rows(), (std::set<int>{2, 5}));
-}
-
-TEST_F(GridTest, BackColoursDropWithTheirRows) {
-    g.set_cell_back_color(2, 1, 0x00FF00);
-    EXPECT_EQ(g.cell_back_color(2, 1), 0x00FF00);
-    EXPECT_EQ(g.cell_back_color(1, 1), -1);
-    g.set_rows(2);
-    g.set_rows(3);
-    EXPECT_EQ(g.cell_back_color(2, 1), -1);
-}
-
-TEST_F(GridTest, RowColChangeFiresOnlyWhenTheCellMoves) {
-    g.set_row(1);
-    EXPECT_EQ(w.row_col_changes, 0);
-    g.set_row(2);
-    g.set_col(1);
-    g.set_col(1);
-    EXPECT_EQ(w.row_col_changes, 2);
-    EXPECT_EQ(g.row(), 2);
-    EXPECT_EQ(g.col(), 1);
-}
-
-TEST_F(GridTest, CurrentCellStaysInsideWhenTheTableShrinks) {
-    g.set_rows(10);
-    g.set_row(9);
-    g.set_rows(4);
-    EXPECT_EQ(g.row(), 3);
-    g.set_rows(0);
-    EXPECT_EQ(g.row(), 0);
-}
-
-TEST_F(GridTest, RedrawOffHoldsTheViewAndOnNotifiesOnce) {
-    const auto layout = g.layout_revision();
-    w.view_updates = 0;
-    g.set_redraw(false);
-    g.set_rows(50);
-    for (int r = 1; r < 50; ++r) g.set_text(r, 0, std::to_string(r));
-    g.set_row_hidden(3, true);
-    g.set_row(7);  // events still fire with redraw off
-    EXPECT_EQ(w.view_updates, 0);
-    EXPECT_EQ(w.row_col_changes, 1);
-    g.set_redraw(true);
-    EXPECT_EQ(w.view_updates, 1);
-    EXPECT_GT(g.layout_revision(), layout);
-    g.set_redraw(true);
-    EXPECT_EQ(w.view_updates, 1);
-    g.set_text(1, 1, "x");
-    EXPECT_EQ(w.view_updates, 2);
-    g.set_text(1, 1, "x");  // the same text: nothing to redraw
-    EXPECT_EQ(w.view_updates, 2);
-}
-
-TEST_F(GridTest, ColumnWidthsAndHiddenFlagsCountAsLayout) {
-    auto before = g.layout_revision();
-    g.set_text(1, 1, "cell");
-    EXPECT_EQ(g.layout_revision(), before);
-    g.set_col_width(0, 500);
-    EXPECT_GT(g.layout_revision(), before);
-    before = g.layout_revision();
-    g.set_row_hidden(1, true);
-    EXPECT_GT(g.layout_revision(), before);
-}
+TEST(GridSteps, StepsReadAndMoveTheTable) { test::run_table("grid.txt", {{"grid", play_grid}}); }
 
 TEST_F(GridTest, CopiesAsTabSeparatedTextWithItsHeading) {
     g.set_rows(4);
@@ -479,75 +311,6 @@ protected:
     PictureBox& p = app.form<Chart>().picNemodar;
 };
 
-TEST_F(PictureBoxTest, WithoutAUserScaleUnitsAreTwips) {
-    EXPECT_EQ(p.scale_width(), 9165);
-    EXPECT_EQ(p.scale_height(), 3000);
-    p.line(10, 20, 30, 40);
-    ASSERT_EQ(p.ops().size(), 1u);
-    const DrawOp& op = p.ops()[0];
-    EXPECT_EQ(op.kind, DrawOp::Kind::Line);
-    EXPECT_EQ(op.x1, 10);
-    EXPECT_EQ(op.y1, 20);
-    EXPECT_EQ(op.x2, 30);
-    EXPECT_EQ(op.y2, 40);
-    EXPECT_EQ(op.color, -1);
-    EXPECT_EQ(op.width, 1);
-}
-
-TEST_F(PictureBoxTest, UserScaleMapsOntoTheTwipsOfThePicture) {
-    // A record chart: index on x from 0 to 1000, value from r = 0.6 at the top to -0.6 at the foot.
-    p.scale(0, 0.6, 1000, -0.6);
-    EXPECT_EQ(p.scale_left(), 0);
-    EXPECT_EQ(p.scale_top(), 0.6);
-    EXPECT_EQ(p.scale_width(), 1000);
-    EXPECT_EQ(p.scale_height(), -1.2);
-    EXPECT_DOUBLE_EQ(p.x_to_twips(500), 4582.5);
-    EXPECT_DOUBLE_EQ(p.y_to_twips(0), 1500);
-    EXPECT_DOUBLE_EQ(p.y_to_twips(0.6), 0);
-    EXPECT_DOUBLE_EQ(p.y_to_twips(-0.6), 3000);
-    EXPECT_DOUBLE_EQ(p.y_to_twips(0.3), 750);
-    EXPECT_DOUBLE_EQ(p.dx_to_twips(100), 916.5);
-    EXPECT_DOUBLE_EQ(p.dy_to_twips(0.6), -1500);
-    EXPECT_DOUBLE_EQ(p.x_from_twips(4582.5), 500);
-    EXPECT_DOUBLE_EQ(p.y_from_twips(750), 0.3);
-}
-
-TEST_F(PictureBoxTest, OperationsAreRecordedInTwips) {
-    p.scale(0, 0.6, 1000, -0.6);
-    p.line(0, 0, 1000, 0.3, 255);
-    p.pset(500, -0.6, 0xFF0000);
-    p.set_draw_width(2);
-    p.line(0, 0.6, 0, -0.6);
-    ASSERT_EQ(p.ops().size(), 3u);
-    EXPECT_DOUBLE_EQ(p.ops()[0].x2, 9165);
-    EXPECT_DOUBLE_EQ(p.ops()[0].y2, 750);
-    EXPECT_EQ(p.ops()[0].color, 255);
-    EXPECT_EQ(p.ops()[1].kind, DrawOp::Kind::Point);
-    EXPECT_DOUBLE_EQ(p.ops()[1].x1, 4582.5);
-    EXPECT_DOUBLE_EQ(p.ops()[1].y1, 3000);
-    EXPECT_EQ(p.ops()[2].width, 2);
-    EXPECT_DOUBLE_EQ(p.ops()[2].y2, 3000);
-}
-
-TEST_F(PictureBoxTest, DrawingMovesTheCurrentPointAndPrintStartsTheNextLine) {
-    p.scale(0, 100, 100, 0);
-    p.line(10, 20, 30, 40);
-    EXPECT_EQ(p.current_x(), 30);
-    EXPECT_EQ(p.current_y(), 40);
-    p.set_current_x(50);
-    p.set_current_y(80);
-    const double line_height = p.text_height();
-    p.print("0.4");
-    ASSERT_EQ(p.ops().size(), 2u);
-    EXPECT_EQ(p.ops()[1].kind, DrawOp::Kind::Text);
-    EXPECT_EQ(p.ops()[1].text, "0.4");
-    EXPECT_DOUBLE_EQ(p.ops()[1].x1, 4582.5);
-    EXPECT_DOUBLE_EQ(p.ops()[1].y1, 600);
-    EXPECT_EQ(p.current_x(), 0);
-    EXPECT_DOUBLE_EQ(p.current_y(), 80 + line_height);
-    EXPECT_LT(line_height, 0);  // the scale runs upward, so a line down is negative
-}
-
 TEST_F(PictureBoxTest, TextMetricsComeInTheUserScale) {
     const double twips = platform.text_width_twips("12.5", p.font_name, p.font_size);
     EXPECT_DOUBLE_EQ(p.text_width("12.5"), twips);
@@ -555,56 +318,68 @@ TEST_F(PictureBoxTest, TextMetricsComeInTheUserScale) {
     EXPECT_DOUBLE_EQ(p.text_width("12.5"), 2 * twips);
 }
 
-TEST_F(PictureBoxTest, ClsClearsAndCounts) {
-    p.scale(0, 1, 10, -1);
-    p.line(0, 0, 5, 0.5);
-    const auto revision = p.revision();
-    int repaints = 0;
-    p.changed = [&] { ++repaints; };
-    p.cls();
-    EXPECT_TRUE(p.ops().empty());
-    EXPECT_EQ(p.current_x(), 0);
-    EXPECT_EQ(p.current_y(), 0);
-    EXPECT_EQ(p.revision(), revision + 1);
-    EXPECT_EQ(repaints, 1);
-    EXPECT_EQ(p.scale_height(), -2);  // the scale stays
-    p.refresh();
-    EXPECT_EQ(repaints, 2);
+std::string op_text(const DrawOp& op) {
+    const bool text = op.kind == DrawOp::Kind::Text;
+    const std::string kind = op.kind == DrawOp::Kind::Line ? "line" : text ? "text" : "point";
+    return kind + "," + n(op.x1) + "," + n(op.y1) + "," + n(op.x2) + "," + n(op.y2) + "," +
+           n(op.color) + "," + n(op.width) + (text ? "," + op.text : "");
 }
 
-TEST_F(PictureBoxTest, ScaleOfNoSizeRaisesWhenDrawnOn) {
-    p.scale(0, 0, 0, -1);  // an empty record: no width
-    for (auto draw : {+[](PictureBox& q) { q.line(0, 0, 1, 1); }, +[](PictureBox& q) { q.pset(0, 0); },
-                      +[](PictureBox& q) { q.print("x"); }}) {
-        try {
-            draw(p);
-            ADD_FAILURE();
-        } catch (const text::RuntimeError& e) {
-            EXPECT_EQ(e.number(), text::kInvalidCall);
-        }
-    }
-    EXPECT_TRUE(p.ops().empty());
-    p.scale(0, 0, 1, 0);
-    EXPECT_THROW(p.line(0, 0, 1, 1), text::RuntimeError);
+const Does<PictureBox> kPictureDoes{
+    {"scale",
+     [](PictureBox& p, const Nums& a, Text) { p.scale(a.at(0), a.at(1), a.at(2), a.at(3)); }},
+    {"reset", [](PictureBox& p, const Nums&, Text) { p.scale_reset(); }},
+    {"line",
+     [](PictureBox& p, const Nums& a, Text) {
+         p.line(a.at(0), a.at(1), a.at(2), a.at(3), a.size() > 4 ? a[4] : -1);
+     }},
+    {"pset",
+     [](PictureBox& p, const Nums& a, Text) {
+         p.pset(a.at(0), a.at(1), a.size() > 2 ? a[2] : -1);
+     }},
+    {"drawwidth", [](PictureBox& p, const Nums& a, Text) { p.set_draw_width(a.at(0)); }},
+    {"cx", [](PictureBox& p, const Nums& a, Text) { p.set_current_x(a.at(0)); }},
+    {"cy", [](PictureBox& p, const Nums& a, Text) { p.set_current_y(a.at(0)); }},
+    {"print", [](PictureBox& p, const Nums&, Text v) { p.print(v); }},
+    {"cls", [](PictureBox& p, const Nums&, Text) { p.cls(); }},
+    {"refresh", [](PictureBox& p, const Nums&, Text) { p.refresh(); }},
+    {"width", [](PictureBox& p, const Nums& a, Text) { p.set_width(a.at(0)); }},
+    {"height", [](PictureBox& p, const Nums& a, Text) { p.set_height(a.at(0)); }},
+};
+const Reads<PictureBox> kPictureReads{
+    {"left", [](const PictureBox& p, const Nums&) { return n(p.scale_left()); }},
+    {"top", [](const PictureBox& p, const Nums&) { return n(p.scale_top()); }},
+    {"swidth", [](const PictureBox& p, const Nums&) { return n(p.scale_width()); }},
+    {"sheight", [](const PictureBox& p, const Nums&) { return n(p.scale_height()); }},
+    {"xt", [](const PictureBox& p, const Nums& a) { return n(p.x_to_twips(a.at(0))); }},
+    {"yt", [](const PictureBox& p, const Nums& a) { return n(p.y_to_twips(a.at(0))); }},
+    {"dxt", [](const PictureBox& p, const Nums& a) { return n(p.dx_to_twips(a.at(0))); }},
+    {"dyt", [](const PictureBox& p, const Nums& a) { return n(p.dy_to_twips(a.at(0))); }},
+    {"xf", [](const PictureBox& p, const Nums& a) { return n(p.x_from_twips(a.at(0))); }},
+    {"yf", [](const PictureBox& p, const Nums& a) { return n(p.y_from_twips(a.at(0))); }},
+    {"cx", [](const PictureBox& p, const Nums&) { return n(p.current_x()); }},
+    {"cy", [](const PictureBox& p, const Nums&) { return n(p.current_y()); }},
+    {"lineheight", [](const PictureBox& p, const Nums&) { return n(p.text_height()); }},
+    {"drawwidth", [](const PictureBox& p, const Nums&) { return n(p.draw_width()); }},
+    {"revision", [](const PictureBox& p, const Nums&) { return n(double(p.revision())); }},
+    {"ops", [](const PictureBox& p, const Nums&) { return n(double(p.ops().size())); }},
+    {"op", [](const PictureBox& p, const Nums& a) { return op_text(p.ops().at(a.at(0))); }},
+};
+
+// tests/golden/tables/picture.txt: steps on a new picture of 9165 x 3000 twips, each repaint in
+// the transcript: the user scale to twips, what is recorded, clearing, a scale of no size.
+test::TableResult play_picture(const test::TableArgs& steps) {
+    test::FakePlatform platform;
+    App app{platform};
+    PictureBox& p = app.form<Chart>().picNemodar;
+    std::string out;
+    p.changed = [&] { put(out, "changed"); };
+    play_steps(p, kPictureDoes, kPictureReads, steps, out);
+    return out;
 }
 
-TEST_F(PictureBoxTest, ResizeKeepsACustomScaleAndFollowsTwipsOtherwise) {
-    p.set_width(4 * 9165);
-    EXPECT_EQ(p.scale_width(), 4 * 9165);
-    p.scale(0, 1, 1000, -1);
-    p.set_width(9165);
-    EXPECT_EQ(p.scale_width(), 1000);
-    EXPECT_DOUBLE_EQ(p.x_to_twips(1000), 9165);
-    p.scale_reset();
-    EXPECT_EQ(p.scale_width(), 9165);
-    EXPECT_EQ(p.scale_top(), 0);
-    p.set_height(1000);
-    EXPECT_EQ(p.scale_height(), 1000);
-}
-
-TEST_F(PictureBoxTest, DrawWidthIsAtLeastOne) {
-    p.set_draw_width(0);
-    EXPECT_EQ(p.draw_width(), 1);
+TEST(PictureSteps, StepsDrawAndMapThePicture) {
+    test::run_table("picture.txt", {{"picture", play_picture}});
 }
 
 }  // namespace

@@ -98,13 +98,9 @@ protected:
         label = add<QLabel>(view, "Label1");
         check = add<QCheckBox>(view, "Check1");
         frame = add<QGroupBox>(view, "Frame1");
-        auto* fl = new QVBoxLayout(frame);
-        option1 = new QRadioButton(frame);
-        option1->setObjectName("Option1");
-        option2 = new QRadioButton(frame);
-        option2->setObjectName("Option2");
-        fl->addWidget(option1);
-        fl->addWidget(option2);
+        new QVBoxLayout(frame);
+        option1 = add<QRadioButton>(*frame, "Option1");
+        option2 = add<QRadioButton>(*frame, "Option2");
         command1 = add<QPushButton>(view, "Command1");
         command2 = add<QPushButton>(view, "Command2");
         combo = add<QComboBox>(view, "Combo1");
@@ -400,7 +396,7 @@ TEST_F(PictureViewTest, GeometryFollowsTheModelInTwips) {
     EXPECT_EQ(plot->width(), px(9000));
 }
 
-TEST_F(PictureViewTest, ReplaysLinesInTheirOldColours) {
+TEST_F(PictureViewTest, ReplaysLinesInTheirOldColoursUntilCleared) {
     // A red horizontal line at y = 0 (mid-height) and a blue vertical one at x = 25.
     form.plot.line(0, 0, 100, 0, 0x0000FF);
     form.plot.line(25, 10, 25, -10, 0xFF0000);
@@ -410,14 +406,8 @@ TEST_F(PictureViewTest, ReplaysLinesInTheirOldColours) {
     EXPECT_EQ(at(img, px(600), mid), QColor(255, 0, 0));
     EXPECT_EQ(at(img, px(1500), px(300)), QColor(0, 0, 255));
     EXPECT_EQ(at(img, px(600), px(300)), QColor(255, 255, 255));
-}
-
-TEST_F(PictureViewTest, ClearEmptiesThePicture) {
-    form.plot.line(0, 0, 100, 0, 0x0000FF);
-    form.plot.refresh();
-    form.plot.cls();
-    const QImage img = image();
-    EXPECT_EQ(at(img, px(600), px(750)), QColor(255, 255, 255));
+    form.plot.cls();  // clears the picture
+    EXPECT_EQ(at(image(), px(600), mid), QColor(255, 255, 255));
 }
 
 TEST_F(PictureViewTest, LineObjectsOnThePictureAreDrawn) {

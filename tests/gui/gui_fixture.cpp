@@ -22,21 +22,15 @@
 
 #include "gui/bind/binder.h"
 #include "gui/bind/picture_view.h"
-#include "windows/project/main_frame_window.h"
 
 namespace tv::test {
 
 using forms::ControlKind;
 
-std::string shots_dir() {
-    const QString dir = QStringLiteral(TV_BINARY_DIR "/gui-screenshots");
-    QDir().mkpath(dir);
-    return dir.toStdString();
-}
-
 std::string save_shot(QWidget& widget, const std::string& name) {
     settle();
-    const std::string path = shots_dir() + "/" + name + ".png";
+    QDir().mkpath(QStringLiteral(TV_BINARY_DIR "/gui-screenshots"));
+    const std::string path = TV_BINARY_DIR "/gui-screenshots/" + name + ".png";
     widget.grab().save(QString::fromStdString(path));
     return path;
 }
@@ -105,18 +99,6 @@ void tick(QAbstractButton* box) {
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, indicator.center());
 }
 
-bool inside(const QWidget& inner, const QWidget& outer) {
-    const QRect r(inner.mapTo(&outer, QPoint(0, 0)), inner.size());
-    return outer.rect().contains(r);
-}
-
-void expect_fits_work_area(const QWidget& view) {
-    const QSize work_area(1280, 800);
-    const QSize least = view.minimumSizeHint();
-    EXPECT_TRUE(least.width() <= work_area.width() && least.height() <= work_area.height())
-        << view.windowTitle().toStdString() << ": " << least.width() << " x " << least.height();
-}
-
 void expect_labels_inside_strips(const QWidget& view) {
     int labels = 0;
     for (const auto* strip : view.findChildren<gui::PictureView*>()) {
@@ -171,31 +153,6 @@ void ViewTest::expect_chart_takes_spare_room() {
     settle();
     EXPECT_EQ(card->size(), before + QSize(200, 120));
     EXPECT_EQ(chart->size(), chart_before + QSize(200, 120));
-}
-
-void RecordRoadTest::SetUp() {
-    x_file = data_path("records/northridge1994_rinaldi_228.txt");
-    y_file = data_path("records/northridge1994_rinaldi_318.txt");
-    if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
-    program.run([this] { windows::start(program); });
-    frame = platform.frame();
-    ASSERT_NE(frame, nullptr);
-    frame->resize(1360, 900);
-    settle();
-}
-
-void RecordRoadTest::choose(const char* action) {
-    QAction* a = frame->findChild<QAction*>(action);
-    ASSERT_NE(a, nullptr) << action;
-    a->trigger();
-    settle();
-}
-
-void RecordRoadTest::open_record() {
-    platform.input_answers = {"1", "1"};
-    platform.file_answers = {x_file, y_file};
-    choose("menu_open");
-    choose("menu_open");
 }
 
 }  // namespace tv::test

@@ -6,8 +6,6 @@
 
 #include <QAbstractButton>
 #include <QLineEdit>
-#include <QMainWindow>
-#include <QPushButton>
 #include <QTest>
 #include <QWidget>
 #include <memory>
@@ -25,21 +23,10 @@
 
 namespace tv::test {
 
-/// The softening curve of the window's tests, in kg and cm: the scan stops at K = 1435, so the
-/// yield point is (1.99, 2855.7214) and Te = 1.022 with Ti = 1.
-inline const char* kSofteningListing =
-    "Pushover curve, case PUSH\n"
-    "Step  Displacement  BaseForce  Hinges\n"
-    " 0  0  0  0\n"
-    " 1  1  1500  0\n"
-    " 2  2  2600  0\n"
-    " 3  3  3000  0\n"
-    " 4  5  3200  0\n"
-    " 5  8  3300  0\n";
+/// The softening curve of the window's tests, as a file.
+inline const char* kSofteningCurve = TV_SOURCE_DIR "/tests/golden/inputs/softening_curve.txt";
 
-/// <build>/gui-screenshots, created on first use.
-std::string shots_dir();
-/// Saves the widget's image under shots_dir() as <name>.png and gives the path.
+/// Saves the widget's image as <build>/gui-screenshots/<name>.png and gives the path.
 std::string save_shot(QWidget& widget, const std::string& name);
 /// Lets queued refreshes, layouts and paints run.
 void settle();
@@ -51,12 +38,6 @@ void expect_all_bound(const QWidget& view, const forms::Form& model);
 /// A click on the box of a check box or option, where a user aims: a click in the empty room
 /// beside its text is no click.
 void tick(QAbstractButton* box);
-
-/// Whether `inner` lies wholly inside `outer`'s own rectangle, in `outer`'s coordinates.
-bool inside(const QWidget& inner, const QWidget& outer);
-
-/// A window of a work area of 1280 x 800 holds the view whole.
-void expect_fits_work_area(const QWidget& view);
 
 /// Every label of the view's axis strips, and of the charts drawn whole by their windows, is
 /// painted whole inside its picture, and there is one.
@@ -126,45 +107,6 @@ public:
         if (open_answer_pending()) return gui::QtPlatform::file_dialog(request);
         return Answering::file_dialog(request);
     }
-};
-
-/// The real views on the real platform, dialogs answered from queues.
-class RealPlatformTest : public ::testing::Test {
-protected:
-    RealPlatformTest() : platform(views), program(platform) { gui::register_views(views); }
-    ~RealPlatformTest() override { platform.release_views(); }
-
-    /// The widget of a window's view by name.
-    template <class W>
-    W* in(const forms::Form& form, const char* name) {
-        QWidget* v = platform.view_of(form);
-        return v ? v->findChild<W*>(name) : nullptr;
-    }
-
-    void click(const forms::Form& form, const char* name) {
-        auto* b = in<QPushButton>(form, name);
-        ASSERT_NE(b, nullptr) << name;
-        ASSERT_TRUE(b->isEnabled()) << name;
-        QTest::mouseClick(b, Qt::LeftButton);
-        settle();
-    }
-
-    gui::ViewRegistry views;
-    ScriptedPlatform platform;
-    windows::Program program;
-};
-
-/// The program started with its main frame, and both files of a real record at hand.
-class RecordRoadTest : public RealPlatformTest {
-protected:
-    void SetUp() override;
-    /// Chooses an item of the main frame's menus.
-    void choose(const char* action);
-    /// "Open/Add Record" for both files of the record, answering "1" and "1" to the prompts.
-    void open_record();
-
-    std::string x_file, y_file;
-    QMainWindow* frame = nullptr;
 };
 
 }  // namespace tv::test

@@ -70,7 +70,7 @@ protected:
     forms::App app;
 };
 
-TEST(QtPlatformBoxes, MessageBoxKeepsTitleButtonsAndIcon) {
+TEST(QtPlatformBoxes, MessageBoxesKeepTitleButtonsAndIconAndAnswerTheOldResults) {
     auto box = QtPlatform::make_message_box("enter File y", MsgButtons::Ok, "Error", MsgIcon::Critical);
     EXPECT_EQ(box->windowTitle(), "Error");
     EXPECT_EQ(box->text(), "enter File y");
@@ -86,20 +86,16 @@ TEST(QtPlatformBoxes, MessageBoxKeepsTitleButtonsAndIcon) {
     auto warn = QtPlatform::make_message_box("x", MsgButtons::AbortRetryIgnore, "t", MsgIcon::Exclamation);
     EXPECT_EQ(warn->icon(), QMessageBox::Warning);
     EXPECT_EQ(warn->standardButtons(), QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore);
-}
 
-TEST(QtPlatformBoxes, AnswersMapToTheOldResults) {
+    auto error = QtPlatform::make_runtime_error_box(11, "Division by zero");
+    EXPECT_EQ(error->windowTitle(), "Run-time error");
+    EXPECT_EQ(error->text(), "Division by zero");
+    EXPECT_EQ(error->icon(), QMessageBox::Critical);
+    // The answers map to the old results.
     EXPECT_EQ(QtPlatform::result_of(QMessageBox::Yes), MsgResult::Yes);
     EXPECT_EQ(QtPlatform::result_of(QMessageBox::No), MsgResult::No);
     EXPECT_EQ(QtPlatform::result_of(QMessageBox::Retry), MsgResult::Retry);
     EXPECT_EQ(QtPlatform::result_of(QMessageBox::Ok), MsgResult::Ok);
-}
-
-TEST(QtPlatformBoxes, RuntimeErrorBox) {
-    auto box = QtPlatform::make_runtime_error_box(11, "Division by zero");
-    EXPECT_EQ(box->windowTitle(), "Run-time error");
-    EXPECT_EQ(box->text(), "Division by zero");
-    EXPECT_EQ(box->icon(), QMessageBox::Critical);
 }
 
 TEST_F(QtPlatformTest, MessageBoxRunsAndReturnsTheButtonPressed) {
@@ -137,7 +133,6 @@ TEST_F(QtPlatformTest, Clipboard) {
     if (QGuiApplication::clipboard()->text().isEmpty()) GTEST_SKIP() << "no clipboard on this platform";
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "T\tSa\r\n0.1\t2.5");
 }
-
 
 // The window pages and the desktop's report (polylines and Persian text) through Qt give one
 // sound PDF, a page for each, with every font embedded.

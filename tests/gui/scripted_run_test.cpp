@@ -35,6 +35,7 @@
 #include "windows/spectra/design_spectrum_window.h"
 #include "windows/spectra/response_spectrum_window.h"
 #include "windows/project/about_window.h"
+#include "windows/project/main_frame_window.h"
 #include "windows/project/record_input_window.h"
 
 namespace tv::gui {
@@ -58,15 +59,60 @@ void drag(QWidget* w, QPointF from, double dx) {
     test::settle();
 }
 
-class ScriptedRun : public test::RecordRoadTest {
+// The real views on the real platform, dialogs answered from queues; the program started with
+// its main frame, and both files of a real record at hand.
+class ScriptedRun : public ::testing::Test {
 protected:
+    ScriptedRun() : platform(views), program(platform) { register_views(views); }
+    ~ScriptedRun() override { platform.release_views(); }
+    void SetUp() override {
+        x_file = test::data_path("records/northridge1994_rinaldi_228.txt");
+        y_file = test::data_path("records/northridge1994_rinaldi_318.txt");
+        if (x_file.empty() || y_file.empty()) GTEST_SKIP() << "record files not found";
+        program.run([this] { windows::start(program); });
+        frame = platform.frame();
+        ASSERT_NE(frame, nullptr);
+        frame->resize(1360, 900);
+        test::settle();
+    }
+    /// The widget of a window's view by name.
+    template <class W>
+    W* in(const forms::Form& form, const char* name) {
+        QWidget* v = platform.view_of(form);
+        return v ? v->findChild<W*>(name) : nullptr;
+    }
+    void click(const forms::Form& form, const char* name) {
+        auto* b = in<QPushButton>(form, name);
+        ASSERT_NE(b, nullptr) << name;
+        ASSERT_TRUE(b->isEnabled()) << name;
+        QTest::mouseClick(b, Qt::LeftButton);
+        test::settle();
+    }
+    /// Chooses an item of the main frame's menus.
+    void choose(const char* action) {
+        QAction* a = frame->findChild<QAction*>(action);
+        ASSERT_NE(a, nullptr) << action;
+        a->trigger();
+        test::settle();
+    }
+    /// "Open/Add Record" for both files of the record, answering "1" and "1" to the prompts.
+    void open_record() {
+        platform.input_answers = {"1", "1"};
+        platform.file_answers = {x_file, y_file};
+        choose("menu_open");
+        choose("menu_open");
+    }
     template <class W>
     W* in_form1(const char* name) {
         return in<W>(program.form<windows::Form1>(), name);
     }
-    /// The record opened and its diagram shown.
-    windows::Form1& show_record() {
+    /// The record opened, its first line typed when given, and its diagram shown.
+    windows::Form1& show_record(const char* first_line = nullptr) {
         open_record();
+        if (first_line != nullptr) {
+            in_form1<QLineEdit>("Xfline")->selectAll();
+            QTest::keyClicks(in_form1<QLineEdit>("Xfline"), first_line);
+        }
         click(program.form<windows::Form1>(), "Command2");
         return program.form<windows::Form1>();
     }
@@ -90,6 +136,11 @@ protected:
         test::expect_tables_whole(*platform.view_of(form));
         test::save_shot(*frame, form.name() + "_maximised");
     }
+    ViewRegistry views;
+    test::ScriptedPlatform platform;
+    windows::Program program;
+    std::string x_file, y_file;
+    QMainWindow* frame = nullptr;
     test::TempDir scratch;
 };
 
@@ -113,28 +164,18 @@ TEST_F(ScriptedRun, WindowsFitASmallScreenAndTheWindowMenuReachesThem) {
     auto* menu = frame->findChild<QMenu*>("window_menu");
     ASSERT_NE(menu, nullptr);
     emit menu->aboutToShow();
-    QStringList entries;
-    for (QAction* a : menu->actions()) entries << a->text();
-    EXPECT_EQ(entries.filter("Input file parameters").size(), 1) << entries.join(", ").toStdString();
-    // Choosing a window from the menu brings it to the front.
-    QAction* form1 = nullptr;
+    // The record window is in the menu once; choosing it brings it to the front.
+    QList<QAction*> form1;
     for (QAction* a : menu->actions())
-        if (a->text().contains("Input file parameters")) form1 = a;
-    ASSERT_NE(form1, nullptr);
-    form1->trigger();
+        if (a->text().contains("Input file parameters")) form1 << a;
+    ASSERT_EQ(form1.size(), 1);
+    form1[0]->trigger();
     test::settle();
     EXPECT_EQ(area->activeSubWindow(), platform.window_of(program.form<windows::Form1>()));
 }
 
 TEST_F(ScriptedRun, ShowDiagramDrawsTheChartAndTheGesturesWork) {
-    open_record();
-    windows::Form1& f1 = program.form<windows::Form1>();
-    auto* first = in_form1<QLineEdit>("Xfline");
-    ASSERT_NE(first, nullptr);
-    first->selectAll();
-    QTest::keyClicks(first, "5");
-    QTest::mouseClick(in_form1<QPushButton>("Command2"), Qt::LeftButton);
-    test::settle();
+    windows::Form1& f1 = show_record("5");
     EXPECT_TRUE(platform.runtime_errors.empty());
     EXPECT_TRUE(platform.messages.empty());
     QWidget* view = platform.view_of(f1);
@@ -230,12 +271,7 @@ TEST_F(ScriptedRun, TheGuidesPicturesAtALaptopsSize) {
     // maximised; scripts/make-screenshot copies them into docs/images.
     frame->resize(1366, 768);
     test::settle();
-    open_record();
-    windows::Form1& f1 = program.form<windows::Form1>();
-    auto* first = in_form1<QLineEdit>("Xfline");
-    first->selectAll();
-    QTest::keyClicks(first, "5");
-    click(f1, "Command2");
+    windows::Form1& f1 = show_record("5");
     QMdiSubWindow* record = platform.mdi_area()->activeSubWindow();
     ASSERT_NE(record, nullptr);
     record->showMaximized();
@@ -379,7 +415,7 @@ TEST_F(ScriptedRun, TheFourierChartZoomsAboutThePointerAndPans) {
 }
 
 TEST_F(ScriptedRun, ThePushoverDiagramZoomsAndTheProceduresDiagramGrows) {
-    const std::string curve = scratch.write("curve.txt", test::kSofteningListing);
+    const std::string curve = test::kSofteningCurve;
     auto& f6 = program.form<windows::Form6>();
     program.run([&] { f6.show(), f6.Text1.set_text(curve); });
     click(f6, "Command2");
