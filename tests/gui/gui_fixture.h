@@ -19,12 +19,10 @@
 #include "gui/platform/view_registry.h"
 #include "gui/views.h"
 #include "support/fake_platform.h"
+#include "support/softening_curve.h"
 #include "windows/program.h"
 
 namespace tv::test {
-
-/// The softening curve of the window's tests, as a file.
-inline const char* kSofteningCurve = TV_SOURCE_DIR "/tests/golden/inputs/softening_curve.txt";
 
 /// Saves the widget's image as <build>/gui-screenshots/<name>.png and gives the path.
 std::string save_shot(QWidget& widget, const std::string& name);

@@ -42,7 +42,7 @@ protected:
 
     /// The curve read, the last step selected and the yield point found by the scan.
     void solve_softening() {
-        start_listing(write("curve.txt", kSofteningListing));
+        start_listing(write("curve.txt", slurp(kSofteningCurve)));
         press(f6().Command3);
     }
 

@@ -33,7 +33,7 @@ TEST_F(PushoverWindowTest, TheMenuOpensTheWindowWithItsDefaults) {
 }
 
 TEST_F(PushoverWindowTest, SaveDataIsThePointsTheDiagramJoinsInTheChosenUnits) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     windows::Form6& f = f6();
     ASSERT_EQ(f.drawn_data().at(0).values.size(), f.picDiagram.ops().size() + 1);
     // Roof displacement (cm) and base force (kgf): the curve's six points to (8, 3300).
@@ -41,7 +41,7 @@ TEST_F(PushoverWindowTest, SaveDataIsThePointsTheDiagramJoinsInTheChosenUnits) {
 }
 
 TEST_F(PushoverWindowTest, TheTimerBlinksTheMarkerAndCheck1DrawsTheKiLine) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     windows::Form6& f = f6();
     program.run([&] { f.Timer1.tick(); });
     EXPECT_FALSE(f.Shape1.visible());
@@ -103,7 +103,7 @@ TEST_F(PushoverWindowTest, StartAgainKeepsTheYieldPointButHidesTheLines) {
 }
 
 TEST_F(PushoverWindowTest, AnotherRowBecomesTheTarget) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     windows::Form6& f = f6();
     program.run([&] { f.select_row(4); });
     EXPECT_EQ(f.selectedStep, 3);
@@ -119,7 +119,7 @@ TEST_F(PushoverWindowTest, AnotherRowBecomesTheTarget) {
 }
 
 TEST_F(PushoverWindowTest, NoSelectedStepLeavesTheWindowHalfDisabled) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     windows::Form6& f = f6();
     f.Fg.set_selected_rows({});
     press(f.Command3);
@@ -133,7 +133,7 @@ TEST_F(PushoverWindowTest, NoSelectedStepLeavesTheWindowHalfDisabled) {
 }
 
 TEST_F(PushoverWindowTest, TheManualRouteTakesTheTypedPoint) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     windows::Form6& f = f6();
     type(f.txtXC2, "2");
     EXPECT_EQ(f.Text11.text(), "");  // one box empty: nothing yet
@@ -149,7 +149,7 @@ TEST_F(PushoverWindowTest, TheManualRouteTakesTheTypedPoint) {
 }
 
 TEST_F(PushoverWindowTest, TheManualRouteWithEmptyBoxesShowsTheFailure) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     press(f6().Command4);
     expect_shown("manual_yield_empty");
 }
@@ -185,7 +185,7 @@ TEST_F(PushoverWindowTest, UnknownHeadingsAndUnstatedUnitsAreAsked) {
 }
 
 TEST_F(PushoverWindowTest, ABadFileOrACancelledQuestionLeavesTheWindowAsItWas) {
-    start_listing(write("curve.txt", kSofteningListing));
+    start_listing(write("curve.txt", slurp(kSofteningCurve)));
     ASSERT_EQ(f6().Fg.rows(), 7);
     const std::string bad = write("bad.csv", "Step,Displacement,Base Force\n0,0,0\n1,x,5\n");
     start_listing(bad);
