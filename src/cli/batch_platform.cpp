@@ -12,13 +12,7 @@ forms::MsgResult BatchPlatform::message_box(const std::string& text, forms::MsgB
                                             const std::string& title, forms::MsgIcon icon) {
     err_ << title << ": " << text << '\n';
     if (icon == forms::MsgIcon::Critical) failed = true;
-    switch (buttons) {
-        case forms::MsgButtons::YesNo:
-        case forms::MsgButtons::YesNoCancel: return forms::MsgResult::Yes;
-        case forms::MsgButtons::AbortRetryIgnore: return forms::MsgResult::Abort;
-        case forms::MsgButtons::RetryCancel: return forms::MsgResult::Retry;
-        default: return forms::MsgResult::Ok;
-    }
+    return forms::unattended_answer(buttons);
 }
 
 forms::MsgResult BatchPlatform::message_box_detailed(const std::string& text, const std::string& detail,

@@ -17,6 +17,17 @@ enum class MsgButtons { Ok, OkCancel, AbortRetryIgnore, YesNoCancel, YesNo, Retr
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
 enum class MsgResult { Ok, Cancel, Abort, Retry, Ignore, Yes, No };
 
+/// The answer of a run with nobody at the screen (the batch, the tests): the first button.
+inline MsgResult unattended_answer(MsgButtons buttons) {
+    switch (buttons) {
+        case MsgButtons::YesNo:
+        case MsgButtons::YesNoCancel: return MsgResult::Yes;
+        case MsgButtons::AbortRetryIgnore: return MsgResult::Abort;
+        case MsgButtons::RetryCancel: return MsgResult::Retry;
+        default: return MsgResult::Ok;
+    }
+}
+
 struct FileDialogRequest {
     bool save = false;
     std::string filter;     // the old filter text, "Pushover File | *.txt" or "*.txt"

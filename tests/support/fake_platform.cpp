@@ -6,16 +6,6 @@
 
 namespace tv::test {
 
-forms::MsgResult answer_to(forms::MsgButtons buttons) {
-    switch (buttons) {
-        case forms::MsgButtons::YesNo:
-        case forms::MsgButtons::YesNoCancel: return forms::MsgResult::Yes;
-        case forms::MsgButtons::AbortRetryIgnore: return forms::MsgResult::Abort;
-        case forms::MsgButtons::RetryCancel: return forms::MsgResult::Retry;
-        default: return forms::MsgResult::Ok;
-    }
-}
-
 bool FakePlatform::print(const forms::Page& page, const std::string& printer) {
     printed.push_back({page, printer});
     return true;

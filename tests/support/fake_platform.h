@@ -21,9 +21,6 @@ struct Message {
     forms::MsgIcon icon;
 };
 
-/// The answer of a box nobody answered: Yes to a question, Abort or Retry where those are offered.
-forms::MsgResult answer_to(forms::MsgButtons buttons);
-
 /// Dialogs answered from queues, and a record of what was asked, over any platform.
 template <class Base>
 class Answering : public Base {
@@ -47,7 +44,7 @@ public:
     forms::MsgResult message_box(const std::string& text, forms::MsgButtons buttons, const std::string& title,
                                  forms::MsgIcon icon) override {
         messages.push_back({text, buttons, title, icon});
-        return next(message_answers, answer_to(buttons));
+        return next(message_answers, forms::unattended_answer(buttons));
     }
     std::optional<std::string> input_box(const std::string& prompt, const std::string&, const std::string&) override {
         prompts.push_back(prompt);

@@ -62,10 +62,8 @@ Chart::Chart(forms::Form& form, ChartOptions options)
     Line2.color = 0;
     Line3.color = 0;
     Slider1.Change = [this] { slider_changed(); };
-    if (options_.follows_scroll) {
-        HScroll1.Change = [this] { scroll(); };
-        HScroll1.Scroll = [this] { scroll(); };
-    }
+    HScroll1.Change = [this] { scroll(); };
+    HScroll1.Scroll = [this] { scroll(); };
     if (options_.mouse_move)
         picNemodar.MouseMove = [this](int, int, double x, double y) { options_.mouse_move(x, y); };
     else if (options_.value_at)
@@ -147,13 +145,13 @@ void Chart::zoom(int steps, double viewport_x) {
     const double at = (viewport_x - picNemodar.left()) / picNemodar.width();
     const int before = Slider1.value();
     Slider1.set_value(before + steps);
-    if (Slider1.value() == before || !options_.follows_scroll) return;
+    if (Slider1.value() == before) return;
     const double left = viewport_x - at * picNemodar.width();
     HScroll1.set_value(static_cast<int>(std::lround(-left / 100)));
 }
 
 void Chart::pan(double dx) {
-    if (empty() || !options_.follows_scroll || !HScroll1.enabled()) return;
+    if (empty() || !HScroll1.enabled()) return;
     HScroll1.set_value(HScroll1.value() - static_cast<int>(std::lround(dx / 100)));
 }
 

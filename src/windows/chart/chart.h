@@ -71,9 +71,6 @@ struct ChartOptions {
     std::function<void(double x, double y)> mouse_move;
     /// Run after the plot slides, for strips the window draws over the chart's.
     std::function<void()> scrolled;
-    /// False: the scroll bar moves on its own and the plot stays.
-    bool follows_scroll = true;
-
     /// The axes' titles with their units ("T (s)", "Sa (g)"): on the screen and in the saved data.
     std::string x_title;
     std::string y_title;

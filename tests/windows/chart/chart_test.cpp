@@ -142,16 +142,6 @@ TEST_F(ChartTest, SliderWidensThePlotAndScrollSlidesItAndTheLabelsButKeepsTheCur
     EXPECT_EQ(w.chart.picNemodar.width(), 9165);
     // "X Axis Scale :1X", the scroll bar off, to 0.
     expect_state(dump(w), "chart_slider_1");
-
-    // A bar may move alone.
-    ChartOptions still = record_options();
-    still.follows_scroll = false;
-    RecordWindow f(program, still);
-    f.curMaxX = 1.5;
-    f.record = wave(3500);
-    f.chart.Slider1.set_value(4);
-    f.chart.HScroll1.user_scroll(50);
-    EXPECT_EQ(f.chart.picNemodar.left(), 0);
 }
 
 TEST_F(ChartTest, AllZeroRecordsAndASingleSample) {
