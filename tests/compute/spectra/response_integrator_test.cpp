@@ -272,7 +272,7 @@ TEST(ResponseIntegrator, ArraysResizedBetweenPeriodsAreReadWhereTheyNowLie) {
 // The lanes give each period the peak of its own oscillator, for any count of periods, for a
 // record of two samples (one step) and of one.
 TEST(PeakDisplacements, EachPeriodAsItsOwnOscillator) {
-    for (const std::vector<double> a : {std::vector<double>{0.1, -0.3, 0.25, 0.05, -0.2, 0.15}, {0.0, 0.4}}) {
+    for (const std::vector<double>& a : {std::vector<double>{0.1, -0.3, 0.25, 0.05, -0.2, 0.15}, {0.0, 0.4}}) {
         std::vector<double> periods(16), peaks(16, -1.0);
         for (int j = 1; j <= 16; ++j) periods[j - 1] = 0.05 * j;
         // Eleven periods: the second pass of the lanes is partly empty, and the rest stays.
