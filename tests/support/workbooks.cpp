@@ -180,9 +180,13 @@ std::string workbook_stream(const std::vector<XlsEntry>& cells) {
         if (auto d = std::get_if<double>(&c.value)) {
             put_double(body, *d);
             record(sheet, 0x0203, body);
-        } else {
-            put32(body, index[std::get<std::string>(c.value)]);
+        } else if (auto s = std::get_if<std::string>(&c.value)) {
+            put32(body, index[*s]);
             record(sheet, 0x00FD, body);
+        } else {
+            body += static_cast<char>(std::get<bool>(c.value) ? 1 : 0);
+            body += static_cast<char>(0);
+            record(sheet, 0x0205, body);
         }
     }
     record(sheet, 0x000A, "");

@@ -18,8 +18,9 @@ void write_zip(const std::string& path, const std::vector<std::pair<std::string,
 std::vector<std::pair<std::string, std::string>> xlsx_parts(const std::string& sheet_data,
                                                             const std::vector<std::string>& shared = {});
 
-/// A cell of the .xls fixture: a number or a text (written to the shared-string table).
-using XlsCell = std::variant<double, std::string>;
+/// A cell of the .xls fixture: a number, a text (written to the shared-string table) or a
+/// boolean.
+using XlsCell = std::variant<double, std::string, bool>;
 struct XlsEntry {
     int row;     // from 0
     int column;  // from 0
