@@ -122,12 +122,10 @@ TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod)
     s.expect_table("ten_demand_rows");
 }
 
-TEST(StepTable, HeadingsAndTheCellsOfTheRowsAsCut) {
+TEST(StepTable, LayoutOfTheRowsAsCut) {
     TextTable Fg = capacity_table({" 0 0.40 5 0 0 0 0 0 1.3", " 1 0.42 5 10.5 0.25 11 0.24 0.9 1.3"});
+    // The headings and the cells as cut (leading blank kept) are in the capacity_* window states.
     EXPECT_EQ(Fg.rows(), 3);
-    EXPECT_EQ(Fg.row_texts(0), (std::vector<std::string>{"Step", "Teff", "Betaeff", "Sd_C", "Sa_C", "Sd_d",
-                                                          "Sa_d", "ALPHA", "Pf_fi"}));
-    EXPECT_EQ(Fg.text(2, 3), " 10.5");
     EXPECT_EQ(Fg.col_width(0), 500);
     EXPECT_EQ(Fg.col_alignment(8), kLeftCentre);
 
@@ -313,16 +311,13 @@ TEST_F(GridTableTest, ATableWithoutWidthsLeavesTheGridsAndRedrawComesBack) {
 }
 
 TEST_F(GridTableTest, AFailureInsideCopiesWhatTheTableHoldsBackAndGoesOn) {
-    int caught = 0;
-    try {
-        with_table(grid, [](windows::TextTable& t) {
-            t.set_text(1, 1, "written before the failure");
-            t.text(9, 0);  // beyond the table
-        });
-    } catch (const text::RuntimeError& e) {
-        caught = e.number();
-    }
-    EXPECT_EQ(caught, text::kSubscript);
+    EXPECT_EQ(error_of([&] {
+                  with_table(grid, [](windows::TextTable& t) {
+                      t.set_text(1, 1, "written before the failure");
+                      t.text(9, 0);  // beyond the table
+                  });
+              }),
+              text::kSubscript);
     EXPECT_EQ(grid.text(1, 1), "written before the failure");
     EXPECT_EQ(with_table(grid, [](windows::TextTable& t) { return t.rows(); }), 3);
 }

@@ -149,12 +149,5 @@ TEST_F(RecordWindowTest, AnAllZeroComponentStopsThePlotWithARunTimeError) {
     EXPECT_EQ(state().accelY1(3), 0.3);  // the arrays were filled before the plot failed
 }
 
-TEST_F(RecordWindowTest, ClosingTheWindowEndsTheProject) {
-    open_simple();
-    program.run([&] { program.unload<windows::Form1>(); });
-    EXPECT_EQ(state().recordCount, 0);
-    EXPECT_EQ(state().componentLetter, "X");
-}
-
 }  // namespace
 }  // namespace tv::test
