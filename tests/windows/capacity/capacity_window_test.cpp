@@ -170,10 +170,8 @@ TEST_F(CapacityTest, TheRightButtonOnTheTableShowsTheFileMenu) {
     run([&] { f.Fg3.MouseUp(1, 0, 10, 10); });
     EXPECT_TRUE(popped.empty());
     run([&] { f.Fg3.MouseUp(2, 0, 10, 10); });
+    // Its captions, and the menu hidden on the window, are in the capacity_* window states.
     EXPECT_EQ(popped, std::vector<std::string>{"menu_file"});
-    EXPECT_EQ(f.menu_file.caption(), "File");
-    EXPECT_EQ(f.copy.caption(), "Copy to Clipboard");
-    EXPECT_FALSE(f.menu_file.visible());
 }
 
 }  // namespace

@@ -140,17 +140,6 @@ TEST(StepTable, LayoutOfTheRowsAsCut) {
     EXPECT_EQ(narrow.row_texts(1), (std::vector<std::string>{"", "", "kept", "", "", "", "", "", ""}));
 }
 
-// A spectrum on 0.02 .. 0.1 s as the wizard's Show Diagram stores it.
-struct SmallSpectrum {
-    text::DoubleArray aux{5}, sa{5};
-    SmallSpectrum() {
-        for (long j = 1; j <= 5; ++j) {
-            aux(j) = 0.02 * static_cast<double>(j);
-            sa(j) = 0.3 + 0.2 * static_cast<double>(j);
-        }
-    }
-};
-
 TextTable capacity_teff(const std::vector<std::string>& teff) {
     TextTable Fg(static_cast<int>(teff.size()) + 1, 9);
     for (std::size_t i = 0; i < teff.size(); ++i) {
@@ -161,16 +150,20 @@ TextTable capacity_teff(const std::vector<std::string>& teff) {
 }
 
 TEST(CalculareSa, ZeroStepAndACurveLongerThanTheTable) {
-    SmallSpectrum s;
-    text::DoubleArray saAtStep;
+    // A spectrum on 0.02 .. 0.1 s as the wizard's Show Diagram stores it.
+    text::DoubleArray aux(5), sa(5), saAtStep;
+    for (long j = 1; j <= 5; ++j) {
+        aux(j) = 0.02 * static_cast<double>(j);
+        sa(j) = 0.3 + 0.2 * static_cast<double>(j);
+    }
     TextTable FG2(3, 4);
     FG2.set_text(1, 1, "x");
-    EXPECT_EQ(calculare_sa(FG2, saAtStep, capacity_teff({" 0.03"}), s.aux, s.sa, 0.1, 0.0),
+    EXPECT_EQ(calculare_sa(FG2, saAtStep, capacity_teff({" 0.03"}), aux, sa, 0.1, 0.0),
               SaTableOutcome::zero_step);
     EXPECT_EQ(FG2.text(1, 1), "");
     // Six capacity rows against L = 5.
     TextTable Fg = capacity_teff({" 0.03", " 0.03", " 0.03", " 0.03", " 0.03", " 0.03"});
-    EXPECT_EQ(error_of([&] { calculare_sa(FG2, saAtStep, Fg, s.aux, s.sa, 0.1, 0.02); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { calculare_sa(FG2, saAtStep, Fg, aux, sa, 0.1, 0.02); }), text::kSubscript);
     // What was written before the failure stays.
     EXPECT_EQ(FG2.text(5, 1), "0.6");
 }
