@@ -177,10 +177,8 @@ TEST_F(PushoverWindowTest, UnknownHeadingsAndUnstatedUnitsAreAsked) {
     ASSERT_EQ(platform.choices.size(), 4u);
     EXPECT_EQ(platform.choices[0], (std::vector<std::string>{"1  \"a\"", "2  \"b\"", "3  \"c\""}));
     EXPECT_EQ(platform.choices[2], (std::vector<std::string>{"cm (as the numbers stand)", "mm", "m", "in", "ft"}));
-    ASSERT_EQ(f6().Fg.rows(), 4);
-    EXPECT_EQ(f6().Fg.text(3, 1), "1.5");
-    EXPECT_EQ(f6().Fg.text(3, 2), "150");
-    EXPECT_EQ(f6().lblConversion.caption(), "units: mm → cm (× 0.1), kgf (as it stands)");
+    // Three rows, 15 mm read as 1.5 cm beside 150 kgf, and the conversion told.
+    expect_state(dump(f6(), {"Fg", "lblConversion"}), "pushover_asked_mm");
 }
 
 TEST_F(PushoverWindowTest, ABadFileOrACancelledQuestionLeavesTheWindowAsItWas) {
@@ -192,10 +190,9 @@ TEST_F(PushoverWindowTest, ABadFileOrACancelledQuestionLeavesTheWindowAsItWas) {
     EXPECT_EQ(platform.messages[0].text, bad + ", row 3: expected a number in column 2 (\"Displacement\"), found \"x\"");
     start_listing(write("abc.txt", "a b c\n0 0 5\n1 10 6\n"));  // the column question is cancelled
     EXPECT_EQ(platform.choices.size(), 1u);
-    EXPECT_EQ(f6().Fg.rows(), 7);
-    EXPECT_EQ(f6().Fg.text(6, 1), " 8");
     EXPECT_EQ(f6().selectedStep, 5);
-    EXPECT_EQ(f6().lblConversion.caption(), "");
+    // The first curve's rows, no conversion told.
+    expect_state(dump(f6(), {"Fg", "lblConversion"}), "pushover_kept");
 }
 
 }  // namespace
