@@ -1,7 +1,6 @@
 // Form9: the capacity file or a pushover curve, the unit, the pages of the wizard, the demand
 // spectrum and Sa; the last page: the sweep through the window, the results and the clipboard.
 #include "capacity_fixture.h"
-#include "text/number_text.h"
 #include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/text_table.h"
 #include "windows/road_reports.h"
@@ -115,9 +114,8 @@ TEST_F(CapacityTest, TheModalNumbersComeFromPastedStoreys) {
     run([&] { d.txtStoreys.set_text("1239.562\t0.00006\r\n961.554\t0.61821\r\n\r\n687.12\t1\r\n"); });
     press(d.cmdModal);
     EXPECT_TRUE(platform.messages.empty());
+    // alpha1 and PF phi of these storeys are the curve_import table's first_mode rows.
     EXPECT_EQ(d.txtW.text(), "2888.236");
-    EXPECT_NEAR(text::val(d.txtAlpha1.text()), 0.539, 0.0005);
-    EXPECT_NEAR(text::val(d.txtPfPhi.text()), 1.215, 0.0005);
     run([&] { d.txtStoreys.set_text("100 1\n100 one\n"); });
     press(d.cmdModal);
     ASSERT_EQ(platform.messages.size(), 1u);
@@ -172,10 +170,8 @@ TEST_F(CapacityTest, TheRightButtonOnTheTableShowsTheFileMenu) {
     run([&] { f.Fg3.MouseUp(1, 0, 10, 10); });
     EXPECT_TRUE(popped.empty());
     run([&] { f.Fg3.MouseUp(2, 0, 10, 10); });
+    // Its captions, and the menu hidden on the window, are in the capacity_* window states.
     EXPECT_EQ(popped, std::vector<std::string>{"menu_file"});
-    EXPECT_EQ(f.menu_file.caption(), "File");
-    EXPECT_EQ(f.copy.caption(), "Copy to Clipboard");
-    EXPECT_FALSE(f.menu_file.visible());
 }
 
 }  // namespace

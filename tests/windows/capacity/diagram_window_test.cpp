@@ -19,12 +19,8 @@ protected:
         EXPECT_TRUE(program.is_loaded<windows::Form10>());
         return program.form<windows::Form10>();
     }
-};
-
-// The hand curve with its displacements a hundred times larger, read in mm, swept on the code
-// spectrum, and the diagram shown.
-class DiagramAxesTest : public DiagramTest {
-protected:
+    /// The hand curve with its displacements a hundred times larger, read in mm, swept on the
+    /// code spectrum, and the diagram shown.
     windows::Form10& diagram_in_mm() {
         run([&] { form9().Combo1.set_list_index(0); });
         const std::string curve = slurp(std::string(TV_SOURCE_DIR) + "/tests/golden/inputs/hand_curve_mm.txt");
@@ -37,13 +33,13 @@ protected:
 // Sd to 600 mm: the plot runs to 900; the 800-twip step is 78.6, so a label by "0.00" each 100,
 // centred on its value's place (whole beside it at the strip's ends), 200 twips or more between
 // the texts; a tick each 20 mm, 150 twips or more apart.
-TEST_F(DiagramAxesTest, TheAbscissaHasRoundLabelsOfHundredthsInMillimetres) {
+TEST_F(DiagramTest, TheAbscissaHasRoundLabelsOfHundredthsInMillimetres) {
     windows::Form10& d = diagram_in_mm();
     EXPECT_DOUBLE_EQ(d.chart.picNemodar.scale_width(), 900);
     expect_state(dump(d.chart.PicxSxale), "diagram_abscissa_mm");
 }
 
-TEST_F(DiagramAxesTest, ThePrintedPageCarriesTheReadableStrips) {
+TEST_F(DiagramTest, ThePrintedPageCarriesTheReadableStrips) {
     platform.printer_names = {"Office"};
     windows::Form10& d = diagram_in_mm();
     press(d.Command2);

@@ -122,12 +122,10 @@ TEST(SweepTable, TheDemandPassWritesZerosAsZeroAndStopsAfterTheFirstEmptyPeriod)
     s.expect_table("ten_demand_rows");
 }
 
-TEST(StepTable, HeadingsAndTheCellsOfTheRowsAsCut) {
+TEST(StepTable, LayoutOfTheRowsAsCut) {
     TextTable Fg = capacity_table({" 0 0.40 5 0 0 0 0 0 1.3", " 1 0.42 5 10.5 0.25 11 0.24 0.9 1.3"});
+    // The headings and the cells as cut (leading blank kept) are in the capacity_* window states.
     EXPECT_EQ(Fg.rows(), 3);
-    EXPECT_EQ(Fg.row_texts(0), (std::vector<std::string>{"Step", "Teff", "Betaeff", "Sd_C", "Sa_C", "Sd_d",
-                                                          "Sa_d", "ALPHA", "Pf_fi"}));
-    EXPECT_EQ(Fg.text(2, 3), " 10.5");
     EXPECT_EQ(Fg.col_width(0), 500);
     EXPECT_EQ(Fg.col_alignment(8), kLeftCentre);
 
@@ -142,17 +140,6 @@ TEST(StepTable, HeadingsAndTheCellsOfTheRowsAsCut) {
     EXPECT_EQ(narrow.row_texts(1), (std::vector<std::string>{"", "", "kept", "", "", "", "", "", ""}));
 }
 
-// A spectrum on 0.02 .. 0.1 s as the wizard's Show Diagram stores it.
-struct SmallSpectrum {
-    text::DoubleArray aux{5}, sa{5};
-    SmallSpectrum() {
-        for (long j = 1; j <= 5; ++j) {
-            aux(j) = 0.02 * static_cast<double>(j);
-            sa(j) = 0.3 + 0.2 * static_cast<double>(j);
-        }
-    }
-};
-
 TextTable capacity_teff(const std::vector<std::string>& teff) {
     TextTable Fg(static_cast<int>(teff.size()) + 1, 9);
     for (std::size_t i = 0; i < teff.size(); ++i) {
@@ -163,16 +150,20 @@ TextTable capacity_teff(const std::vector<std::string>& teff) {
 }
 
 TEST(CalculareSa, ZeroStepAndACurveLongerThanTheTable) {
-    SmallSpectrum s;
-    text::DoubleArray saAtStep;
+    // A spectrum on 0.02 .. 0.1 s as the wizard's Show Diagram stores it.
+    text::DoubleArray aux(5), sa(5), saAtStep;
+    for (long j = 1; j <= 5; ++j) {
+        aux(j) = 0.02 * static_cast<double>(j);
+        sa(j) = 0.3 + 0.2 * static_cast<double>(j);
+    }
     TextTable FG2(3, 4);
     FG2.set_text(1, 1, "x");
-    EXPECT_EQ(calculare_sa(FG2, saAtStep, capacity_teff({" 0.03"}), s.aux, s.sa, 0.1, 0.0),
+    EXPECT_EQ(calculare_sa(FG2, saAtStep, capacity_teff({" 0.03"}), aux, sa, 0.1, 0.0),
               SaTableOutcome::zero_step);
     EXPECT_EQ(FG2.text(1, 1), "");
     // Six capacity rows against L = 5.
     TextTable Fg = capacity_teff({" 0.03", " 0.03", " 0.03", " 0.03", " 0.03", " 0.03"});
-    EXPECT_EQ(error_of([&] { calculare_sa(FG2, saAtStep, Fg, s.aux, s.sa, 0.1, 0.02); }), text::kSubscript);
+    EXPECT_EQ(error_of([&] { calculare_sa(FG2, saAtStep, Fg, aux, sa, 0.1, 0.02); }), text::kSubscript);
     // What was written before the failure stays.
     EXPECT_EQ(FG2.text(5, 1), "0.6");
 }
@@ -313,16 +304,13 @@ TEST_F(GridTableTest, ATableWithoutWidthsLeavesTheGridsAndRedrawComesBack) {
 }
 
 TEST_F(GridTableTest, AFailureInsideCopiesWhatTheTableHoldsBackAndGoesOn) {
-    int caught = 0;
-    try {
-        with_table(grid, [](windows::TextTable& t) {
-            t.set_text(1, 1, "written before the failure");
-            t.text(9, 0);  // beyond the table
-        });
-    } catch (const text::RuntimeError& e) {
-        caught = e.number();
-    }
-    EXPECT_EQ(caught, text::kSubscript);
+    EXPECT_EQ(error_of([&] {
+                  with_table(grid, [](windows::TextTable& t) {
+                      t.set_text(1, 1, "written before the failure");
+                      t.text(9, 0);  // beyond the table
+                  });
+              }),
+              text::kSubscript);
     EXPECT_EQ(grid.text(1, 1), "written before the failure");
     EXPECT_EQ(with_table(grid, [](windows::TextTable& t) { return t.rows(); }), 3);
 }

@@ -67,14 +67,6 @@ TEST_F(MeasuresWindowTest, ADragPastTheEndStopsWithTheRecordsLastSecondShown) {
     EXPECT_EQ(m.time_view_from(), 0.5);
 }
 
-TEST_F(MeasuresWindowTest, ARecordOfOneSampleGivesAMessage) {
-    open_texts("head\n0.1\n", "head\n0.2\n");
-    windows::MeasuresWindow& m = open_measures();
-    ASSERT_TRUE(platform.runtime_errors.empty());
-    EXPECT_NE(m.Message.caption().find("X: "), std::string::npos);
-    EXPECT_EQ(m.MeasureTable.text(1, 2), "");
-}
-
 TEST_F(MeasuresWindowTest, BeforeTheDiagramIsShownTheWindowStaysShut) {
     open_record();
     press(form1().cmdMeasures);

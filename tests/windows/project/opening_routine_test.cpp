@@ -9,8 +9,6 @@ TEST_F(ProjectTest, CountIsRoundedHalfToEvenAndItsLeadingNumberTaken) {
     open_x("0.1\n0.2\n", "2.5");
     EXPECT_EQ(state().recordCount, 2);
     EXPECT_EQ(state().currentRecord, 1);
-    EXPECT_EQ(platform.prompts,
-              (std::vector<std::string>{"Number of Both Components ?  (Earthquakes)", "Data's First Line ?"}));
 }
 
 TEST_F(ProjectTest, AWordAfterTheCountIsIgnoredAndTheFirstLineIsKeptUnrounded) {

@@ -1,6 +1,7 @@
 // Show Diagram, Next and Back of the record window.
 #include "project_fixture.h"
 
+#include "support/tables.h"
 #include "windows/spectra/design_spectrum_window.h"
 
 namespace tv::test {
@@ -49,32 +50,19 @@ TEST_F(RecordWindowTest, AChangedPeakRescalesBothComponents) {
     expect_shown(f, "record_peak_changed");
 }
 
-// Show Diagram with a peak typed into xvalue (or none) and a first line: the peaks shown, X's
-// scaled third line, and whether the scaling ran.
 TEST_F(RecordWindowTest, ATypedPeakGoesToItsComponentUnlessItIsAComponentsOwn) {
-    const struct {
-        const char *x, *y, *first, *peak, *shown;
-        bool scaled;
-    } cases[] = {
-        // in this order, so that no earlier case has filled the arrays of the scaling:
-        // no scaling, the peaks kept; equal peaks, to X; one, for the larger Y; the smaller: unchanged
-        {"0.1\n-0.4\n0.2\n", "0.3\n0.1\n-0.2\n", "0", nullptr, "0.4 0.3 -0.4", false},
-        {"0.1\n-0.4\n0.2\n", "0.4\n0.1\n-0.2\n", "0", "0.8", "0.8 0.4 -0.4", false},
-        {"0.2\n-0.1\n", "0.5\n0.1\n", "2", "1", "0.4 1 -0.2", true},
-        {"0.1\n-0.4\n0.2\n", "0.3\n0.1\n-0.2\n", "2", "0.3", "0.3 0.3 -0.4", true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.shown);
-        open_texts(std::string("head\n") + c.x, std::string("head\n") + c.y);
-        windows::Form1& f = form1();
-        program.run([&] { f.Xfline.set_text(c.first); });
-        if (c.peak != nullptr) program.run([&] { f.xvalue.set_text(c.peak); });
-        press(f.Command2);
-        EXPECT_EQ(f.Text1.text() + " " + f.Text2.text() + " " + f.Grid1.text(3, 1), c.shown);
-        EXPECT_EQ(state().accelX1.allocated(), c.scaled);
-        EXPECT_TRUE(platform.runtime_errors.empty());
-        program.run([&] { program.unload<windows::Form1>(); });
-    }
+    run_table("typed_peak.txt", {{"show", [&](const TableArgs& a) -> TableResult {
+                  open_texts("head\n" + a.at(1), "head\n" + a.at(2));
+                  windows::Form1& f = form1();
+                  program.run([&] { f.Xfline.set_text(a.at(3)); });
+                  if (a.at(4) != "-") program.run([&] { f.xvalue.set_text(a.at(4)); });
+                  press(f.Command2);
+                  EXPECT_TRUE(platform.runtime_errors.empty());
+                  const std::string shown = f.Text1.text() + " " + f.Text2.text() + " " + f.Grid1.text(3, 1);
+                  const bool scaled = state().accelX1.allocated();
+                  program.run([&] { program.unload<windows::Form1>(); });
+                  return shown + (scaled ? " scaled" : " unscaled");
+              }}});
 }
 
 TEST_F(RecordWindowTest, ALastLineBeyondTheFileIsRefusedAndShowDiagramStaysDisabled) {
@@ -147,13 +135,6 @@ TEST_F(RecordWindowTest, AnAllZeroComponentStopsThePlotWithARunTimeError) {
     ASSERT_EQ(platform.runtime_errors.size(), 1u);
     EXPECT_EQ(platform.runtime_errors[0].first, 11);
     EXPECT_EQ(state().accelY1(3), 0.3);  // the arrays were filled before the plot failed
-}
-
-TEST_F(RecordWindowTest, ClosingTheWindowEndsTheProject) {
-    open_simple();
-    program.run([&] { program.unload<windows::Form1>(); });
-    EXPECT_EQ(state().recordCount, 0);
-    EXPECT_EQ(state().componentLetter, "X");
 }
 
 }  // namespace

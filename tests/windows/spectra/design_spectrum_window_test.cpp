@@ -61,12 +61,5 @@ TEST_F(SpectraTest, NextPublishesThePeriodGridAndOpensForm3) {
     EXPECT_TRUE(form3().visible());
 }
 
-TEST_F(SpectraTest, BackClosesForm2AndForm3WithIt) {
-    to_response();
-    program.run([&] { program.unload<windows::Form2>(); });
-    EXPECT_FALSE(program.is_loaded<windows::Form3>());
-    EXPECT_TRUE(program.is_loaded<windows::Form1>());
-}
-
 }  // namespace
 }  // namespace tv::test

@@ -60,6 +60,7 @@ TEST_F(SpectraEdgeTest, ClosingForm2AsksARefusingForm4Again) {
     EXPECT_FALSE(program.is_loaded<windows::Form2>());
     EXPECT_FALSE(program.is_loaded<windows::Form3>());
     EXPECT_FALSE(program.is_loaded<windows::Form4>());
+    EXPECT_TRUE(program.is_loaded<windows::Form1>());
 }
 
 TEST_F(SpectraEdgeTest, ClosingForm1UnloadsEveryLaterWindowUnlessForm4RefusesEveryTime) {
