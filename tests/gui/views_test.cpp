@@ -143,13 +143,9 @@ TEST_F(ViewsTest, AboutShowsTheVersion) {
     EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
 }
 
-// Only record 1's tables show at first; the record's plot sits in its viewport, at the
-// viewport's size, until Show Diagram widens it.
+// The record's plot sits in its viewport, at the viewport's size, until Show Diagram widens it.
 TEST_F(ViewsTest, RecordInputAtLoad) {
     open<windows::Form1>();
-    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(find<QTableView>(shown)->isHidden()) << shown;
-    for (const char* hidden : {"Grid3", "grid4", "grid5", "grid6"})
-        EXPECT_TRUE(find<QTableView>(hidden)->isHidden()) << hidden;
     auto* viewport = find<PictureView>("picNemodar1");
     auto* plot = find<PictureView>("picNemodar");
     EXPECT_EQ(plot->parentWidget(), viewport);
@@ -306,24 +302,6 @@ TEST_F(ViewsTest, CapacityDiagramOfTheSample) {
     EXPECT_EQ(child<QLabel>(w, "Label6").text().toStdString(), f10.chart.Label6.caption());
     EXPECT_TRUE(child<QLabel>(w, "Label6").text().endsWith("3X"));
     EXPECT_TRUE(child<QScrollBar>(w, "HScroll1").isEnabled());
-}
-
-// "Calculate SA" by the mouse: From File opens Browse, and unticked gives the soil back (the
-// window's states after each tick are the windows tests').
-TEST_F(ViewsTest, SaWindowFromFileAndCalculate) {
-    windows::Form11& f11 = program.form<windows::Form11>();
-    QWidget& w = open<windows::Form11>();
-    EXPECT_FALSE(child<QPushButton>(w, "Command4").isEnabled());
-    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
-    test::settle();
-    EXPECT_TRUE(child<QPushButton>(w, "Command4").isEnabled());
-    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
-    test::settle();
-    QTest::mouseClick(&child<QRadioButton>(w, "Option3"), Qt::LeftButton);
-    click(w, "Command6");
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(f11.demand.Option3.value());
-    EXPECT_FALSE(f11.demand.Option1.value());
 }
 
 // The coefficient method's views: the worked curve is fitted and handed on through the widgets.
