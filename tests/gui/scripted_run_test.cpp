@@ -337,6 +337,9 @@ TEST_F(ScriptedRun, AboutWaitsUntilItIsClosed) {
         ASSERT_NE(v, nullptr);
         EXPECT_TRUE(v->isWindow());
         EXPECT_EQ(v->windowTitle(), "About");
+        auto* version = v->findChild<QLabel*>("lblVersion");
+        ASSERT_NE(version, nullptr);
+        EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
         EXPECT_TRUE(v->isModal());
         test::save_shot(*v, "run_about");
         seen = true;

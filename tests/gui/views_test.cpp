@@ -30,7 +30,6 @@
 #include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
 #include "gui_fixture.h"
-#include "support/files.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/diagram_window.h"
@@ -78,11 +77,9 @@ TEST_F(ViewsTest, MainFrame) {
     ASSERT_NE(main, nullptr);
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
     const QList<QAction*> top = main->menuBar()->actions();
-    ASSERT_EQ(top.size(), 4);
-    EXPECT_EQ(top[0]->text(), "&Project");
-    EXPECT_EQ(top[1]->text(), "&Report");
-    EXPECT_EQ(top[2]->text(), "&Window");
-    EXPECT_EQ(top[3]->text(), "&About");
+    QStringList titles;
+    for (QAction* a : top) titles << a->text();
+    ASSERT_EQ(titles, QStringList({"&Project", "&Report", "&Window", "&About"}));
     // Without results no report can be made.
     QStringList reports;
     for (QAction* a : top[1]->menu()->actions()) reports << a->text() + (a->isEnabled() ? "" : " (off)");
@@ -134,13 +131,6 @@ TEST_F(ViewsTest, EveryWindowIsBoundFitsAndAnswersAlt) {
     each.operator()<frmMain, xhelp, Form1, Form14, Form2, Form3, Form4, Form12, Form13,
                     MeasuresWindow, Form6, Form7, Form8, NspWindow, Form9, Form10, Form11,
                     frmCurveCapacity>();
-}
-
-TEST_F(ViewsTest, AboutShowsTheVersion) {
-    open<windows::xhelp>();
-    auto* version = find<QLabel>("lblVersion");
-    ASSERT_NE(version, nullptr);
-    EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
 }
 
 // The record's plot sits in its viewport, at the viewport's size, until Show Diagram widens it.
