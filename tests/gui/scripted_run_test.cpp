@@ -391,9 +391,8 @@ TEST_F(ScriptedRun, TheMeasuresChartsGrowAndSaveWhatTheyDraw) {
 }
 
 TEST_F(ScriptedRun, ThePushoverDiagramZoomsAndTheProceduresDiagramGrows) {
-    const std::string curve = test::kSofteningCurve;
     auto& f6 = program.form<windows::Form6>();
-    program.run([&] { f6.show(), f6.Text1.set_text(curve); });
+    program.run([&] { f6.show(), f6.Text1.set_text(test::kSofteningCurve); });
     click(f6, "Command2");
     click(f6, "Command3");
     auto* plot = in<PictureView>(f6, "picDiagram");

@@ -184,7 +184,6 @@ TEST_F(ViewsTest, ResponseSpectrumBusyPanel) {
 
 TEST_F(ViewsTest, ComparisonPersianCaptionAndColours) {
     auto& w = open<windows::Form4>();
-    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.17");
 
     // The Persian caption reads right to left, its box at its right end, and every letter has a
     // glyph to show.
