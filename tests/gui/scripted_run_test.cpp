@@ -275,8 +275,9 @@ TEST_F(ScriptedRun, TheGuidesPicturesAtALaptopsSize) {
     test::save_shot(*frame, "guide_capacity");
     EXPECT_TRUE(platform.runtime_errors.empty());
     QMdiArea* area = platform.mdi_area();
+    const QRect room = area->viewport()->rect();
     for (const QMdiSubWindow* window : area->subWindowList()) {
-        EXPECT_TRUE(area->viewport()->rect().contains(window->geometry())) << window->windowTitle().toStdString();
+        EXPECT_TRUE(room.contains(window->geometry())) << window->windowTitle().toStdString();
     }
 
     // The record window is in the Window menu once; choosing it brings it to the front.
