@@ -135,13 +135,6 @@ protected:
     bind::Binder* binder;
 };
 
-TEST_F(BinderTest, EveryControlFindsItsWidget) {
-    EXPECT_TRUE(binder->unbound().empty());
-    EXPECT_EQ(binder->target(form.Text1), text);
-    EXPECT_EQ(binder->target(form.mnuGo), action);
-    EXPECT_EQ(bind::binder_of(option1), binder);
-}
-
 TEST_F(BinderTest, WidgetsStartWithTheModelsState) {
     EXPECT_EQ(text->text(), "0.005");
     EXPECT_EQ(label->text(), "X Axis Scale : 1X");

@@ -21,7 +21,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QSlider>
 #include <QTableView>
 #include <QTest>
 #include <QTextLayout>
@@ -30,7 +29,6 @@
 #include "gui/bind/old_units.h"
 #include "gui/bind/picture_view.h"
 #include "gui_fixture.h"
-#include "support/files.h"
 #include "windows/capacity/capacity_window.h"
 #include "windows/capacity/curve_capacity_window.h"
 #include "windows/capacity/diagram_window.h"
@@ -78,11 +76,9 @@ TEST_F(ViewsTest, MainFrame) {
     ASSERT_NE(main, nullptr);
     EXPECT_NE(qobject_cast<QMdiArea*>(main->centralWidget()), nullptr);
     const QList<QAction*> top = main->menuBar()->actions();
-    ASSERT_EQ(top.size(), 4);
-    EXPECT_EQ(top[0]->text(), "&Project");
-    EXPECT_EQ(top[1]->text(), "&Report");
-    EXPECT_EQ(top[2]->text(), "&Window");
-    EXPECT_EQ(top[3]->text(), "&About");
+    QStringList titles;
+    for (QAction* a : top) titles << a->text();
+    ASSERT_EQ(titles, QStringList({"&Project", "&Report", "&Window", "&About"}));
     // Without results no report can be made.
     QStringList reports;
     for (QAction* a : top[1]->menu()->actions()) reports << a->text() + (a->isEnabled() ? "" : " (off)");
@@ -136,20 +132,9 @@ TEST_F(ViewsTest, EveryWindowIsBoundFitsAndAnswersAlt) {
                     frmCurveCapacity>();
 }
 
-TEST_F(ViewsTest, AboutShowsTheVersion) {
-    open<windows::xhelp>();
-    auto* version = find<QLabel>("lblVersion");
-    ASSERT_NE(version, nullptr);
-    EXPECT_TRUE(version->text().startsWith("Version : ")) << version->text().toStdString();
-}
-
-// Only record 1's tables show at first; the record's plot sits in its viewport, at the
-// viewport's size, until Show Diagram widens it.
+// The record's plot sits in its viewport, at the viewport's size, until Show Diagram widens it.
 TEST_F(ViewsTest, RecordInputAtLoad) {
     open<windows::Form1>();
-    for (const char* shown : {"Grid1", "Grid2"}) EXPECT_FALSE(find<QTableView>(shown)->isHidden()) << shown;
-    for (const char* hidden : {"Grid3", "grid4", "grid5", "grid6"})
-        EXPECT_TRUE(find<QTableView>(hidden)->isHidden()) << hidden;
     auto* viewport = find<PictureView>("picNemodar1");
     auto* plot = find<PictureView>("picNemodar");
     EXPECT_EQ(plot->parentWidget(), viewport);
@@ -198,7 +183,6 @@ TEST_F(ViewsTest, ResponseSpectrumBusyPanel) {
 
 TEST_F(ViewsTest, ComparisonPersianCaptionAndColours) {
     auto& w = open<windows::Form4>();
-    EXPECT_EQ(find<QLineEdit>("xbeta")->text(), "1.17");
 
     // The Persian caption reads right to left, its box at its right end, and every letter has a
     // glyph to show.
@@ -288,7 +272,6 @@ TEST_F(ViewsTest, CapacityDiagramOfTheSample) {
     for (const char* button : {"Command2", "Command3", "Command6", "Command7", "Command3", "Command9", "Command3"})
         click(wizard, button);
     ASSERT_TRUE(program.is_loaded<windows::Form10>());
-    windows::Form10& f10 = program.form<windows::Form10>();
     QWidget& w = open<windows::Form10>();
     EXPECT_EQ(child<QComboBox>(w, "xprinter").currentText(), "Office Laser");
     // The pointer over the plot gives the read-out.
@@ -300,30 +283,6 @@ TEST_F(ViewsTest, CapacityDiagramOfTheSample) {
     EXPECT_TRUE(child<QLabel>(w, "Label1").text().startsWith("X: ")) << child<QLabel>(w, "Label1").text().toStdString();
     test::expect_labels_inside_strips(w);
     test::save_shot(w, "Form10");
-    // A wider X scale opens the scroll bar.
-    child<QSlider>(w, "Slider1").setValue(3);
-    test::settle();
-    EXPECT_EQ(child<QLabel>(w, "Label6").text().toStdString(), f10.chart.Label6.caption());
-    EXPECT_TRUE(child<QLabel>(w, "Label6").text().endsWith("3X"));
-    EXPECT_TRUE(child<QScrollBar>(w, "HScroll1").isEnabled());
-}
-
-// "Calculate SA" by the mouse: From File opens Browse, and unticked gives the soil back (the
-// window's states after each tick are the windows tests').
-TEST_F(ViewsTest, SaWindowFromFileAndCalculate) {
-    windows::Form11& f11 = program.form<windows::Form11>();
-    QWidget& w = open<windows::Form11>();
-    EXPECT_FALSE(child<QPushButton>(w, "Command4").isEnabled());
-    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
-    test::settle();
-    EXPECT_TRUE(child<QPushButton>(w, "Command4").isEnabled());
-    QTest::mouseClick(&child<QCheckBox>(w, "Check1"), Qt::LeftButton);
-    test::settle();
-    QTest::mouseClick(&child<QRadioButton>(w, "Option3"), Qt::LeftButton);
-    click(w, "Command6");
-    EXPECT_TRUE(platform.runtime_errors.empty());
-    EXPECT_TRUE(f11.demand.Option3.value());
-    EXPECT_FALSE(f11.demand.Option1.value());
 }
 
 // The coefficient method's views: the worked curve is fitted and handed on through the widgets.
