@@ -97,8 +97,11 @@ TEST_P(GoldenTest, OutputAndExportsMatch) {
     std::set<std::string> exports = files_under(expected);
     for (const char* own : {"status", "stdout", "stderr"}) exports.erase(own);
     EXPECT_EQ(written, exports) << "the files the run wrote";
-    for (const auto& name : exports)
-        if (written.count(name)) EXPECT_TRUE(slurp(out / name) == slurp(expected / name)) << name << " differs";
+    for (const auto& name : exports) {
+        if (written.count(name)) {
+            EXPECT_TRUE(slurp(out / name) == slurp(expected / name)) << name << " differs";
+        }
+    }
     fs::remove_all(out);
 }
 
