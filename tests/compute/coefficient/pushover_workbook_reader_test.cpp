@@ -37,15 +37,8 @@ TEST(ReadPushoverXlsx, EverySheetGivesItsTable) {
     // An .xls of the cells "row:column:number" or "row:column:'text" read by the workbook entry
     // (xls) or by the .xls reader itself (xls_own).
     auto read_xls = [&](const test::TableArgs& a) -> test::TableResult {
-        std::vector<test::XlsEntry> cells;
-        for (std::size_t k = 1; k < a.size(); ++k) {
-            const std::size_t c1 = a[k].find(':'), c2 = a[k].find(':', c1 + 1);
-            const std::string v = a[k].substr(c2 + 1);
-            const test::XlsCell cell = v[0] == '\'' ? test::XlsCell(v.substr(1)) : test::XlsCell(test::number(v));
-            cells.push_back({std::stoi(a[k]), std::stoi(a[k].substr(c1 + 1)), cell});
-        }
         const std::string path = dir.file("book.xls");
-        test::spill(path, test::xls_bytes(cells));
+        test::spill(path, test::xls_bytes(test::xls_cells({a.begin() + 1, a.end()})));
         return test_dump::dumped(a.at(0) == "xls" ? read_pushover_workbook(path) : read_pushover_xls(path));
     };
     test::run_table("pushover_workbook.txt",
