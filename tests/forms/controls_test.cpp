@@ -173,14 +173,6 @@ public:
     Grid& Fg = grid("Fg", 3, 2);
 };
 
-class GridTest : public ::testing::Test {
-protected:
-    test::FakePlatform platform;
-    App app{platform};
-    TableWindow& w = app.form<TableWindow>();
-    Grid& g = w.Fg;
-};
-
 // Steps on a control, as words: "key:a:b=text" does, "?key:a:b" reads and writes "key:a:b=<value>"
 // into the transcript.
 using Nums = std::vector<double>;
@@ -263,7 +255,10 @@ test::TableResult play_grid(const test::TableArgs& steps) {
 
 TEST(GridSteps, StepsReadAndMoveTheTable) { test::run_table("grid.txt", {{"grid", play_grid}}); }
 
-TEST_F(GridTest, CopiesAsTabSeparatedTextWithItsHeading) {
+TEST(Grid, CopiesAsTabSeparatedTextWithItsHeading) {
+    test::FakePlatform platform;
+    App app{platform};
+    Grid& g = app.form<TableWindow>().Fg;
     g.set_rows(4);
     g.set_cols(3);
     for (int r = 0; r < 4; ++r)
@@ -281,13 +276,15 @@ TEST_F(GridTest, CopiesAsTabSeparatedTextWithItsHeading) {
     EXPECT_EQ(tab_separated(g, {0}), "a0\ta1\ta2\n");
 }
 
-TEST_F(GridTest, TablesOfOneOrNoRowHaveTheirCurrentRowAtZero) {
+TEST(Grid, TablesOfOneOrNoRowHaveTheirCurrentRowAtZero) {
     class Small : public Form {
     public:
         explicit Small(App& a) : Form(a, "Small", "") {}
         Grid& A = grid("A", 1, 3);
         Grid& B = grid("B", 0, 0);
     };
+    test::FakePlatform platform;
+    App app{platform};
     Small& s = app.form<Small>();
     EXPECT_EQ(s.A.row(), 0);
     EXPECT_EQ(s.B.row(), 0);
@@ -304,14 +301,10 @@ public:
     PictureBox& picNemodar = picture("picNemodar", 9165, 3000);
 };
 
-class PictureBoxTest : public ::testing::Test {
-protected:
+TEST(PictureBox, TextMetricsComeInTheUserScale) {
     test::FakePlatform platform;
     App app{platform};
     PictureBox& p = app.form<Chart>().picNemodar;
-};
-
-TEST_F(PictureBoxTest, TextMetricsComeInTheUserScale) {
     const double twips = platform.text_width_twips("12.5", p.font_name, p.font_size);
     EXPECT_DOUBLE_EQ(p.text_width("12.5"), twips);
     p.scale(0, 0, 2 * 9165, 3000);  // two user units a twip across

@@ -3,8 +3,8 @@
 #include <zip.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
-#include <cstring>
 #include <fstream>
 #include <map>
 #include <stdexcept>
@@ -68,33 +68,21 @@ std::vector<std::pair<std::string, std::string>> xlsx_parts(const std::string& s
 
 namespace {
 
-void put16(std::string& s, std::uint16_t v) {
-    s += static_cast<char>(v & 0xFF);
-    s += static_cast<char>(v >> 8);
+// Little-endian fields of 16 and of 32 bits, in order.
+void put16(std::string& s, std::initializer_list<std::uint32_t> values) {
+    for (std::uint32_t v : values) s += {static_cast<char>(v & 0xFF), static_cast<char>(v >> 8 & 0xFF)};
 }
-void put32(std::string& s, std::uint32_t v) {
-    put16(s, static_cast<std::uint16_t>(v & 0xFFFF));
-    put16(s, static_cast<std::uint16_t>(v >> 16));
-}
-void put_double(std::string& s, double d) {
-    std::uint64_t bits;
-    std::memcpy(&bits, &d, sizeof bits);
-    put32(s, static_cast<std::uint32_t>(bits & 0xFFFFFFFF));
-    put32(s, static_cast<std::uint32_t>(bits >> 32));
+void put32(std::string& s, std::initializer_list<std::uint32_t> values) {
+    for (std::uint32_t v : values) put16(s, {v & 0xFFFF, v >> 16});
 }
 void record(std::string& s, std::uint16_t type, const std::string& body) {
-    put16(s, type);
-    put16(s, static_cast<std::uint16_t>(body.size()));
+    put16(s, {type, static_cast<std::uint32_t>(body.size())});
     s += body;
 }
 std::string bof(std::uint16_t kind) {
     std::string b;
-    put16(b, 0x0600);
-    put16(b, kind);
-    put16(b, 0x0DBB);
-    put16(b, 0x07CC);
-    put32(b, 0);
-    put32(b, 0x06);
+    put16(b, {0x0600, kind, 0x0DBB, 0x07CC});
+    put32(b, {0, 0x06});
     return b;
 }
 
@@ -112,107 +100,81 @@ std::string workbook_stream(const std::vector<XlsEntry>& cells) {
     std::string globals;
     record(globals, 0x0809, bof(0x0005));
     std::string cp;
-    put16(cp, 1252);
+    put16(cp, {1252});
     record(globals, 0x0042, cp);
     std::string font;
-    put16(font, 200);     // height in twips / 20
-    put16(font, 0);       // attributes
-    put16(font, 0x7FFF);  // colour
-    put16(font, 400);     // weight
-    put16(font, 0);       // escapement
-    font += std::string(4, '\0');  // underline, family, charset, reserved
-    font += static_cast<char>(5);  // name length
-    font += static_cast<char>(0);  // 8-bit characters
-    font += "Arial";
+    put16(font, {200, 0, 0x7FFF, 400, 0});  // height in twips / 20, attributes, colour, weight, escapement
+    font += std::string(4, '\0');           // underline, family, charset, reserved
+    font += std::string("\x05\x00" "Arial", 7);  // name length, 8-bit characters, name
     for (int i = 0; i < 4; ++i) record(globals, 0x0031, font);  // font 4 does not exist
     for (int i = 0; i < 16; ++i) {
         std::string xf;
-        put16(xf, 0);                                   // font
-        put16(xf, 0);                                   // format: General
-        put16(xf, static_cast<std::uint16_t>(i < 15 ? 0xFFF5 : 0x0001));  // style / cell
-        put16(xf, 0x0020);
-        put32(xf, 0);
-        put32(xf, 0);
-        put16(xf, 0x20C0);
-        put16(xf, 0);
-        put16(xf, 0);
+        put16(xf, {0, 0, i < 15 ? 0xFFF5u : 0x0001u, 0x0020});  // font, format General, style / cell
+        put32(xf, {0, 0});
+        put16(xf, {0x20C0, 0, 0});
         record(globals, 0x00E0, xf);
     }
-    std::size_t boundsheet_at = globals.size();
-    std::string sheet_name = "Sheet1";
+    const std::size_t boundsheet_at = globals.size();
     std::string bs;
-    put32(bs, 0);  // patched below
-    put16(bs, 0);
-    bs += static_cast<char>(sheet_name.size());
-    bs += static_cast<char>(0);
-    bs += sheet_name;
+    put32(bs, {0});  // the sheet's offset, patched below
+    put16(bs, {0});
+    bs += std::string("\x06\x00Sheet1", 8);  // name length, 8-bit characters, name
     record(globals, 0x0085, bs);
     std::string sst;
-    put32(sst, static_cast<std::uint32_t>(strings.size()));
-    put32(sst, static_cast<std::uint32_t>(strings.size()));
+    put32(sst, {static_cast<std::uint32_t>(strings.size()), static_cast<std::uint32_t>(strings.size())});
     for (const auto& s : strings) {
-        put16(sst, static_cast<std::uint16_t>(s.size()));
-        sst += static_cast<char>(0);
-        sst += s;
+        put16(sst, {static_cast<std::uint32_t>(s.size())});
+        sst += '\0' + s;
     }
     record(globals, 0x00FC, sst);
     record(globals, 0x000A, "");
 
     std::string sheet;
     record(sheet, 0x0809, bof(0x0010));
-    int rows = 0, columns = 0;
+    std::uint32_t rows = 0, columns = 0;
     for (const auto& c : cells) {
-        rows = std::max(rows, c.row + 1);
-        columns = std::max(columns, c.column + 1);
+        rows = std::max(rows, static_cast<std::uint32_t>(c.row + 1));
+        columns = std::max(columns, static_cast<std::uint32_t>(c.column + 1));
     }
     std::string dim;
-    put32(dim, 0);
-    put32(dim, static_cast<std::uint32_t>(rows));
-    put16(dim, 0);
-    put16(dim, static_cast<std::uint16_t>(columns));
-    put16(dim, 0);
+    put32(dim, {0, rows});
+    put16(dim, {0, columns, 0});
     record(sheet, 0x0200, dim);
     for (const auto& c : cells) {
         std::string body;
-        put16(body, static_cast<std::uint16_t>(c.row));
-        put16(body, static_cast<std::uint16_t>(c.column));
-        put16(body, 15);  // the first cell format
+        // Row, column, the first cell format.
+        put16(body, {static_cast<std::uint32_t>(c.row), static_cast<std::uint32_t>(c.column), 15});
         if (auto d = std::get_if<double>(&c.value)) {
-            put_double(body, *d);
+            const auto bits = std::bit_cast<std::uint64_t>(*d);
+            put32(body, {static_cast<std::uint32_t>(bits), static_cast<std::uint32_t>(bits >> 32)});
             record(sheet, 0x0203, body);
         } else if (auto s = std::get_if<std::string>(&c.value)) {
-            put32(body, index[*s]);
+            put32(body, {index[*s]});
             record(sheet, 0x00FD, body);
         } else {
-            body += static_cast<char>(std::get<bool>(c.value) ? 1 : 0);
-            body += static_cast<char>(0);
+            put16(body, {std::get<bool>(c.value) ? 1u : 0u});
             record(sheet, 0x0205, body);
         }
     }
     record(sheet, 0x000A, "");
 
-    std::uint32_t sheet_offset = static_cast<std::uint32_t>(globals.size());
-    for (int i = 0; i < 4; ++i) globals[boundsheet_at + 4 + static_cast<std::size_t>(i)] =
-        static_cast<char>((sheet_offset >> (8 * i)) & 0xFF);
+    std::string offset;
+    put32(offset, {static_cast<std::uint32_t>(globals.size())});
+    globals.replace(boundsheet_at + 4, 4, offset);
     return globals + sheet;
 }
 
 void dir_entry(std::string& s, const std::string& name, std::uint8_t type, std::uint32_t child, std::uint32_t start,
                std::uint32_t size) {
     std::string e;
-    for (char c : name) put16(e, static_cast<std::uint8_t>(c));
-    put16(e, 0);
+    for (char c : name) put16(e, {static_cast<std::uint8_t>(c)});
+    put16(e, {0});
     e.resize(64, '\0');
-    put16(e, static_cast<std::uint16_t>(name.empty() ? 0 : (name.size() + 1) * 2));
-    e += static_cast<char>(type);
-    e += static_cast<char>(1);  // black
-    put32(e, 0xFFFFFFFF);       // left sibling
-    put32(e, 0xFFFFFFFF);       // right sibling
-    put32(e, child);
+    put16(e, {static_cast<std::uint32_t>(name.empty() ? 0 : (name.size() + 1) * 2)});
+    e += {static_cast<char>(type), 1};          // black
+    put32(e, {0xFFFFFFFF, 0xFFFFFFFF, child});  // left and right siblings, child
     e += std::string(16 + 4 + 16, '\0');  // class id, state bits, times
-    put32(e, start);
-    put32(e, size);
-    put32(e, 0);
+    put32(e, {start, size, 0});
     s += e;
 }
 
@@ -222,46 +184,44 @@ std::string xls_bytes(const std::vector<XlsEntry>& cells) {
     std::string stream = workbook_stream(cells);
     // Streams under 4096 bytes would live in the mini stream; zero padding after the last EOF
     // keeps this one in ordinary sectors.
-    std::size_t padded = std::max<std::size_t>(4096, (stream.size() + 511) / 512 * 512);
+    const std::size_t padded = std::max<std::size_t>(4096, (stream.size() + 511) / 512 * 512);
     stream.resize(padded, '\0');
-    std::uint32_t size = static_cast<std::uint32_t>(padded);
-    std::uint32_t sectors = static_cast<std::uint32_t>(padded / 512);
+    const auto sectors = static_cast<std::uint32_t>(padded / 512);
     if (sectors + 2 > 128) throw std::runtime_error("fixture too large for one FAT sector");
 
-    std::string header;
-    const unsigned char magic[8] = {0xD0, 0xCF, 0x11, 0xE0, 0xA1, 0xB1, 0x1A, 0xE1};
-    header.append(reinterpret_cast<const char*>(magic), 8);
+    std::string header("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
     header += std::string(16, '\0');
-    put16(header, 0x003E);
-    put16(header, 0x0003);
-    put16(header, 0xFFFE);
-    put16(header, 9);
-    put16(header, 6);
+    put16(header, {0x003E, 0x0003, 0xFFFE, 9, 6});
     header += std::string(6, '\0');
-    put32(header, 0);           // directory sectors (version 3: 0)
-    put32(header, 1);           // FAT sectors
-    put32(header, 1);           // first directory sector
-    put32(header, 0);           // transaction
-    put32(header, 4096);        // mini stream cutoff
-    put32(header, 0xFFFFFFFE);  // no mini FAT
-    put32(header, 0);
-    put32(header, 0xFFFFFFFE);  // no DIFAT sectors
-    put32(header, 0);
-    put32(header, 0);  // the FAT is sector 0
-    for (int i = 1; i < 109; ++i) put32(header, 0xFFFFFFFF);
+    // Directory sectors (version 3: 0), FAT sectors, the first directory sector, transaction, the
+    // mini stream cutoff, no mini FAT, no DIFAT sectors; the FAT is sector 0.
+    put32(header, {0, 1, 1, 0, 4096, 0xFFFFFFFE, 0, 0xFFFFFFFE, 0, 0});
+    for (int i = 1; i < 109; ++i) put32(header, {0xFFFFFFFF});
 
     std::string fat;
-    put32(fat, 0xFFFFFFFD);
-    put32(fat, 0xFFFFFFFE);
-    for (std::uint32_t i = 0; i < sectors; ++i) put32(fat, i + 1 < sectors ? 3 + i : 0xFFFFFFFE);
-    while (fat.size() < 512) put32(fat, 0xFFFFFFFF);
+    put32(fat, {0xFFFFFFFD, 0xFFFFFFFE});
+    for (std::uint32_t i = 0; i < sectors; ++i) put32(fat, {i + 1 < sectors ? 3 + i : 0xFFFFFFFE});
+    while (fat.size() < 512) put32(fat, {0xFFFFFFFF});
 
     std::string dir;
     dir_entry(dir, "Root Entry", 5, 1, 0xFFFFFFFE, 0);
-    dir_entry(dir, "Workbook", 2, 0xFFFFFFFF, 2, size);
+    dir_entry(dir, "Workbook", 2, 0xFFFFFFFF, 2, static_cast<std::uint32_t>(padded));
     dir_entry(dir, "", 0, 0xFFFFFFFF, 0, 0);
     dir_entry(dir, "", 0, 0xFFFFFFFF, 0, 0);
     return header + fat + dir + stream;
+}
+
+std::vector<XlsEntry> xls_cells(const std::vector<std::string>& words) {
+    std::vector<XlsEntry> cells;
+    for (const std::string& w : words) {
+        const std::size_t c1 = w.find(':'), c2 = w.find(':', c1 + 1);
+        const std::string v = w.substr(c2 + 1);
+        std::size_t used = 0;
+        const XlsCell cell = v[0] == '\'' ? XlsCell(v.substr(1)) : XlsCell(std::stod(v, &used));
+        if (v[0] != '\'' && used != v.size()) throw std::invalid_argument("not a number: " + v);
+        cells.push_back({std::stoi(w), std::stoi(w.substr(c1 + 1)), cell});
+    }
+    return cells;
 }
 
 }  // namespace tv::test

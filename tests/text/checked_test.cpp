@@ -23,13 +23,6 @@ TEST(RuntimeErrors, CarryNumberAndDescription) {
     }
 }
 
-TEST(Array, BoundsAreZeroToUpper) {
-    DoubleArray a(3);
-    a(0) = 1;
-    a(3) = 4;
-    EXPECT_EQ(test::listed(a), "1 0 0 4");
-}
-
 TEST(Array, NeverAllocatedOrErasedRaises) {
     DoubleArray a;
     EXPECT_FALSE(a.allocated());

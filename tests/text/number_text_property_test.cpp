@@ -18,15 +18,11 @@
 namespace tv::text {
 namespace {
 
-std::string printf_g15(double x) {
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.15G", x);
-    return buf;
-}
-
-std::string printf_fixed(double x, int decimals) {
+// What printf writes.
+template <class... Values>
+std::string printed(const char* format, Values... values) {
     char buf[400];
-    std::snprintf(buf, sizeof buf, "%.*f", decimals, x);
+    std::snprintf(buf, sizeof buf, format, values...);
     return buf;
 }
 
@@ -58,7 +54,7 @@ double binary_fraction(std::mt19937_64& rng) {
 void check_round_trip(double x) {
     const std::string s = to_text(x);
     if (x != 0) {
-        ASSERT_EQ(s, printf_g15(x)) << std::hexfloat << x;
+        ASSERT_EQ(s, printed("%.15G", x)) << std::hexfloat << x;
     }
     double v = 0;
     try {
@@ -104,7 +100,7 @@ TEST(FormatProperty, FixedDecimalsMatchPrintf) {
     for (int i = 0; i < 100000; ++i) {
         const double x = (i % 2) ? decimal_like(rng) : binary_fraction(rng);
         const int d = decimals(rng);
-        std::string expected = printf_fixed(x, d);
+        std::string expected = printed("%.*f", d, x);
         if (expected.find_first_not_of("-0.") == std::string::npos && expected[0] == '-') expected.erase(0, 1);
         ASSERT_EQ(format_fixed(x, d), expected) << std::hexfloat << x << " " << d;
         const double r = round_to(x, d);

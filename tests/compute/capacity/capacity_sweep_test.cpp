@@ -7,6 +7,7 @@
 #include <sstream>
 #include <vector>
 
+#include "support/errors.h"
 #include "support/tables.h"
 #include "text/runtime_error.h"
 
@@ -88,12 +89,7 @@ TEST(CapacitySweep, AFailingRowKeepsWhatItReached) {
     CapacitySweep sweep(hand(1, 0));
     SweepRow row;
     row.A = 7;
-    try {
-        sweep.row(kHandCurve[0], [] { return 1.0; }, row);
-        FAIL();
-    } catch (const text::RuntimeError& e) {
-        EXPECT_EQ(e.number(), text::kOverflow);
-    }
+    EXPECT_EQ(test::error_of([&] { sweep.row(kHandCurve[0], [] { return 1.0; }, row); }), text::kOverflow);
     EXPECT_TRUE(std::isnan(row.A));
     EXPECT_FALSE(row.tested);
     // A demand whose reduced displacement overflows fails after the damping, before the test.

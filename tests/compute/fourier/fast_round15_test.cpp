@@ -29,17 +29,11 @@ double parse(const std::string& s) {
     return out;
 }
 
-// The reference: the text conversion itself, or NaN where it raises (next to the largest double).
-double by_text(double x) {
+// f(x), or NaN where it raises (the text conversion next to the largest double).
+template <class F>
+double or_nan(F f, double x) {
     try {
-        return text::val(text::to_text(x));
-    } catch (const text::RuntimeError&) {
-        return std::numeric_limits<double>::quiet_NaN();
-    }
-}
-double by_fast(double x) {
-    try {
-        return round15_fast(x);
+        return f(x);
     } catch (const text::RuntimeError&) {
         return std::numeric_limits<double>::quiet_NaN();
     }
@@ -65,8 +59,8 @@ struct Checker {
     void flush() {
         std::vector<double> want(batch.size()), lanes(batch.size());
         for (std::size_t k = 0; k < batch.size(); ++k) {
-            want[k] = by_text(batch[k]);
-            const double got = by_fast(batch[k]);
+            want[k] = or_nan([](double v) { return text::val(text::to_text(v)); }, batch[k]);
+            const double got = or_nan([](double v) { return round15_fast(v); }, batch[k]);
             if (bits(got) != bits(want[k]) && !(std::isnan(got) && std::isnan(want[k])))
                 fail("round15_fast", batch[k], want[k], got);
         }
