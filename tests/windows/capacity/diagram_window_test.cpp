@@ -39,6 +39,16 @@ TEST_F(DiagramTest, TheAbscissaHasRoundLabelsOfHundredthsInMillimetres) {
     expect_state(dump(d.chart.PicxSxale), "diagram_abscissa_mm");
 }
 
+// The slider goes through the diagram's own plot: four times as wide, and the series drawn again.
+TEST_F(DiagramTest, TheSliderWidensTheDiagramAndDrawsItAgain) {
+    windows::Form10& d = to_diagram();
+    const std::size_t drawn = d.chart.picNemodar.ops().size();
+    d.chart.Slider1.set_value(4);
+    EXPECT_EQ(d.chart.picNemodar.width(), 36660);
+    EXPECT_EQ(d.chart.HScroll1.max(), 275);
+    EXPECT_EQ(d.chart.picNemodar.ops().size(), drawn);
+}
+
 TEST_F(DiagramTest, ThePrintedPageCarriesTheReadableStrips) {
     platform.printer_names = {"Office"};
     windows::Form10& d = diagram_in_mm();
