@@ -97,4 +97,15 @@ void run_table(const std::string& name, const TableCalls& calls) {
     }
 }
 
+std::vector<XlsEntry> xls_cells(const std::vector<std::string>& words) {
+    std::vector<XlsEntry> cells;
+    for (const std::string& w : words) {
+        const std::size_t c1 = w.find(':'), c2 = w.find(':', c1 + 1);
+        const std::string v = w.substr(c2 + 1);
+        const XlsCell cell = v[0] == '\'' ? XlsCell(v.substr(1)) : XlsCell(number(v));
+        cells.push_back({std::stoi(w), std::stoi(w.substr(c1 + 1)), cell});
+    }
+    return cells;
+}
+
 }  // namespace tv::test

@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+#include "support/workbooks.h"
+
 namespace tv::test {
 
 struct TableRow {
@@ -38,5 +40,8 @@ std::string shortest(double x);
 
 /// Argument i of a row as a number.
 inline double arg(const TableArgs& a, std::size_t i) { return number(a.at(i)); }
+
+/// The cells of an .xls fixture from words "row:column:number" or "row:column:'text".
+std::vector<XlsEntry> xls_cells(const std::vector<std::string>& words);
 
 }  // namespace tv::test

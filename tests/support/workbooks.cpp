@@ -211,17 +211,4 @@ std::string xls_bytes(const std::vector<XlsEntry>& cells) {
     return header + fat + dir + stream;
 }
 
-std::vector<XlsEntry> xls_cells(const std::vector<std::string>& words) {
-    std::vector<XlsEntry> cells;
-    for (const std::string& w : words) {
-        const std::size_t c1 = w.find(':'), c2 = w.find(':', c1 + 1);
-        const std::string v = w.substr(c2 + 1);
-        std::size_t used = 0;
-        const XlsCell cell = v[0] == '\'' ? XlsCell(v.substr(1)) : XlsCell(std::stod(v, &used));
-        if (v[0] != '\'' && used != v.size()) throw std::invalid_argument("not a number: " + v);
-        cells.push_back({std::stoi(w), std::stoi(w.substr(c1 + 1)), cell});
-    }
-    return cells;
-}
-
 }  // namespace tv::test

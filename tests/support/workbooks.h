@@ -29,7 +29,5 @@ struct XlsEntry {
 
 /// A BIFF8 workbook with one worksheet holding `cells`, in a version 3 compound file.
 std::string xls_bytes(const std::vector<XlsEntry>& cells);
-/// Cells from words "row:column:number" or "row:column:'text", as the tables of cases write them.
-std::vector<XlsEntry> xls_cells(const std::vector<std::string>& words);
 
 }  // namespace tv::test
