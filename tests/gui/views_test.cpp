@@ -86,7 +86,7 @@ TEST_F(ViewsTest, MainFrame) {
                                     "Capacity &Spectrum Report... (off)"}));
     QStringList entries;
     for (QAction* a : top[0]->menu()->actions()) entries << (a->isSeparator() ? QStringLiteral("-") : a->text());
-    EXPECT_EQ(entries, QStringList({"&Open/Add Record", "-", "&Coefficient Method", "-", "Capacity Spectrum &Method", "-",
+    EXPECT_EQ(entries, QStringList({"&Open/Add Record", "-", "&Coefficient Method", "-", "Capacity Spec &Method", "-",
                                     "Open &Project...", "&Save Project", "Save Project &As...",
                                     "Recent Pro&jects", "-", "&Exit"}));
     main->resize(900, 560);

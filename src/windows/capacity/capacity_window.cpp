@@ -57,7 +57,7 @@ void every_second_time_strip(Chart& chart, double dt) {
 }  // namespace
 
 Form9::Form9(forms::App& app)
-    : Window(app, "Form9", "Capacity Spectrum Method", 12500, 9000), chart(*this, demand_chart(*this)) {
+    : Window(app, "Form9", "Capacity Spec Method", 12500, 9000), chart(*this, demand_chart(*this)) {
     Op1.set_value(true);
     for (const char* unit : {"mm", "cm", "m"}) Combo1.add_item(unit);
     // A popup menu: shown over Fg3, never in a menu bar.

@@ -18,7 +18,7 @@ public:
     forms::Menu& sp2 = menu("sp2", "-", &menu_file);
     forms::Menu& PUSHOVER = menu("PUSHOVER", "Coefficient Method", &menu_file);
     forms::Menu& sep = menu("sep", "-", &menu_file);
-    forms::Menu& menu_adrs = menu("menu_adrs", "Capacity Spectrum Method", &menu_file);
+    forms::Menu& menu_adrs = menu("menu_adrs", "Capacity Spec Method", &menu_file);
     forms::Menu& sp6 = menu("sp6", "-", &menu_file);
     forms::Menu& menu_exit = menu("menu_exit", "Exit", &menu_file);
     forms::Menu& menu_report = menu("menu_report", "&Report");

@@ -53,7 +53,7 @@ ChartOptions comparison_chart(Form4& f) {
 
 }  // namespace
 
-Form4::Form4(forms::App& app) : Window(app, "Form4", "Spectrum Comparing", 12000, 7500), chart(*this, comparison_chart(*this)) {
+Form4::Form4(forms::App& app) : Window(app, "Form4", "Spec-Comparing", 12000, 7500), chart(*this, comparison_chart(*this)) {
     Picbar.set_visible(false);
     for (forms::TextBox* t : {&Text1, &Text2, &Text3, &Text4, &Text5, &Text6, &Text7}) t->set_visible(false);
     LineRed.color = 0x0000FF;
